@@ -1,0 +1,55 @@
+// How a host gives its services to the library, and how the library reaches them.
+//
+// Call order: InstallServices once, before the first record or tab; then each thread makes every service at
+// its first use, from a provider of its own.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "records/services/caddis.h"
+#include "records/services/code_tables.h"
+#include "records/services/lintel.h"
+
+namespace NolSchedCtls {
+
+// Makes the services of one thread. Those with a body here serve any host as they are.
+class ServiceProvider {
+  public:
+    virtual ~ServiceProvider() = default;
+
+    virtual std::unique_ptr<ILintelDb> CreateLintelDb() = 0;
+    virtual std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() = 0;
+    virtual std::unique_ptr<ICaddisStore> CreateCaddisStore() = 0;
+    virtual std::unique_ptr<IMessageService> CreateMessageService() = 0;
+
+    virtual std::unique_ptr<ICaddisPickerStates> CreateCaddisPickerStates();  // kept in memory
+    virtual std::unique_ptr<ICaddisScenarios> CreateCaddisScenarios();        // the type "Scenario"
+    virtual std::unique_ptr<IDocumentTypes> CreateDocumentTypes();            // a type for each name
+    virtual std::unique_ptr<ICodeTables> CreateCodeTables();                  // English texts
+    virtual std::unique_ptr<IDayConversion> CreateDayConversion();            // by CodeTables' DayNames
+    virtual std::unique_ptr<IClock> CreateClock();                            // the system's local time
+};
+
+using ProviderFactory = std::function<std::unique_ptr<ServiceProvider>()>;
+
+// Replaces the factory of the process; an empty one takes the services away. The calling thread's services
+// end at once, those of another thread at its next use of any. May be called from any thread.
+void InstallServices(ProviderFactory factory);
+
+// The calling thread's services, good until the next InstallServices. Each raises NolSchedError while none
+// are installed.
+ILintelDb& LintelDb();
+ICaddisStore& CaddisStore();
+IMessageService& MessageService();
+ICaddisPickerStates& CaddisPickerStates();
+ICaddisScenarios& CaddisScenarios();
+IDocumentTypes& DocumentTypes();
+ICodeTables& CodeTables();
+IDayConversion& DayConversion();
+IClock& Clock();
+
+// A new report for the failure that is being handled.
+std::unique_ptr<ILintelFailureReport> LintelFailureReport();
+
+}  // namespace NolSchedCtls

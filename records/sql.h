@@ -1,0 +1,26 @@
+// The three statements on the table NOL_Override, one row for each study kind that an entry overrides.
+#pragma once
+
+#include <cstdint>
+
+namespace NolSchedCtls {
+
+class CNolOverride;
+class CNolSchedData;
+
+namespace MSQL {
+
+// All rows of the entry. Raises what LintelDb raises.
+void DeleteNolOverrides(std::int32_t nId);
+
+// One row for the entry nId, whatever the override's own NOL_OverrideId. Never raises: a failure is told
+// through LintelFailureReport.
+void InsertNolOverride(const CNolOverride& override, std::int32_t nId);
+
+// Adds the rows of the record's Id to the record. A number column without a value reads as 0. Raises what
+// LintelDb raises, and DuplicateKeyError for two rows of one Type.
+void LoadNolOverrides(CNolSchedData& record);
+
+}  // namespace MSQL
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,171 @@
+#include "tests/library/fake_services.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace NolSchedCtls::Testing {
+
+namespace {
+
+class FakeRows : public ILintelRows {
+  public:
+    explicit FakeRows(std::vector<Row> rowsA) : rows(std::move(rowsA)) {}
+    bool AtEnd() const override { return next == rows.size(); }
+    void MoveNext() override { ++next; }
+    LintelField Fields(std::string_view sColumn) const override {
+        for (const auto& field : rows.at(next))
+            if (EqualKeys(field.Name, sColumn)) return field;
+        throw NolSchedError("no column " + std::string(sColumn));
+    }
+
+  private:
+    std::vector<Row> rows;
+    std::size_t next = 0;
+};
+
+struct Literal {
+    std::string operator()(std::monostate) const { return "NULL"; }
+    std::string operator()(std::int64_t number) const { return std::to_string(number); }
+    std::string operator()(double number) const { return std::to_string(number); }
+    std::string operator()(const std::string& text) const { return "'" + text + "'"; }
+};
+
+class FakeLintel : public ILintelDb {
+  public:
+    explicit FakeLintel(World& worldA) : world(worldA) {}
+    void ExecuteStatement(std::string_view sStatement) override { Run(std::string(sStatement)); }
+    std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
+        const bool plain = arguments == OpenRowsArguments{.sQuery = arguments.sQuery};
+        Run(arguments.sQuery + (plain ? "" : " (other arguments)"));
+        return std::make_unique<FakeRows>(world.rows);
+    }
+    std::string JoinValues(const std::vector<LintelValue>& values) const override {
+        std::string joined;
+        for (const auto& value : values) joined += (joined.empty() ? "" : ",") + std::visit(Literal{}, value);
+        return joined;
+    }
+    LintelDateTime ImmediateDateTime() const override { return {world.now, true}; }
+
+  private:
+    void Run(const std::string& statement) {
+        world.trace += statement + "; ";
+        if (++world.statements == world.failingStatement) throw NolSchedError("statement refused");
+    }
+    World& world;
+};
+
+class FakeReport : public ILintelFailureReport {
+  public:
+    explicit FakeReport(World& worldA) : world(worldA) {}
+    void ReportFailure(std::string_view sText) override {
+        world.trace += "report" + std::string(sText) + "; ";
+    }
+
+  private:
+    World& world;
+};
+
+class FakeStore : public ICaddisStore {
+  public:
+    explicit FakeStore(World& worldA) : world(worldA) {}
+    std::shared_ptr<const CaddisDocument> FindDocument(const CaddisDocumentType& type,
+                                                       std::int32_t nId) override {
+        for (const auto& document : DocumentsOfType(type))
+            if (document->Id == nId) return document;
+        return nullptr;
+    }
+    std::vector<std::shared_ptr<const CaddisDocument>> DocumentsOfType(
+        const CaddisDocumentType& type) override {
+        std::vector<std::shared_ptr<const CaddisDocument>> found;
+        for (const auto& document : world.documents)
+            if (document.DocumentType == type) found.push_back(std::make_shared<CaddisDocument>(document));
+        return found;
+    }
+    CaddisUser CurrentUser() override { return world.user; }
+
+  private:
+    World& world;
+};
+
+class FakeMessages : public IMessageService {
+  public:
+    explicit FakeMessages(World& worldA) : world(worldA) {}
+    void Show(std::string_view sText, int nFlags, std::string_view sTitle, int nHelpFile,
+              int nHelpContext) override {
+        world.trace += std::string(sTitle) + "[" + std::to_string(nFlags) + "]: " + std::string(sText) +
+                       (nHelpFile == 0 && nHelpContext == 0 ? "; " : " (help); ");
+    }
+
+  private:
+    World& world;
+};
+
+class FakeTables : public ICodeTables {
+  public:
+    explicit FakeTables(ServiceProvider& provider, const World& world)
+        : standard(provider.ServiceProvider::CreateCodeTables()) {
+        scheduled.Add({standard->ScheduledDefaults().Item("Download")}, "Download");
+        scheduled.Add({standard->ScheduledDefaults().Item("Purge")}, "Purge");
+        scheduled.Add({world.scheduledDays}, "Days");
+    }
+    const CodeOptionSet& ScheduledDefaults() override { return scheduled; }
+    const CodeOptionSet& ImmediateDefaults() override { return standard->ImmediateDefaults(); }
+    const KeyedCollection<std::string>& MonthDayNames() override { return standard->MonthDayNames(); }
+    const KeyedCollection<std::string>& PeriodNames() override { return standard->PeriodNames(); }
+    const KeyedCollection<CodeRow>& DayNames() override { return standard->DayNames(); }
+
+  private:
+    std::unique_ptr<ICodeTables> standard;
+    CodeOptionSet scheduled;
+};
+
+class FakeClock : public IClock {
+  public:
+    explicit FakeClock(World& worldA) : world(worldA) {}
+    DateTime Now() override { return world.now; }
+
+  private:
+    World& world;
+};
+
+class FakeProvider : public ServiceProvider {
+  public:
+    explicit FakeProvider(World& worldA) : world(worldA) {}
+    std::unique_ptr<ILintelDb> CreateLintelDb() override { return std::make_unique<FakeLintel>(world); }
+    std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override {
+        return std::make_unique<FakeReport>(world);
+    }
+    std::unique_ptr<ICaddisStore> CreateCaddisStore() override { return std::make_unique<FakeStore>(world); }
+    std::unique_ptr<IMessageService> CreateMessageService() override {
+        return std::make_unique<FakeMessages>(world);
+    }
+    std::unique_ptr<ICodeTables> CreateCodeTables() override {
+        return std::make_unique<FakeTables>(*this, world);
+    }
+    std::unique_ptr<IClock> CreateClock() override { return std::make_unique<FakeClock>(world); }
+
+  private:
+    World& world;
+};
+
+}  // namespace
+
+InstalledWorld::InstalledWorld() {
+    InstallServices([this] { return std::make_unique<FakeProvider>(*this); });
+}
+
+InstalledWorld::~InstalledWorld() { InstallServices({}); }
+
+Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario, std::int64_t duration,
+                std::int64_t polling, std::int64_t delay, const std::string& clearLog) {
+    const auto number = [](std::int64_t value) { return value == 0 ? LintelValue{} : LintelValue{value}; };
+    return {{"NOL_OverrideId", id},
+            {"Type", type},
+            {"ScenarioId", number(scenario)},
+            {"Duration", number(duration)},
+            {"Polling_Interval", number(polling)},
+            {"Retrieve_Delay", number(delay)},
+            {"ClearLog", clearLog}};
+}
+
+}  // namespace NolSchedCtls::Testing
