@@ -4,11 +4,13 @@
 #include <cstdint>
 #include <string>
 
+#include "records/services/export.h"
+
 namespace NolSchedCtls {
 
 // A number of -1 says that the field has no value; readers take anything below 1 as none, since a column
 // without a value is read back as 0. Nothing is checked here: ranges live in the tabs.
-class CNolOverride {
+class NOLSCHED_API CNolOverride {
   public:
     std::int32_t NOL_OverrideId = -1;    // Id of the schedule entry that owns the override
     std::string OverrideType;            // the study kind, as in MAppConstants

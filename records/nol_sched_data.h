@@ -12,6 +12,7 @@
 #include "records/nol_override.h"
 #include "records/services/caddis.h"
 #include "records/services/collection.h"
+#include "records/services/export.h"
 #include "records/services/lintel.h"
 
 namespace NolSchedCtls {
@@ -50,7 +51,7 @@ struct InitEditArguments {
 
 // Properties check nothing: a range belongs to the tab or control that edits the value. Yes and no are "Y"
 // and "N", and only exactly "Y" counts as yes. One thread at a time; shared by all tabs and their host.
-class CNolSchedData {
+class NOLSCHED_API CNolSchedData {
   public:
     using OverrideCollection = KeyedCollection<std::shared_ptr<CNolOverride>>;
 

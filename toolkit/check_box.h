@@ -1,11 +1,12 @@
 // A check box: 0 clear, 1 ticked.
 #pragma once
 
+#include "records/services/export.h"
 #include "toolkit/view_field.h"
 
 namespace NolSchedCtls {
 
-class CheckBox : public ViewField {
+class NOLSCHED_API CheckBox : public ViewField {
   public:
     CheckBox(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}

@@ -59,14 +59,14 @@ char32_t TextBox::FilterKey(char32_t key) {
 }
 
 bool TextBox::Key(char32_t key) {
-    if (!BeginUserAct()) return false;
+    if (!BeginUserAct() || locked) return false;
     const char32_t passed = FilterKey(key);
     if (passed != 0) SetText(TextAfterKey(text, passed, maxLength));
     return true;
 }
 
 bool TextBox::Paste(std::string_view textA) {
-    if (!BeginUserAct()) return false;
+    if (!BeginUserAct() || locked) return false;
     SetText(CutToLength(textA, maxLength));
     return true;
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "records/services/export.h"
 #include "toolkit/view_field.h"
 
 namespace NolSchedCtls {
@@ -18,7 +19,7 @@ std::string CutToLength(std::string_view text, std::size_t limit);
 std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limit);
 
 // The limit binds users alone: what code writes stands as it is, so that no stored value is cut.
-class TextBox : public ViewField {
+class NOLSCHED_API TextBox : public ViewField {
   public:
     TextBox(FieldPlace placeA, std::string nameA, std::size_t maxLengthA = 0)
         : ViewField(placeA, std::move(nameA)), maxLength(maxLengthA) {}
@@ -26,6 +27,10 @@ class TextBox : public ViewField {
     const std::string& Text() const { return text; }  // UTF-8
     void SetText(const std::string& textA);           // raises Changed if the text changes
     std::size_t MaxLength() const { return maxLength; }
+
+    // A locked box takes the focus, but nothing from a user.
+    bool Locked() const { return locked; }
+    void SetLocked(bool lockedA) { Assign(locked, lockedA); }
 
     bool Key(char32_t key);             // at the text's end, through the filter
     bool Paste(std::string_view text);  // replaces the text, past the filter
@@ -38,6 +43,7 @@ class TextBox : public ViewField {
   private:
     std::string text;
     std::size_t maxLength;
+    bool locked = false;
 };
 
 }  // namespace NolSchedCtls

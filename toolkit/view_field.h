@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "records/services/error.h"
+#include "records/services/export.h"
 #include "toolkit/event.h"
 
 namespace NolSchedCtls {
@@ -28,7 +29,7 @@ struct FieldPlace {
     Frame* frame = nullptr;
 };
 
-class ViewField {
+class NOLSCHED_API ViewField {
   public:
     ViewField(const ViewField&) = delete;
     ViewField& operator=(const ViewField&) = delete;
@@ -88,13 +89,13 @@ class ViewField {
     bool enabled = true;
 };
 
-class Frame : public ViewField {
+class NOLSCHED_API Frame : public ViewField {
   public:
     Frame(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
 };
 
-class Label : public ViewField {
+class NOLSCHED_API Label : public ViewField {
   public:
     Label(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
@@ -102,7 +103,7 @@ class Label : public ViewField {
 };
 
 // A control with view fields, which register themselves in tab order and end with it.
-class UserControl {
+class NOLSCHED_API UserControl {
   public:
     UserControl() = default;
     UserControl(const UserControl&) = delete;

@@ -6,12 +6,13 @@
 #include <string_view>
 
 #include "records/services/caddis.h"
+#include "records/services/export.h"
 #include "toolkit/view_field.h"
 
 namespace NolSchedCtls {
 
 // Purge on or off ("Y" or "N"), and its interval in days from 1 to the user's maximum.
-class XAmbitPurge : public ViewField {
+class NOLSCHED_API XAmbitPurge : public ViewField {
   public:
     XAmbitPurge(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
 
@@ -52,7 +53,7 @@ inline constexpr std::array downloadModes = {DownloadModeEntry{"A", "Automatic"}
                                              DownloadModeEntry{"M", "Manual"}};
 
 // A code that is none of the entries' is kept and shows nothing.
-class XAmbitDownload : public ViewField {
+class NOLSCHED_API XAmbitDownload : public ViewField {
   public:
     XAmbitDownload(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
 

@@ -4,11 +4,12 @@
 #include <memory>
 
 #include "records/services/caddis.h"
+#include "records/services/export.h"
 #include "toolkit/view_field.h"
 
 namespace NolSchedCtls {
 
-class XMarlet : public ViewField {
+class NOLSCHED_API XMarlet : public ViewField {
   public:
     using DocumentPointer = std::shared_ptr<const CaddisDocument>;
 

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "records/services/export.h"
+
 namespace NolSchedCtls {
 
 struct CaddisDocumentType {
@@ -32,7 +34,7 @@ struct CaddisUser {
     std::map<std::string, std::string, std::less<>> Settings;
 };
 
-class ICaddisStore {
+class NOLSCHED_API ICaddisStore {
   public:
     virtual ~ICaddisStore() = default;
     // Nothing if there is no such document.
@@ -51,7 +53,7 @@ struct MarletState {
 };
 
 // One state for each document type, made at first use and shared by all pickers of the thread.
-class CaddisPickerStateSet {
+class NOLSCHED_API CaddisPickerStateSet {
   public:
     std::shared_ptr<MarletState> StatesForType(const CaddisDocumentType& type);
 
@@ -59,19 +61,19 @@ class CaddisPickerStateSet {
     std::map<CaddisDocumentType, std::shared_ptr<MarletState>> states;
 };
 
-class ICaddisPickerStates {
+class NOLSCHED_API ICaddisPickerStates {
   public:
     virtual ~ICaddisPickerStates() = default;
     virtual CaddisPickerStateSet& PickerStates() = 0;
 };
 
-class ICaddisScenarios {
+class NOLSCHED_API ICaddisScenarios {
   public:
     virtual ~ICaddisScenarios() = default;
     virtual CaddisDocumentType ScenarioDocumentType() = 0;
 };
 
-class IDocumentTypes {
+class NOLSCHED_API IDocumentTypes {
   public:
     virtual ~IDocumentTypes() = default;
     virtual CaddisDocumentType TypeByName(std::string_view sName) = 0;

@@ -7,6 +7,7 @@
 
 #include "records/services/collection.h"
 #include "records/services/date_time.h"
+#include "records/services/export.h"
 
 namespace NolSchedCtls {
 
@@ -20,7 +21,7 @@ using CodeOptionSet = KeyedCollection<CodeOption>;
 // A row of a code table: column "UIVal" is the text to display.
 using CodeRow = KeyedCollection<std::string>;
 
-class ICodeTables {
+class NOLSCHED_API ICodeTables {
   public:
     virtual ~ICodeTables() = default;
     virtual const CodeOptionSet& ScheduledDefaults() = 0;
@@ -34,21 +35,21 @@ class ICodeTables {
 };
 
 // 1 is "Sunday", 7 "Saturday". Both raise NolSchedError for what is no weekday.
-class IDayConversion {
+class NOLSCHED_API IDayConversion {
   public:
     virtual ~IDayConversion() = default;
     virtual std::string DayNameOfNumber(std::int32_t nNumber) = 0;
     virtual std::int32_t DayNumberOfName(std::string_view sName) = 0;
 };
 
-class IClock {
+class NOLSCHED_API IClock {
   public:
     virtual ~IClock() = default;
     // The present date and time on the user's clock.
     virtual DateTime Now() = 0;
 };
 
-class IMessageService {
+class NOLSCHED_API IMessageService {
   public:
     virtual ~IMessageService() = default;
     // Shows a modal box: flags 16 a stop sign, 48 an exclamation mark. Returns when the user has closed it.

@@ -9,11 +9,12 @@
 #include <vector>
 
 #include "records/services/error.h"
+#include "records/services/export.h"
 
 namespace NolSchedCtls {
 
 // True if both keys are the same but for the case of the letters A to Z.
-bool EqualKeys(std::string_view left, std::string_view right) noexcept;
+NOLSCHED_API bool EqualKeys(std::string_view left, std::string_view right) noexcept;
 
 // Keys compare without regard to case; an empty key is no key. Positions count from 1. References stay good
 // until the next Add or Remove.

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "records/services/export.h"
+
 namespace NolSchedCtls {
 
 // Days since 1899-12-30. Good from year 100 to year 9999.
@@ -21,19 +23,19 @@ struct DateTimeParts {
 };
 
 // Raises NolSchedError for a day or a time that no calendar or clock has.
-DateTime ComposeDateTime(const DateTimeParts& parts);
+NOLSCHED_API DateTime ComposeDateTime(const DateTimeParts& parts);
 
 // To the nearest second, so that 9:05 never reads 9:04:59. Raises NolSchedError outside the years above.
-DateTimeParts SplitDateTime(DateTime dateTime);
+NOLSCHED_API DateTimeParts SplitDateTime(DateTime dateTime);
 
 // The day alone, rounded like SplitDateTime.
-DateTime DateOf(DateTime dateTime);
+NOLSCHED_API DateTime DateOf(DateTime dateTime);
 
 // "2026-03-02T09:05:00".
-std::string IsoText(DateTime dateTime);
+NOLSCHED_API std::string IsoText(DateTime dateTime);
 
 // Reads "YYYY-MM-DD", and behind it "THH:MM" or "THH:MM:SS" (a blank may stand for the T; digits behind the
 // seconds' point are dropped). Raises NolSchedError for anything else.
-DateTime ParseIso(std::string_view text);
+NOLSCHED_API DateTime ParseIso(std::string_view text);
 
 }  // namespace NolSchedCtls

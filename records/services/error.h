@@ -5,27 +5,29 @@
 #include <string>
 #include <string_view>
 
+#include "records/services/export.h"
+
 namespace NolSchedCtls {
 
 // Every failure that the library raises derives from this. The message names the thing and the value.
-class NolSchedError : public std::runtime_error {
+class NOLSCHED_API NolSchedError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
 // Reading or removing a key or position that a collection does not hold.
-class MissingKeyError : public NolSchedError {
+class NOLSCHED_API MissingKeyError : public NolSchedError {
   public:
     using NolSchedError::NolSchedError;
 };
 
 // Adding under a key that a collection already holds.
-class DuplicateKeyError : public NolSchedError {
+class NOLSCHED_API DuplicateKeyError : public NolSchedError {
   public:
     using NolSchedError::NolSchedError;
 };
 
 // The text in double quotes, cut behind 60 bytes at a character's border, so that a message stays a line.
-std::string Quoted(std::string_view text);
+NOLSCHED_API std::string Quoted(std::string_view text);
 
 }  // namespace NolSchedCtls

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "records/services/date_time.h"
+#include "records/services/export.h"
 
 namespace NolSchedCtls {
 
@@ -22,7 +23,7 @@ struct LintelField {
 };
 
 // The rows of a query, standing on the first one after opening.
-class ILintelRows {
+class NOLSCHED_API ILintelRows {
   public:
     virtual ~ILintelRows() = default;
     virtual bool AtEnd() const = 0;
@@ -51,7 +52,7 @@ struct LintelDateTime {
     bool IsImmediate = false;
 };
 
-class ILintelDb {
+class NOLSCHED_API ILintelDb {
   public:
     virtual ~ILintelDb() = default;
 
@@ -71,10 +72,10 @@ class ILintelDb {
 };
 
 // The text of a field, empty without a value; numbers in plain digits.
-std::string FieldToText(const LintelField& field);
+NOLSCHED_API std::string FieldToText(const LintelField& field);
 
 // Created while a failure is being handled, which it may read as std::current_exception().
-class ILintelFailureReport {
+class NOLSCHED_API ILintelFailureReport {
   public:
     virtual ~ILintelFailureReport() = default;
     // Makes the failure known and returns; must not raise.

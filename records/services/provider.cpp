@@ -34,6 +34,7 @@ struct ThreadServices {
     std::unique_ptr<ICodeTables> codeTables;
     std::unique_ptr<IDayConversion> dayConversion;
     std::unique_ptr<IClock> clock;
+    std::unique_ptr<IDateSettings> dateSettings;
 };
 
 thread_local std::optional<ThreadServices> threadServices;
@@ -109,6 +110,10 @@ IDayConversion& DayConversion() {
 }
 
 IClock& Clock() { return Used(&Threads::clock, "Clock", &Makes::CreateClock); }
+
+IDateSettings& DateSettings() {
+    return Used(&Threads::dateSettings, "DateSettings", &Makes::CreateDateSettings);
+}
 
 std::unique_ptr<ILintelFailureReport> LintelFailureReport() {
     return Provider("LintelFailureReport").CreateLintelFailureReport();

@@ -9,12 +9,14 @@
 
 #include "records/services/caddis.h"
 #include "records/services/code_tables.h"
+#include "records/services/date_settings.h"
+#include "records/services/export.h"
 #include "records/services/lintel.h"
 
 namespace NolSchedCtls {
 
 // Makes the services of one thread. Those with a body here serve any host as they are.
-class ServiceProvider {
+class NOLSCHED_API ServiceProvider {
   public:
     virtual ~ServiceProvider() = default;
 
@@ -29,27 +31,29 @@ class ServiceProvider {
     virtual std::unique_ptr<ICodeTables> CreateCodeTables();                  // English texts
     virtual std::unique_ptr<IDayConversion> CreateDayConversion();            // by CodeTables' DayNames
     virtual std::unique_ptr<IClock> CreateClock();                            // the system's local time
+    virtual std::unique_ptr<IDateSettings> CreateDateSettings();              // the month first
 };
 
 using ProviderFactory = std::function<std::unique_ptr<ServiceProvider>()>;
 
 // Replaces the factory of the process; an empty one takes the services away. The calling thread's services
 // end at once, those of another thread at its next use of any. May be called from any thread.
-void InstallServices(ProviderFactory factory);
+NOLSCHED_API void InstallServices(ProviderFactory factory);
 
 // The calling thread's services, good until the next InstallServices. Each raises NolSchedError while none
 // are installed.
-ILintelDb& LintelDb();
-ICaddisStore& CaddisStore();
-IMessageService& MessageService();
-ICaddisPickerStates& CaddisPickerStates();
-ICaddisScenarios& CaddisScenarios();
-IDocumentTypes& DocumentTypes();
-ICodeTables& CodeTables();
-IDayConversion& DayConversion();
-IClock& Clock();
+NOLSCHED_API ILintelDb& LintelDb();
+NOLSCHED_API ICaddisStore& CaddisStore();
+NOLSCHED_API IMessageService& MessageService();
+NOLSCHED_API ICaddisPickerStates& CaddisPickerStates();
+NOLSCHED_API ICaddisScenarios& CaddisScenarios();
+NOLSCHED_API IDocumentTypes& DocumentTypes();
+NOLSCHED_API ICodeTables& CodeTables();
+NOLSCHED_API IDayConversion& DayConversion();
+NOLSCHED_API IClock& Clock();
+NOLSCHED_API IDateSettings& DateSettings();
 
 // A new report for the failure that is being handled.
-std::unique_ptr<ILintelFailureReport> LintelFailureReport();
+NOLSCHED_API std::unique_ptr<ILintelFailureReport> LintelFailureReport();
 
 }  // namespace NolSchedCtls

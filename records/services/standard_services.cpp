@@ -120,7 +120,23 @@ class SystemClock : public IClock {
     }
 };
 
+class OrderedDateSettings : public IDateSettings {
+  public:
+    explicit OrderedDateSettings(DateFieldOrder orderA) : order(orderA) {}
+    std::string EditDateFormat() override { return editFormats.at(static_cast<std::size_t>(order)); }
+    DateFieldOrder DateOrder() override { return order; }
+
+  private:
+    static constexpr std::array editFormats = {"MM/DD/YYYY", "DD/MM/YYYY", "YYYY/MM/DD"};
+
+    DateFieldOrder order;
+};
+
 }  // namespace
+
+std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order) {
+    return std::make_unique<OrderedDateSettings>(order);
+}
 
 std::shared_ptr<MarletState> CaddisPickerStateSet::StatesForType(const CaddisDocumentType& type) {
     auto& state = states[type];
@@ -149,5 +165,9 @@ std::unique_ptr<IDayConversion> ServiceProvider::CreateDayConversion() {
 }
 
 std::unique_ptr<IClock> ServiceProvider::CreateClock() { return std::make_unique<SystemClock>(); }
+
+std::unique_ptr<IDateSettings> ServiceProvider::CreateDateSettings() {
+    return MakeDateSettings(DateFieldOrder::MonthFirst);
+}
 
 }  // namespace NolSchedCtls

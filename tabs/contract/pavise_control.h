@@ -7,12 +7,14 @@
 #include <memory>
 #include <string>
 
+#include "records/services/export.h"
+
 namespace NolSchedCtls {
 
 class CNolSchedData;
 class CPaviseNotify;
 
-class IPaviseControl {
+class NOLSCHED_API IPaviseControl {
   public:
     virtual ~IPaviseControl() = default;
     virtual bool HandleTabProcess(const std::string& sProcess) = 0;

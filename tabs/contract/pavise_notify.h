@@ -3,12 +3,13 @@
 
 #include <string>
 
+#include "records/services/export.h"
 #include "toolkit/event.h"
 
 namespace NolSchedCtls {
 
 // One for each open entry. Tabs call the operations; each raises its event before it returns.
-class CPaviseNotify {
+class NOLSCHED_API CPaviseNotify {
   public:
     void MarkChanged() const { Changed.Raise(); }
     void ShowTab(const std::string& sTabName) const { TabShown.Raise(sTabName); }

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "records/nol_sched_data.h"
+#include "records/services/export.h"
 #include "tabs/contract/pavise_control.h"
 #include "tabs/contract/pavise_notify.h"
 #include "toolkit/view_field.h"
 
 namespace NolSchedCtls {
 
-class PaviseTab : public UserControl, public IPaviseControl {
+class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
   public:
     bool HandleTabProcess(const std::string& sProcess) override;  // always false
     void LoadState() override {}

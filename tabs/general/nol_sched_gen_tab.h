@@ -1,6 +1,7 @@
 // The first page of an entry: study group, purge and download options, and the boxes of the four overrides.
 #pragma once
 
+#include "records/services/export.h"
 #include "tabs/contract/pavise_tab.h"
 #include "toolkit/check_box.h"
 #include "toolkit/text_box.h"
@@ -9,7 +10,7 @@
 
 namespace NolSchedCtls {
 
-class XNolSchedGenTab : public PaviseTab {
+class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
   public:
     XNolSchedGenTab();
 

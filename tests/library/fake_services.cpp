@@ -168,4 +168,23 @@ Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario,
             {"ClearLog", clearLog}};
 }
 
+std::shared_ptr<CPaviseNotify> TracedNotify(World& world) {
+    auto notify = std::make_shared<CPaviseNotify>();
+    const auto call = [&world](const char* name) {
+        return [&world, name](const std::string& sTabName, bool fState) {
+            world.trace += std::string(name) + " " + sTabName + (fState ? " on; " : " off; ");
+        };
+    };
+    notify->Changed.Connect([&world] { world.trace += "MarkChanged; "; });
+    notify->TabShown.Connect([&world](const std::string& name) { world.trace += "ShowTab " + name + "; "; });
+    notify->TabOverride.Connect(call("SetTabOverride"));
+    notify->PaviseStateChange.Connect(call("SetTabState"));
+    return notify;
+}
+
+void TraceControl(World& world, UserControl& control) {
+    control.FocusMoved.Connect([&world](ViewField& field) { world.trace += "focus " + field.Name() + "; "; });
+    control.Beep.Connect([&world](ViewField& field) { world.trace += "beep " + field.Name() + "; "; });
+}
+
 }  // namespace NolSchedCtls::Testing

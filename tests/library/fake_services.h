@@ -1,11 +1,14 @@
 // Services that answer from memory and write down what was asked of them.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "records/services/provider.h"
+#include "tabs/contract/pavise_notify.h"
+#include "toolkit/view_field.h"
 
 namespace NolSchedCtls::Testing {
 
@@ -35,5 +38,23 @@ class InstalledWorld : public World {
 // An override row as the table gives it; a number of 0 stands for a column without a value.
 Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario, std::int64_t duration,
                 std::int64_t polling, std::int64_t delay, const std::string& clearLog);
+
+// A notifier that writes its calls into the world's trace, ahead of every tab that hears them:
+// "MarkChanged; SetTabOverride HOM Study on; ".
+std::shared_ptr<CPaviseNotify> TracedNotify(World& world);
+
+// Writes what the control does with focus and beep into the world's trace: "focus txtDuration; ".
+void TraceControl(World& world, UserControl& control);
+
+// The message of the failure that the act raises, or "no failure".
+template <class Act>
+std::string FailureOf(Act act) {
+    try {
+        act();
+    } catch (const NolSchedError& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
 
 }  // namespace NolSchedCtls::Testing

@@ -1,0 +1,69 @@
+// The entry's duration and time of day between record and view.
+#include "records/app_constants.h"
+#include "tabs/schedule/load_step.h"
+#include "tabs/schedule/nol_schedule_tab.h"
+#include "tabs/schedule/schedule_texts.h"
+#include "toolkit/date_text.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+std::string DateOnlyText(DateTime dateTime) {
+    const std::string text = GeneralDateText(dateTime);
+    return text.substr(0, text.find(' '));
+}
+
+DateTime ReadField(const SSDateCombo& field, const std::string& text) {
+    if (const auto read = ReadDateText(text)) return *read;
+    throw NolSchedError("The field " + field.Name() + " holds " + Quoted(text) + ", which is no date.");
+}
+
+DateTime AtTime(DateTime day, int hour, int minute, int second) {
+    DateTimeParts parts = SplitDateTime(day);
+    parts.hour = hour;
+    parts.minute = minute;
+    parts.second = second;
+    return ComposeDateTime(parts);
+}
+
+}  // namespace
+
+void XNolScheduleTab::SetCtlsDates() {
+    const CNolSchedData& data = Record();
+    ShowProperty("FirstDateTime", std::to_string(data.FirstDateTime), [this] { ShowStart(); });
+    ShowProperty("FinalDateTime", std::to_string(data.FinalDateTime), [this] { ShowEnd(); });
+    SSDStartDate.SetDisplayFormat(std::string(longDateFormat));
+    SSDEndDate.SetDisplayFormat(std::string(longDateFormat));
+}
+
+void XNolScheduleTab::ShowStart() {
+    const DateTime first = Record().FirstDateTime;
+    SSDStartDate.SetText(DateOnlyText(first));
+    dtpStartTime.SetHour(SplitDateTime(first).hour);
+    dtpStartTime.SetMinute(SplitDateTime(first).minute);
+}
+
+void XNolScheduleTab::ShowEnd() {
+    const std::string sFinal = DateOnlyText(Record().FinalDateTime);
+    const bool hasEnd = ReadDateText(sFinal) != MAppConstants::NoEndDate;
+    if (hasEnd) SSDEndDate.SetText(sFinal);
+    chkEndDate.SetValue(hasEnd ? 1 : 0);
+    if (!hasEnd) SSDEndDate.SetText(GeneralDateText(Clock().Now()));
+    SSDEndDate.SetVisible(hasEnd);
+    txtNoEndDate.SetVisible(!hasEnd);
+}
+
+DateTime XNolScheduleTab::GetFirstDateTime() const {
+    return ReadField(SSDStartDate, SSDStartDate.Text() + " " + std::to_string(dtpStartTime.Hour()) + ":" +
+                                       std::to_string(dtpStartTime.Minute()));
+}
+
+DateTime XNolScheduleTab::GetFinalDateTime() const {
+    const DateTime day =
+        chkEndDate.Value() == 0 ? MAppConstants::NoEndDate : ReadField(SSDEndDate, SSDEndDate.Text());
+    if (cboPeriod.Text() == periodHourly) return AtTime(day, 23, 59, 59);
+    return AtTime(day, dtpStartTime.Hour(), dtpStartTime.Minute(), 0);
+}
+
+}  // namespace NolSchedCtls

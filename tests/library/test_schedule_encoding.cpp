@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+
+#include "tests/library/test_schedule_tools.h"
+#include "toolkit/date_text.h"
+
+namespace NolSchedCtls::Testing {
+namespace {
+
+struct Code {
+    const char* code;
+    int limit;
+    bool keepsMonthDate, keepsWeek, keepsWeekday;
+    const char* final;
+};
+constexpr Code codes[] = {
+    {"O", 24, false, false, false, "2036-12-31T09:05"}, {"H", 24, false, false, false, "2030-06-30T23:59:59"},
+    {"D", 7, false, false, false, "2030-06-30T09:05"},  {"W", 52, false, false, true, "2030-06-30T09:05"},
+    {"M", 12, true, false, false, "2030-06-30T09:05"},  {"A", 12, false, true, true, "2030-06-30T09:05"},
+};
+
+void GoesThroughTwoTabs(const Code& c, int frequency, int monthDate, int week, int weekday) {
+    const Record record = RecordOf(c.code, frequency, monthDate, week, weekday, "2030-06-30T01:23:45");
+    const std::string before = FieldsOf(*record);
+    const std::string expected =
+        FieldsOf(*RecordOf(c.code, frequency, c.keepsMonthDate ? monthDate : 0, c.keepsWeek ? week : 0,
+                           c.keepsWeekday ? weekday : 1, c.final));
+    OpenTab first(record);
+    EXPECT_EQ(first.Saved(), expected) << before;
+    EXPECT_EQ(OpenTab(record).Saved(), expected) << before << ", once more";
+}
+
+TEST(ScheduleEncoding, EveryRecurrenceComesBackWithWhatItsCodeUses) {
+    const InstalledWorld world;
+    for (const Code& c : codes) {
+        for (int frequency = 1; frequency <= c.limit; ++frequency)
+            GoesThroughTwoTabs(c, frequency, frequency, frequency % 5, frequency % 7 + 1);
+        for (int number = 0; number < 35; ++number)
+            GoesThroughTwoTabs(c, number % c.limit + 1, number % 29, number / 7, number % 7 + 1);
+    }
+}
+
+TEST(ScheduleEncoding, TheRowReadsAsASentence) {
+    const InstalledWorld world;
+    const std::pair<Record, const char*> cases[] = {
+        {RecordOf("O", 3, 0, 1), "Once"},
+        {RecordOf("H", 6), "Hourly every 6 Period(s)"},
+        {RecordOf("D", 7), "Daily every 7 day(s)"},
+        {RecordOf("W", 2, 0, 0, 6), "Weekly on Friday every 2 week(s)"},
+        {RecordOf("M", 1, 15), "Monthly on the 15th Day of every 1 month(s)"},
+        {RecordOf("M", 3, 22), "Monthly on the 22nd Day of every 3 month(s)"},
+        {RecordOf("M", 3, 0), "Monthly on the Last Day of every 3 month(s)"},
+        {RecordOf("A", 1, 0, 2, 2), "Monthly on the 2nd Monday of every 1 month(s)"},
+        {RecordOf("A", 6, 0, 0, 7), "Monthly on the Last Saturday of every 6 month(s)"},
+    };
+    for (const auto& [record, sentence] : cases) EXPECT_EQ(ScheduleSentence(OpenTab(record).tab), sentence);
+}
+
+TEST(ScheduleEncoding, OnlyAnExactYesIncludesADay) {
+    const InstalledWorld world;
+    for (std::size_t index = 0; index < includes.size(); ++index)
+        for (const char* include : {"Y", "N", "y", ""}) {
+            const Record record = RecordOf("O");
+            (*record).*includes[index] = include;
+            OpenTab open(record);
+            const int ticked = include == std::string("Y") ? 0 : 1;
+            EXPECT_EQ(open.tab.cbExcludeDay[index].Value(), ticked) << index << include;
+            const std::string letters = std::string("YYYYYYYYY").replace(index, 1, ticked == 0 ? "Y" : "N");
+            EXPECT_EQ(open.Saved().substr(10, 9), letters) << index << include;
+        }
+}
+
+std::string FailureOf(XNolScheduleTab& tab, const Record& record) {
+    try {
+        tab.LoadData(record, "", nullptr);
+    } catch (const NolSchedError& failure) {
+        return failure.what();
+    }
+    return "loaded";
+}
+
+TEST(ScheduleEncoding, WhatCannotBeShownEndsTheLoadThere) {
+    const InstalledWorld world;
+    const std::tuple<Record, const char*, const char*> cases[] = {
+        {RecordOf("o", 2), "Periodicity \"o\" ", "Hourly every 1 Period(s)"},
+        {RecordOf("H", 25), "Frequency 25 cannot be shown: The list cboFrequency has no entry",
+         "Hourly every 1 Period(s)"},
+        {RecordOf("D", 8), "it offers \"1\" to \"7\"", "Daily every 1 day(s)"},
+        {RecordOf("W", 2, 0, 0, 8), "WhichWeekday 8 ", "Weekly on Sunday every 2 week(s)"},
+        {RecordOf("O", 52, 0, 0, 0), "WhichWeekday 0 ", "Once"},
+        {RecordOf("M", 4, 29), "WhichMonthDate 29 ", "Monthly on the 1st Day of every 4 month(s)"},
+        {RecordOf("M", 4, -1), "WhichMonthDate -1 ", "Monthly on the 1st Day of every 4 month(s)"},
+        {RecordOf("A", 4, 0, 5, 3), "WhichWeek 5 ", "Monthly on the 1st Tuesday of every 4 month(s)"},
+        {RecordOf("A", 4, 0, -1, 3), "WhichWeek -1 ", "Monthly on the 1st Tuesday of every 4 month(s)"},
+    };
+    for (const auto& [record, named, sentence] : cases) {
+        XNolScheduleTab tab;
+        record->IncludeSundays = "N";
+        EXPECT_NE(FailureOf(tab, record).find(named), std::string::npos) << FailureOf(tab, record);
+        EXPECT_EQ(ScheduleSentence(tab), sentence) << "what the steps before have shown";
+        EXPECT_EQ(tab.SSDStartDate.Text(), "Monday, March 02, 2026");
+        EXPECT_EQ(tab.cbExcludeDay[0].Value(), 0) << named;
+    }
+    EXPECT_EQ(OpenTab(RecordOf("O", 52)).tab.cboFrequency.Text(), "1") << "the hidden list stays as it is";
+    EXPECT_THROW(XNolScheduleTab().SaveData(), NolSchedError);
+}
+
+TEST(ScheduleDates, EveryMinuteIsComposedAndSplit) {
+    const InstalledWorld world;
+    OpenTab open(RecordOf("D"));
+    for (int minute = 0; minute < 1440; ++minute) {
+        const DateTime time = ComposeDateTime({2028, 2, 29, minute / 60, minute % 60, 0});
+        open.record->FirstDateTime = time + 29.0 / 86400;  // the seconds are lost
+        open.tab.LoadData(open.record, "", nullptr);
+        ASSERT_EQ(open.tab.dtpStartTime.Hour() * 60 + open.tab.dtpStartTime.Minute(), minute);
+        ASSERT_TRUE(minute % 2 == 0 || open.tab.SSDStartDate.BeginEdit());
+        open.tab.SaveData();
+        ASSERT_EQ(open.record->FirstDateTime, time) << minute;
+    }
+}
+
+TEST(ScheduleDates, EveryDayOfALeapYearIsReadAsItWasWritten) {
+    for (const auto order :
+         {DateFieldOrder::MonthFirst, DateFieldOrder::DayFirst, DateFieldOrder::YearFirst}) {
+        const auto settings = MakeDateSettings(order);
+        for (int day = 0; day < 366; ++day) {
+            const DateTime date = ParseIso("2028-01-01") + day;
+            for (const std::string& text : {ShortDateText(date, *settings), DateText(date, longDateFormat),
+                                            DateText(date, settings->EditDateFormat())}) {
+                EXPECT_EQ(ReadDateText(text, *settings), date) << text;
+                EXPECT_EQ(ReadDateText(text + " 21:5", *settings), date + 1265 / 1440.0) << text;
+                EXPECT_EQ(ReadDateText(text + " 9:05:00 PM", *settings), date + 1265 / 1440.0) << text;
+            }
+        }
+    }
+}
+
+TEST(ScheduleDates, TextsAreExactAndOthersAreRefused) {
+    const auto settings = MakeDateSettings(DateFieldOrder::MonthFirst);
+    const DateTime date = ParseIso("2026-03-02");
+    EXPECT_EQ(GeneralDateText(date, *settings), "3/2/2026");
+    EXPECT_EQ(GeneralDateText(date + 0.5, *settings), "3/2/2026 12:00:00 PM");
+    EXPECT_EQ(GeneralDateText(ParseIso("2026-03-02T00:07:09"), *settings), "3/2/2026 12:07:09 AM");
+    EXPECT_EQ(ShortDateText(date, *MakeDateSettings(DateFieldOrder::DayFirst)), "2/3/2026");
+    EXPECT_EQ(DateText(date, longDateFormat), "Monday, March 02, 2026");
+    EXPECT_EQ(ReadDateText("3/2/2026 12:07:09 AM", *settings), ParseIso("2026-03-02T00:07:09"));
+    EXPECT_THROW(DateText(date, "MMM D"), NolSchedError);
+    for (const char* text :
+         {"", "9:05", "2/30/2026", "2/29/2027", "13/1/2026", "0/1/2026", "3/2/26", "3/2/20261",
+          "3/2/2026 24:00", "3/2/2026 9:60", "3/2/2026 9:05:60", "3/2/2026 13:00 PM", "3/2/2026 9:05 XM",
+          "Tuesday, March 02, 2026", "Monday, Marsh 02, 2026"})
+        EXPECT_EQ(ReadDateText(text, *settings), std::nullopt) << text;
+}
+
+TEST(ScheduleDates, TheLastDayIsToldByItsDateAlone) {
+    const InstalledWorld world;
+    const std::array<const char*, 4> cases[] = {
+        {"D", "2035-12-31T23:00", "Monday, December 31, 2035", "2035-12-31T09:05:00"},
+        {"D", "2036-12-31T18:30", "", "2036-12-31T09:05:00"},
+        {"D", "2037-01-01", "Thursday, January 01, 2037", "2037-01-01T09:05:00"},
+        {"H", "2036-12-31", "", "2036-12-31T23:59:59"},
+    };
+    for (const auto& [code, stored, shown, saved] : cases) {
+        OpenTab open(RecordOf(code, 1, 0, 0, 1, stored));
+        EXPECT_EQ(open.tab.SSDEndDate.Visible() ? open.tab.SSDEndDate.Text() : "", shown);
+        EXPECT_NE(open.tab.SSDEndDate.Visible(), open.tab.txtNoEndDate.Visible()) << code << stored;
+        EXPECT_EQ(open.Saved().substr(40), saved) << code << stored;
+    }
+}
+
+}  // namespace
+}  // namespace NolSchedCtls::Testing
