@@ -4,6 +4,7 @@
 #include <deque>
 #include <optional>
 
+#include "records/services/export.h"
 #include "tabs/contract/pavise_tab.h"
 #include "tabs/override/override_kind.h"
 #include "toolkit/check_box.h"
@@ -14,7 +15,7 @@ namespace NolSchedCtls {
 
 // One class serves all kinds. While the state is off the tab checks nothing and writes nothing; the fields
 // keep what they hold. The fields differ by kind and are reached by name: Field<TextBox>("txtDuration").
-class NolSchedOverrideTab : public PaviseTab {
+class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
   public:
     explicit NolSchedOverrideTab(const OverrideKind& kindA);
 
@@ -62,9 +63,24 @@ class NolSchedOverrideTab : public PaviseTab {
     ScopedConnection tabOverride;
 };
 
-class XNolSchedHomOvr : public NolSchedOverrideTab {
+class NOLSCHED_API XNolSchedHomOvr : public NolSchedOverrideTab {
   public:
     XNolSchedHomOvr() : NolSchedOverrideTab(homOverride) {}
+};
+
+class NOLSCHED_API XNolSchedPlmOvr : public NolSchedOverrideTab {
+  public:
+    XNolSchedPlmOvr() : NolSchedOverrideTab(plmOverride) {}
+};
+
+class NOLSCHED_API XNolSchedRfcOvr : public NolSchedOverrideTab {
+  public:
+    XNolSchedRfcOvr() : NolSchedOverrideTab(rfcOverride) {}
+};
+
+class NOLSCHED_API XNolSchedVcsOvr : public NolSchedOverrideTab {
+  public:
+    XNolSchedVcsOvr() : NolSchedOverrideTab(vcsOverride) {}
 };
 
 }  // namespace NolSchedCtls

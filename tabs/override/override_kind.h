@@ -38,5 +38,8 @@ struct OverrideKind {
 };
 
 extern const OverrideKind homOverride;
+extern const OverrideKind plmOverride;
+extern const OverrideKind rfcOverride;
+extern const OverrideKind vcsOverride;
 
 }  // namespace NolSchedCtls

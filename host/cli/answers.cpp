@@ -1,0 +1,202 @@
+#include "host/cli/answers.h"
+
+#include <array>
+#include <iomanip>
+#include <iostream>
+
+#include "host/entry_columns.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+using Write = void (*)(std::ostream&, const Json&);
+
+std::string TextOf(const Json& value) {
+    if (value.is_null()) return "-";
+    if (value.is_string()) return value.get<std::string>();
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string Joined(const Json& texts) {
+    std::string joined;
+    for (const auto& text : texts) joined += (joined.empty() ? "" : ", ") + TextOf(text);
+    return joined;
+}
+
+// Line breaks of a box, so that each line stands under the first.
+void WriteMessage(std::ostream& stream, const Json& answer) {
+    const Json& message = answer["message"];
+    const std::string head = TextOf(message["title"]) + (message["flags"] == 48 ? " (!): " : " (stop): ");
+    stream << head;
+    for (const char letter : TextOf(message["text"])) {
+        if (letter == '\r') continue;
+        stream << letter;
+        if (letter == '\n') stream << std::string(head.size(), ' ');
+    }
+    stream << '\n';
+}
+
+// "  name              kind        details", hidden and disabled fields marked.
+void WriteField(std::ostream& stream, const Json& field) {
+    stream << "  " << std::left << std::setw(20) << TextOf(field["name"]) << std::setw(10)
+           << TextOf(field["kind"]);
+    std::string details;
+    for (const auto& [key, value] : field.items()) {
+        if (key == "name" || key == "kind" || key == "visible" || key == "enabled" || key == "entries")
+            continue;
+        details += " " + key + "=" + (value.is_string() ? '"' + TextOf(value) + '"' : TextOf(value));
+    }
+    if (field.contains("entries")) details += " of " + std::to_string(field["entries"].size());
+    if (field["visible"] == false) details += " hidden";
+    if (field["enabled"] == false) details += " disabled";
+    stream << details << '\n';
+}
+
+void WriteLook(std::ostream& stream, const Json& answer) {
+    stream << TextOf(answer["look"]) << '\n';
+    for (const auto& field : answer["fields"]) WriteField(stream, field);
+}
+
+void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
+    for (const auto& row : rows) {
+        stream << heading;
+        for (const auto& [key, value] : row.items())
+            stream << ' ' << key << '=' << (value.is_string() ? '"' + TextOf(value) + '"' : TextOf(value));
+        stream << '\n';
+    }
+}
+
+void WriteRecord(std::ostream& stream, const Json& answer) {
+    for (const auto& [key, value] : answer["record"].items())
+        stream << std::left << std::setw(20) << key << TextOf(value) << '\n';
+    if (answer.contains("sentence"))
+        stream << std::left << std::setw(20) << "sentence" << TextOf(answer["sentence"]) << '\n';
+    if (answer.contains("overrides")) WriteRows(stream, answer["overrides"], "override");
+    if (answer.contains("rows")) WriteRows(stream, answer["rows"], "row");
+}
+
+void WriteValid(std::ostream& stream, const Json& answer) {
+    if (answer["valid"] == true) {
+        stream << "valid\n";
+        return;
+    }
+    stream << "not valid: " << TextOf(answer["tab"]);
+    if (!answer["focus"].is_null()) stream << ", the focus is on " << TextOf(answer["focus"]);
+    stream << '\n';
+}
+
+void WriteSaved(std::ostream& stream, const Json& answer) {
+    if (answer["saved"] == true)
+        stream << "saved " << TextOf(answer["Id"]) << '\n';
+    else
+        stream << "not saved\n";
+}
+
+void WriteEntry(std::ostream& stream, const Json& answer) {
+    const Json& entry = answer["entry"];
+    const std::string overrides = Joined(entry["overrides"]);
+    stream << std::left << std::setw(5) << TextOf(entry["Id"]) << ' ' << std::setw(22)
+           << TextOf(entry["EditorName"]) << ' ' << std::setw(14) << TextOf(entry["group"]) << ' '
+           << std::setw(overrides.empty() ? 0 : 50) << TextOf(entry["sentence"])
+           << (overrides.empty() ? "" : " " + overrides) << '\n';
+}
+
+void WriteDocument(std::ostream& stream, const Json& answer) {
+    const Json& document = answer["document"];
+    stream << std::left << std::setw(6) << TextOf(document["Id"]) << std::setw(12) << TextOf(document["Type"])
+           << TextOf(document["Name"]) << '\n';
+}
+
+// "key: value" for an answer of one value.
+template <const char* key>
+void WriteValue(std::ostream& stream, const Json& answer) {
+    stream << key << ": " << TextOf(answer[key]) << '\n';
+}
+
+constexpr char beep[] = "beep";
+constexpr char shown[] = "shown";
+constexpr char failure[] = "failure";
+constexpr char error[] = "error";
+constexpr char changed[] = "changed";
+constexpr char deleted[] = "deleted";
+
+struct AnswerKind {
+    std::string_view key;
+    bool isMessage;
+    Write write;
+};
+
+constexpr std::array answerKinds = {
+    AnswerKind{"message", true, WriteMessage},       AnswerKind{beep, true, WriteValue<beep>},
+    AnswerKind{shown, true, WriteValue<shown>},      AnswerKind{failure, true, WriteValue<failure>},
+    AnswerKind{error, true, WriteValue<error>},      AnswerKind{"look", false, WriteLook},
+    AnswerKind{"record", false, WriteRecord},        AnswerKind{changed, false, WriteValue<changed>},
+    AnswerKind{"valid", false, WriteValid},          AnswerKind{"saved", false, WriteSaved},
+    AnswerKind{"entry", false, WriteEntry},          AnswerKind{"document", false, WriteDocument},
+    AnswerKind{deleted, false, WriteValue<deleted>},
+};
+
+struct ToJson {
+    Json operator()(std::monostate) const { return nullptr; }
+    template <class T>
+    Json operator()(const T& value) const {
+        return value;
+    }
+};
+
+Json DateJson(DateTime dateTime) { return dateTime == 0 ? Json(nullptr) : Json(IsoText(dateTime)); }
+
+struct PropertyJson {
+    const CNolSchedData& record;
+
+    template <class T>
+    Json operator()(const Column<T>& column) const {
+        return record.*column.pProperty;
+    }
+    Json operator()(const Column<DateTime>& column) const { return DateJson(record.*column.pProperty); }
+};
+
+Json OverrideJson(const CNolOverride& item) {
+    return {{"NOL_OverrideId", item.NOL_OverrideId},
+            {"OverrideType", item.OverrideType},
+            {"ScenarioId", item.ScenarioId},
+            {"Duration", item.Duration},
+            {"Polling_Interval", item.Polling_Interval},
+            {"Retrieve_Delay", item.Retrieve_Delay},
+            {"ClearLog", item.ClearLog}};
+}
+
+}  // namespace
+
+void Answers::Tell(const Json& answer) {
+    if (isJson) {
+        out << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+        return;
+    }
+    const auto& key = answer.begin().key();
+    for (const auto& kind : answerKinds) {
+        if (kind.key != key) continue;
+        std::ostream& stream = kind.isMessage ? err : out;
+        kind.write(stream, answer);
+        stream.flush();
+    }
+}
+
+Json JsonOf(const LintelValue& value) { return std::visit(ToJson{}, value); }
+
+Json JsonOf(const CNolSchedData& record) {
+    Json properties;
+    for (const auto& column : AllEntryColumns())
+        properties[std::string(NameOf(column))] = std::visit(PropertyJson{record}, column);
+    properties["IsNew"] = record.IsNew;
+    properties["HomOvr"] = record.HomOvr;
+    properties["PlmOvr"] = record.PlmOvr;
+    properties["RfcOvr"] = record.RfcOvr;
+    properties["VcsOvr"] = record.VcsOvr;
+    Json overrides = Json::array();
+    for (const auto& [key, item] : record.Overrides()) overrides.push_back(OverrideJson(*item));
+    return {{"record", properties}, {"overrides", overrides}};
+}
+
+}  // namespace NolSchedCtls

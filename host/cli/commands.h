@@ -1,0 +1,21 @@
+// `nolsched`: the scripted host as one call, so that a test runs what a user runs.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace NolSchedCtls {
+
+struct Terminal {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+    bool isInteractive = false;  // `in` is a terminal: prompt for a script
+    std::string sUser;           // who saves
+};
+
+// The arguments behind the program's name. Needs a QCoreApplication. Gives the exit status.
+int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal);
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,170 @@
+#include "host/cli/script.h"
+
+#include <istream>
+#include <ostream>
+
+#include "host/cli/acts.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+
+// The word at the front, taken off together with one blank behind it: what follows is text as it stands.
+std::string_view TakeWord(std::string_view& line) {
+    const std::size_t end = std::min(line.find_first_of(blanks), line.size());
+    const std::string_view word = line.substr(0, end);
+    line.remove_prefix(std::min(end + 1, line.size()));
+    return word;
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view line) {
+    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+    return line;
+}
+
+bool IsEmptyOrComment(std::string_view line) {
+    line = WithoutLeadingBlanks(line);
+    return line.empty() || line.starts_with('#');
+}
+
+void RefuseRest(std::string_view verb, std::string_view rest) {
+    if (!IsEmptyOrComment(rest))
+        throw UsageError(std::string(verb) + " takes no text, but " + Quoted(rest) + " stands behind it.");
+}
+
+}  // namespace
+
+struct Script::Question {
+    std::string_view verb;
+    void (Script::*answer)(std::string_view rest);
+};
+
+constinit const Script::Question Script::questions[5] = {{"look", &Script::Look},
+                                                         {"record", &Script::ShowRecord},
+                                                         {"changed", &Script::ShowChanged},
+                                                         {"valid", &Script::Valid},
+                                                         {"save", &Script::Save}};
+
+Script::Script(EntrySession& sessionA, Answers& answersA) : session(sessionA), answers(answersA) {
+    connections.emplace_back(session.Notifier().TabShown.Connect([this](const std::string& sTabName) {
+        const Page* page = session.FindPage(sTabName);
+        answers.Tell({{"shown", page == nullptr ? sTabName : std::string(page->sName)}});
+    }));
+    for (const Page& page : session.Pages())
+        connections.emplace_back(page.tab->Beep.Connect([this](const ViewField& field) {
+            answers.Tell({{"beep", field.Name()}});
+        }));
+}
+
+int Script::Run(std::istream& lines, std::ostream* prompt) {
+    std::string line;
+    for (int number = 1;; ++number) {
+        if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
+        if (!std::getline(lines, line)) return status;
+        if (line.ends_with('\r')) line.pop_back();
+        try {
+            Line(line);
+        } catch (const UsageError& error) {
+            const std::string told = "line " + std::to_string(number) + ": " + error.what();
+            if (prompt == nullptr) throw UsageError(told);
+            answers.Tell({{"error", told}});
+        }
+    }
+}
+
+void Script::Line(std::string_view line) {
+    if (IsEmptyOrComment(line)) return;
+    line = WithoutLeadingBlanks(line);
+    const std::string_view verb = TakeWord(line);
+    for (const Question& question : questions)
+        if (question.verb == verb) return (this->*question.answer)(line);
+    if (IsAct(verb)) return Act(verb, line);
+    throw UsageError(
+        "There is no command " + Quoted(verb) +
+        "; there are click, pick, type, paste, date, time, look, record, changed, valid and save.");
+}
+
+void Script::Act(std::string_view verb, std::string_view rest) {
+    rest = WithoutLeadingBlanks(rest);
+    const std::string_view target = TakeWord(rest);
+    const std::size_t dot = target.find('.');
+    if (dot == std::string_view::npos)
+        throw UsageError(std::string(verb) + " takes a field as TAB.FIELD, not " + Quoted(target) + ".");
+    const Page& page = PageNamed(target.substr(0, dot));
+    ViewField* const field = page.tab->FindField(target.substr(dot + 1));
+    if (field == nullptr) {
+        std::string names;
+        for (const auto* known : page.tab->Fields()) names += (names.empty() ? "" : ", ") + known->Name();
+        throw UsageError("The tab " + std::string(page.sName) + " has no field " +
+                         Quoted(target.substr(dot + 1)) + "; it has " + names + ".");
+    }
+    if (verb == "click") RefuseRest(verb, rest);
+    DoAct(verb, {std::string(target), *field}, std::string(rest));
+}
+
+const Page& Script::PageNamed(std::string_view name) const {
+    for (const Page& page : session.Pages())
+        if (page.sName == name) return page;
+    std::string names;
+    for (const Page& page : session.Pages()) names += (names.empty() ? "" : ", ") + std::string(page.sName);
+    throw UsageError("There is no tab " + Quoted(name) + "; there are " + names + ".");
+}
+
+void Script::LookAt(const Page& page) {
+    Json fields = Json::array();
+    for (const auto* field : page.tab->Fields()) fields.push_back(Describe(*field));
+    answers.Tell({{"look", page.sName}, {"fields", fields}});
+}
+
+void Script::Look(std::string_view rest) {
+    rest = WithoutLeadingBlanks(rest);
+    if (!IsEmptyOrComment(rest)) {
+        const std::string_view name = TakeWord(rest);
+        RefuseRest("look " + std::string(name), rest);
+        return LookAt(PageNamed(name));
+    }
+    for (const Page& page : session.Pages()) LookAt(page);
+}
+
+void Script::ShowRecord(std::string_view rest) {
+    RefuseRest("record", rest);
+    answers.Tell(JsonOf(session.Record()));
+}
+
+void Script::ShowChanged(std::string_view rest) {
+    RefuseRest("changed", rest);
+    answers.Tell({{"changed", session.Changes()}});
+}
+
+void Script::TellRefusal(const Page& page) {
+    const ViewField* const focus = page.tab->FocusedField();
+    answers.Tell({{"valid", false},
+                  {"tab", page.sName},
+                  {"focus", focus == nullptr ? Json(nullptr) : Json(focus->Name())}});
+}
+
+void Script::Valid(std::string_view rest) {
+    RefuseRest("valid", rest);
+    const Page* const refusal = session.FirstRefusal();
+    status = refusal == nullptr ? exitDone : exitRefused;
+    if (refusal == nullptr)
+        answers.Tell({{"valid", true}});
+    else
+        TellRefusal(*refusal);
+}
+
+void Script::Save(std::string_view rest) {
+    RefuseRest("save", rest);
+    const auto result = session.Save();
+    status = result.refusedBy == nullptr ? exitDone : exitRefused;
+    if (result.refusedBy == nullptr) {
+        answers.Tell({{"saved", true}, {"Id", session.Record().Id}});
+        return;
+    }
+    TellRefusal(*result.refusedBy);
+    answers.Tell({{"saved", false}});
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,15 @@
+// An entry's schedule as a line of text, for lists of entries.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "records/nol_sched_data.h"
+
+namespace NolSchedCtls {
+
+// Read off a schedule tab that has loaded the record; for one that no tab can show, the reason in
+// parentheses.
+std::string SentenceOf(const std::shared_ptr<CNolSchedData>& record);
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,196 @@
+#include "platform/services.h"
+
+#include <array>
+#include <exception>
+
+#include "records/app_constants.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+class DatabaseLintel : public ILintelDb {
+  public:
+    explicit DatabaseLintel(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
+
+    void ExecuteStatement(std::string_view sStatement) override { database->Execute(sStatement); }
+
+    // A connection has one source, one user and one kind of cursor; the query alone differs.
+    std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
+        return database->Open(arguments.sQuery);
+    }
+
+    std::string JoinValues(const std::vector<LintelValue>& values) const override {
+        std::string joined;
+        for (const auto& value : values) {
+            if (!joined.empty()) joined += ", ";
+            joined += database->Literal(value);
+        }
+        return joined;
+    }
+
+    LintelDateTime ImmediateDateTime() const override { return {Clock().Now(), true}; }
+
+  private:
+    std::shared_ptr<Database> database;
+};
+
+std::string PresentFailure() {
+    try {
+        if (const auto failure = std::current_exception()) std::rethrow_exception(failure);
+    } catch (const std::exception& failure) {
+        return failure.what();
+    } catch (...) {
+        return "a failure that bears no text";
+    }
+    return "no failure";
+}
+
+class CallbackReport : public ILintelFailureReport {
+  public:
+    explicit CallbackReport(std::function<void(const std::string&)> tellA)
+        : tell(std::move(tellA)), failure(PresentFailure()) {}
+
+    void ReportFailure(std::string_view sText) override { tell(std::string(sText) + failure); }
+
+  private:
+    std::function<void(const std::string&)> tell;
+    std::string failure;
+};
+
+class DatabaseCaddis : public ICaddisStore {
+  public:
+    explicit DatabaseCaddis(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
+
+    std::shared_ptr<const CaddisDocument> FindDocument(const CaddisDocumentType& type,
+                                                       std::int32_t nId) override {
+        const auto found = Documents(type, " AND Id = ?", {type.Name, std::int64_t{nId}});
+        return found.empty() ? nullptr : found.front();
+    }
+
+    std::vector<std::shared_ptr<const CaddisDocument>> DocumentsOfType(
+        const CaddisDocumentType& type) override {
+        return Documents(type, " ORDER BY Name", {type.Name});
+    }
+
+    CaddisUser CurrentUser() override {
+        CaddisUser user;
+        const auto rows = database->Open("SELECT Name, Value FROM NOL_Setting");
+        for (; !rows->AtEnd(); rows->MoveNext())
+            user.Settings[FieldToText(rows->Fields("Name"))] = FieldToText(rows->Fields("Value"));
+        return user;
+    }
+
+  private:
+    std::vector<std::shared_ptr<const CaddisDocument>> Documents(const CaddisDocumentType& type,
+                                                                 const std::string& rest,
+                                                                 const Database::Values& values) {
+        std::vector<std::shared_ptr<const CaddisDocument>> documents;
+        const auto rows = database->Open("SELECT Id, Name FROM NOL_Document WHERE Type = ?" + rest, values);
+        for (; !rows->AtEnd(); rows->MoveNext())
+            documents.push_back(std::make_shared<CaddisDocument>(CaddisDocument{
+                LintelDb().FieldToNumber(rows->Fields("Id"), 0), FieldToText(rows->Fields("Name")), type}));
+        return documents;
+    }
+
+    std::shared_ptr<Database> database;
+};
+
+class CallbackMessages : public IMessageService {
+  public:
+    explicit CallbackMessages(std::function<void(const Message&)> showA) : show(std::move(showA)) {}
+
+    void Show(std::string_view sText, int nFlags, std::string_view sTitle, int /*nHelpFile*/,
+              int /*nHelpContext*/) override {
+        show({std::string(sText), nFlags, std::string(sTitle)});
+    }
+
+  private:
+    std::function<void(const Message&)> show;
+};
+
+class CallbackClock : public IClock {
+  public:
+    explicit CallbackClock(std::function<DateTime()> nowA) : now(std::move(nowA)) {}
+    DateTime Now() override { return now(); }
+
+  private:
+    std::function<DateTime()> now;
+};
+
+class PlatformProvider : public ServiceProvider {
+  public:
+    PlatformProvider(std::shared_ptr<Database> databaseA, HostServices hostA)
+        : database(std::move(databaseA)), host(std::move(hostA)) {}
+
+    std::unique_ptr<ILintelDb> CreateLintelDb() override {
+        return std::make_unique<DatabaseLintel>(database);
+    }
+    std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override {
+        return std::make_unique<CallbackReport>(host.reportFailure);
+    }
+    std::unique_ptr<ICaddisStore> CreateCaddisStore() override {
+        return std::make_unique<DatabaseCaddis>(database);
+    }
+    std::unique_ptr<IMessageService> CreateMessageService() override {
+        return std::make_unique<CallbackMessages>(host.showMessage);
+    }
+    std::unique_ptr<IClock> CreateClock() override {
+        if (!host.now) return ServiceProvider::CreateClock();
+        return std::make_unique<CallbackClock>(host.now);
+    }
+
+  private:
+    std::shared_ptr<Database> database;
+    HostServices host;
+};
+
+struct Sample {
+    std::string_view type;
+    std::string_view name;
+};
+
+constexpr std::array sampleDocuments = {
+    Sample{"NOL Group", "North Cells"}, Sample{"NOL Group", "South Cells"}, Sample{"NOL Group", "Core Sites"},
+    Sample{"Scenario", "Baseline"},     Sample{"Scenario", "Busy Hour"},    Sample{"Scenario", "Drive Test"},
+};
+
+constexpr std::array defaultSettings = {Sample{MAppConstants::maxPurgeInterval, "365"},
+                                        Sample{MAppConstants::autoPurgeRequired, "N"}};
+
+constexpr std::array serviceTables = {"NOL_Override", "NOL_Document", "NOL_Setting"};
+
+template <std::size_t count>
+void Fill(Database& database, std::string_view statement, const std::array<Sample, count>& samples) {
+    for (const auto& sample : samples)
+        database.Execute(statement, {std::string(sample.type), std::string(sample.name)});
+}
+
+}  // namespace
+
+void CreateServiceTables(Database& database) {
+    const bool hasDocuments = database.HasTable("NOL_Document");
+    const bool hasSettings = database.HasTable("NOL_Setting");
+    database.Execute(
+        "CREATE TABLE IF NOT EXISTS NOL_Override (NOL_OverrideId INTEGER NOT NULL, Type TEXT NOT NULL, "
+        "ScenarioId INTEGER, Duration INTEGER, Polling_Interval INTEGER, Retrieve_Delay INTEGER, ClearLog "
+        "TEXT)");
+    database.Execute("CREATE INDEX IF NOT EXISTS NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
+    database.Execute("CREATE TABLE IF NOT EXISTS NOL_Document (Id " + std::string(database.IdColumn()) +
+                     ", Type TEXT NOT NULL, Name TEXT NOT NULL, UNIQUE (Type, Name))");
+    database.Execute("CREATE TABLE IF NOT EXISTS NOL_Setting (Name TEXT PRIMARY KEY, Value TEXT NOT NULL)");
+    if (!hasDocuments) Fill(database, "INSERT INTO NOL_Document (Type, Name) VALUES (?, ?)", sampleDocuments);
+    if (!hasSettings) Fill(database, "INSERT INTO NOL_Setting (Name, Value) VALUES (?, ?)", defaultSettings);
+}
+
+void CheckServiceTables(const Database& database) {
+    for (const char* table : serviceTables)
+        if (!database.HasTable(table))
+            throw StoreError(database.Name() + ": the table " + table + " is missing.");
+}
+
+std::unique_ptr<ServiceProvider> MakePlatformProvider(std::shared_ptr<Database> database, HostServices host) {
+    return std::make_unique<PlatformProvider>(std::move(database), std::move(host));
+}
+
+}  // namespace NolSchedCtls

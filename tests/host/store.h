@@ -1,0 +1,29 @@
+// A store of its own for each test, and what stands in it.
+#pragma once
+
+#include <string>
+
+namespace NolSchedCtls::Testing {
+
+// An empty store, gone at its end: a file, or a database on the server that NOLSCHED_TEST_SERVER names
+// ("postgresql://user@host:port").
+class TemporaryStore {
+  public:
+    TemporaryStore();
+    ~TemporaryStore();
+    TemporaryStore(const TemporaryStore&) = delete;
+    TemporaryStore& operator=(const TemporaryStore&) = delete;
+
+    static bool IsServer();
+    const std::string& Address() const { return address; }
+    // Rows as "1|HOM Study|NULL|''", one a line; empty for a statement without rows.
+    std::string Sql(const std::string& statement) const;
+    // All rows of all tables.
+    std::string Dump() const;
+
+  private:
+    std::string name;
+    std::string address;
+};
+
+}  // namespace NolSchedCtls::Testing
