@@ -194,14 +194,20 @@ void EntryStore::Delete(std::int32_t nId) {
     database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{nId}});
 }
 
-void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit) const {
+std::int64_t EntryStore::Count() const {
+    const auto rows = database->Open("SELECT COUNT(*) AS Entries FROM NOL_Schedule");
+    return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);
+}
+
+void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, std::int64_t nAfterId,
+                         std::int64_t nMost) const {
     const auto rows = database->Open(
-        "SELECT NOL_Schedule.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
-        "NOL_Schedule "
-        "LEFT JOIN NOL_Document ON NOL_Document.Id = NOL_Schedule.RptGrpId AND NOL_Document.Type = 'NOL "
-        "Group' "
-        "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = NOL_Schedule.Id ORDER BY NOL_Schedule.Id, "
-        "NOL_Override.Type");
+        "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
+        "(SELECT * FROM NOL_Schedule WHERE Id > ? ORDER BY Id LIMIT ?) AS Entry "
+        "LEFT JOIN NOL_Document ON NOL_Document.Id = Entry.RptGrpId AND NOL_Document.Type = 'NOL Group' "
+        "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
+        "NOL_Override.Type",
+        {nAfterId, nMost});
     ListedEntry entry{std::make_shared<CNolSchedData>(), {}, {}};
     while (!rows->AtEnd()) {
         const auto nId = LintelDb().FieldToNumber(rows->Fields("Id"), 0);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -54,8 +55,12 @@ class EntryStore {
     // Runs a step of opening a stored entry: what it raises becomes a StoreError that names store and entry
     // (0: a new one).
     void Opening(std::int32_t nId, const std::function<void()>& step) const;
-    // By Id, one at a time. The entry given is filled anew for the next.
-    void ForEach(const std::function<void(const ListedEntry&)>& visit) const;
+    // By Id, one at a time, from behind nAfterId on and at most nMost. The entry given is filled anew for the
+    // next.
+    void ForEach(const std::function<void(const ListedEntry&)>& visit,
+                 std::int64_t nAfterId = std::numeric_limits<std::int32_t>::min(),
+                 std::int64_t nMost = std::numeric_limits<std::int64_t>::max()) const;
+    std::int64_t Count() const;
 
   private:
     [[noreturn]] void TellOvertaken(const CNolSchedData& record) const;

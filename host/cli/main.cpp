@@ -1,22 +1,16 @@
-#include <pwd.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <iostream>
 
 #include "host/cli/commands.h"
-
-namespace {
-
-std::string UserName() {
-    const passwd* const user = getpwuid(geteuid());
-    return user == nullptr ? "uid " + std::to_string(geteuid()) : user->pw_name;
-}
-
-}  // namespace
+#include "host/process.h"
 
 int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    NolSchedCtls::HidePasswords(argc, argv);
     const QCoreApplication application(argc, argv);
-    NolSchedCtls::Terminal terminal{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) == 1, UserName()};
-    return NolSchedCtls::RunNolsched({argv + 1, argv + argc}, terminal);
+    NolSchedCtls::Terminal terminal{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) == 1,
+                                    NolSchedCtls::UserName()};
+    return NolSchedCtls::RunNolsched(arguments, terminal);
 }

@@ -1,0 +1,15 @@
+// What a host asks of, and hides from, its own process.
+#pragma once
+
+#include <string>
+
+namespace NolSchedCtls {
+
+// The name of the user that the process runs for; saves bear it.
+std::string UserName();
+
+// Overwrites the passwords of store addresses in the process's arguments, which other users can read. Read
+// the arguments before.
+void HidePasswords(int argc, char** argv);
+
+}  // namespace NolSchedCtls

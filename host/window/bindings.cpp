@@ -1,0 +1,311 @@
+#include "host/window/bindings.h"
+
+#include <QAbstractItemView>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QCompleter>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QSignalBlocker>
+#include <QTimeEdit>
+#include <array>
+
+#include "host/window/date_combo.h"
+#include "host/window/field_link.h"
+#include "host/window/qt_text.h"
+#include "toolkit/check_box.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/dt_picker.h"
+#include "toolkit/text_box.h"
+#include "toolkit/x_ambit.h"
+#include "toolkit/x_marlet.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+QWidget* BindCheckBox(CheckBox& field, QWidget* parent) {
+    auto* const box = new QCheckBox(Trimmed(field.Caption()), parent);
+    auto* const link = FieldLink::Tie(field, *box, [&field, box] { box->setChecked(field.Value() != 0); });
+    QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
+    return box;
+}
+
+void ShowEntries(const DropDownList& field, QComboBox& list) {
+    const auto& entries = field.Entries();
+    bool isSame = entries.size() == static_cast<std::size_t>(list.count());
+    for (std::size_t i = 0; isSame && i < entries.size(); ++i)
+        isSame = list.itemText(static_cast<int>(i)) == ToQt(entries[i]);
+    if (!isSame) {
+        list.clear();
+        for (const auto& entry : entries) list.addItem(ToQt(entry));
+    }
+    list.setCurrentIndex(field.ListIndex());
+}
+
+QWidget* BindDropDownList(DropDownList& field, QWidget* parent) {
+    auto* const list = new QComboBox(parent);
+    list->setMaxVisibleItems(15);
+    auto* const link = FieldLink::Tie(field, *list, [&field, list] { ShowEntries(field, *list); });
+    QObject::connect(list, &QComboBox::activated, link,
+                     [&field, link](int index) { link->Act([&] { field.PickIndex(index); }); });
+    return list;
+}
+
+// Takes keys before a line edit does; the filter tells which it may have.
+class KeyFilter : public QObject {
+  public:
+    KeyFilter(QLineEdit& edit, std::function<bool(char32_t)> passesA)
+        : QObject(&edit), passes(std::move(passesA)) {
+        edit.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        for (const char32_t key : KeysOf(*event))
+            if (!passes(key)) return true;
+        return false;
+    }
+
+  private:
+    static QList<uint> KeysOf(const QEvent& event) {
+        if (event.type() == QEvent::InputMethod)
+            return static_cast<const QInputMethodEvent&>(event).commitString().toUcs4();
+        if (event.type() != QEvent::KeyPress) return {};
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        if (key.key() == Qt::Key_Backspace) return {keyBackspace};
+        const bool isText = !key.text().isEmpty() && key.text().at(0).category() != QChar::Other_Control &&
+                            (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+        return isText ? key.text().toUcs4() : QList<uint>();
+    }
+
+    std::function<bool(char32_t)> passes;
+};
+
+// A stored text may be longer than a user's may.
+void ShowText(const QString& text, std::size_t limit, QLineEdit& edit) {
+    if (limit > 0) edit.setMaxLength(std::max(static_cast<int>(limit), static_cast<int>(text.size())));
+    if (edit.text() != text) edit.setText(text);
+}
+
+QWidget* BindTextBox(TextBox& field, QWidget* parent) {
+    auto* const edit = new QLineEdit(parent);
+    auto* const link = FieldLink::Tie(field, *edit, [&field, edit] {
+        edit->setReadOnly(field.Locked());
+        ShowText(ToQt(field.Text()), field.MaxLength(), *edit);
+    });
+    new KeyFilter(*edit, [&field](char32_t key) { return field.Locked() || field.FilterKey(key) != 0; });
+    QObject::connect(edit, &QLineEdit::textEdited, link, [&field, link](const QString& text) {
+        link->Act([&] { field.Paste(text.toStdString()); });
+    });
+    return edit;
+}
+
+// What the design tells apart by runs of blanks are lines.
+QString LabelText(const Label& field) {
+    static const QRegularExpression runOfBlanks(u" {10,}"_s);
+    return Trimmed(field.Caption()).replace(runOfBlanks, u"\n"_s);
+}
+
+QWidget* BindLabel(Label& field, QWidget* parent) {
+    auto* const label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    FieldLink::Tie(field, *label, [&field, label] { label->setText(LabelText(field)); });
+    return label;
+}
+
+QWidget* BindFrame(Frame& field, QWidget* parent) {
+    auto* const group = new QGroupBox(Trimmed(field.Caption()), parent);
+    FieldLink::Tie(field, *group, {});
+    return group;
+}
+
+QWidget* BindDate(SSDateCombo& field, QWidget* parent) { return new DateCombo(field, parent); }
+
+// Tab leaves the field at once; the arrow keys go from part to part. "a" and "p" choose the half of the day
+// wherever the cursor stands.
+class TimeEdit : public QTimeEdit {
+  public:
+    using QTimeEdit::QTimeEdit;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString key = event->text().toLower();
+        if (key != u"a"_s && key != u"p"_s) return QTimeEdit::keyPressEvent(event);
+        setTime(QTime(time().hour() % 12 + (key == u"p"_s ? 12 : 0), time().minute()));
+    }
+    // The class between would go from part to part.
+    bool focusNextPrevChild(bool next) override {
+        return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
+    }
+};
+
+QWidget* BindTime(DTPicker& field, QWidget* parent) {
+    auto* const edit = new TimeEdit(parent);
+    edit->setDisplayFormat(u"h:mm AP"_s);
+    auto* const link = FieldLink::Tie(field, *edit, [&field, edit] {
+        const QTime time(field.Hour(), field.Minute());
+        const QSignalBlocker blocker(edit);
+        if (edit->time() != time) edit->setTime(time);
+    });
+    QObject::connect(edit, &QTimeEdit::timeChanged, link, [&field, link](QTime time) {
+        link->Act([&] { field.PickTime(time.hour(), time.minute()); });
+    });
+    return edit;
+}
+
+// Asks the store anew whenever it opens: others add documents.
+class PickerCombo : public QComboBox {
+  public:
+    PickerCombo(XMarlet& fieldA, QWidget* parent) : QComboBox(parent), field(fieldA) {
+        setEditable(true);
+        setInsertPolicy(NoInsert);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        lineEdit()->setPlaceholderText(u"None"_s);
+        auto* const typeAhead = new QCompleter(model(), this);
+        typeAhead->setFilterMode(Qt::MatchContains);
+        typeAhead->setCaseSensitivity(Qt::CaseInsensitive);
+        setCompleter(typeAhead);
+        link = FieldLink::Tie(field, *this, [this] { Show(); });
+        connect(lineEdit(), &QLineEdit::textEdited, this,
+                [this](const QString& text) { link->Act([&] { field.Paste(text.toStdString()); }); });
+        connect(this, &QComboBox::activated, this, [this](int index) {
+            if (index >= 0) link->Act([&] { field.Pick(itemText(index).toStdString()); });
+        });
+    }
+
+    void showPopup() override {
+        link->Act([this] { Fill(); });
+        QComboBox::showPopup();
+        const int last = findData(field.LastDocumentId());
+        if (!field.Document() && last >= 0) view()->setCurrentIndex(model()->index(last, 0));
+    }
+
+  private:
+    void Fill() {
+        clear();
+        for (const auto& document : field.Entries()) addItem(ToQt(document->Name), document->Id);
+        setCurrentIndex(-1);
+    }
+
+    void Show() {
+        const QString text = ToQt(field.Text());
+        if (count() == 0 || (field.Document() && findData(field.Document()->Id) < 0)) Fill();
+        const int index = field.Document() ? findData(field.Document()->Id) : -1;
+        if (currentIndex() != index) setCurrentIndex(index);
+        if (lineEdit()->text() != text) setEditText(text);
+    }
+
+    XMarlet& field;
+    FieldLink* link = nullptr;
+};
+
+QWidget* BindPicker(XMarlet& field, QWidget* parent) { return new PickerCombo(field, parent); }
+
+// A field of several widgets in a row, each of which takes the focus by itself.
+class Parts : public QWidget {
+  public:
+    explicit Parts(QWidget* parent) : QWidget(parent), row(new QHBoxLayout(this)) {
+        row->setContentsMargins(0, 0, 0, 0);
+    }
+
+    QHBoxLayout* const row;
+};
+
+// A key that the field would refuse goes to the field, which beeps.
+bool PassesDays(XAmbitPurge& field, char32_t key) {
+    const bool passes = key == keyBackspace || (key >= U'0' && key <= U'9');
+    if (!passes) field.Key(key);
+    return passes;
+}
+
+QWidget* BindPurge(XAmbitPurge& field, QWidget* parent) {
+    auto* const widget = new Parts(parent);
+    auto* const box = new QCheckBox(u"Purge automatically after"_s, widget);
+    auto* const days = new QLineEdit(widget);
+    auto* const unit = new QLabel(widget);
+    days->setObjectName(u"days"_s);
+    days->setAccessibleName(u"Purge interval in days"_s);
+    days->setFixedWidth(days->fontMetrics().horizontalAdvance(u"00000000"_s));
+    widget->row->addWidget(box);
+    widget->row->addWidget(days);
+    widget->row->addWidget(unit, 1);
+    auto* const link = FieldLink::Tie(field, *widget, [&field, box, days, unit] {
+        box->setChecked(field.IsOn());
+        ShowText(ToQt(field.DaysText()), 0, *days);
+        unit->setText(u"days (at most %1)"_s.arg(field.MaximumDays()));
+    });
+    link->AddFocusPart(*box);
+    link->AddFocusPart(*days);
+    new KeyFilter(*days, [&field](char32_t key) { return PassesDays(field, key); });
+    QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
+    QObject::connect(days, &QLineEdit::textEdited, link, [&field, link](const QString& text) {
+        link->Act([&] { field.PasteDays(text.toStdString()); });
+    });
+    return widget;
+}
+
+// None is on for a mode that has no text: a group that is exclusive would not let it be.
+void ShowMode(const XAmbitDownload& field, QButtonGroup& modes) {
+    modes.setExclusive(false);
+    for (auto* mode : modes.buttons()) mode->setChecked(mode->text() == ToQt(field.Text()));
+    modes.setExclusive(true);
+}
+
+QWidget* BindDownload(XAmbitDownload& field, QWidget* parent) {
+    auto* const widget = new Parts(parent);
+    auto* const modes = new QButtonGroup(widget);
+    for (const auto& entry : downloadModes) {
+        auto* const mode = new QRadioButton(ToQt(entry.text), widget);
+        modes->addButton(mode);
+        widget->row->addWidget(mode);
+    }
+    widget->row->addStretch();
+    auto* const link = FieldLink::Tie(field, *widget, [&field, modes] { ShowMode(field, *modes); });
+    for (auto* mode : modes->buttons()) {
+        link->AddFocusPart(*mode);
+        QObject::connect(mode, &QRadioButton::clicked, link, [&field, link, mode] {
+            link->Act([&] { field.Pick(mode->text().toStdString()); });
+        });
+    }
+    return widget;
+}
+
+template <class Kind, auto bind>
+QWidget* BindAs(ViewField& field, QWidget* parent) {
+    auto* const kind = dynamic_cast<Kind*>(&field);
+    return kind == nullptr ? nullptr : bind(*kind, parent);
+}
+
+constexpr std::array kinds = {
+    BindAs<CheckBox, BindCheckBox>, BindAs<DropDownList, BindDropDownList>,
+    BindAs<TextBox, BindTextBox>,   BindAs<Label, BindLabel>,
+    BindAs<Frame, BindFrame>,       BindAs<SSDateCombo, BindDate>,
+    BindAs<DTPicker, BindTime>,     BindAs<XMarlet, BindPicker>,
+    BindAs<XAmbitPurge, BindPurge>, BindAs<XAmbitDownload, BindDownload>,
+};
+
+}  // namespace
+
+QWidget* BindField(ViewField& field, QWidget* parent) {
+    for (const auto bind : kinds)
+        if (QWidget* const widget = bind(field, parent)) return widget;
+    throw NolSchedError("The field " + field.Name() + " is of no known kind.");
+}
+
+QList<QWidget*> TabStops(QWidget& bound) {
+    if (dynamic_cast<Parts*>(&bound) == nullptr)
+        return (bound.focusPolicy() & Qt::TabFocus) != 0 ? QList<QWidget*>{&bound} : QList<QWidget*>();
+    QList<QWidget*> stops;
+    for (auto* part : bound.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if ((part->focusPolicy() & Qt::TabFocus) != 0) stops.append(part);
+    return stops;
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,18 @@
+// The widgets of view fields, one function a kind.
+#pragma once
+
+#include <QWidget>
+
+#include "toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+// Makes the widget of the field's kind under the parent. It shows what the field holds, at once and from then
+// on, and turns what a user does to it into the field's own acts. It may end before the field does, not the
+// other way round. Raises NolSchedError for a field of an unknown kind.
+QWidget* BindField(ViewField& field, QWidget* parent);
+
+// The widgets of a field that take the focus by Tab, in their order.
+QList<QWidget*> TabStops(QWidget& bound);
+
+}  // namespace NolSchedCtls

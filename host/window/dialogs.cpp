@@ -1,0 +1,49 @@
+#include "host/window/dialogs.h"
+
+#include <QApplication>
+#include <QInputDialog>
+
+#include "host/window/qt_text.h"
+#include "records/app_constants.h"
+#include "records/services/provider.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+QMessageBox::Icon IconOf(int flags) {
+    if ((flags & MAppConstants::exclamationMark) == MAppConstants::exclamationMark)
+        return QMessageBox::Warning;
+    return (flags & MAppConstants::stopSign) != 0 ? QMessageBox::Critical : QMessageBox::Information;
+}
+
+QMessageBox::StandardButton Ask(QWidget* parent, const Question& question) {
+    QMessageBox box(QMessageBox::Question, question.title, question.text, question.buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(question.preferred);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+QString Choose(QWidget* parent, const QString& title, const QString& label, const QStringList& offered,
+               int current) {
+    bool chosen = false;
+    const QString text = QInputDialog::getItem(parent, title, label, offered, current, false, &chosen);
+    return chosen ? text : QString();
+}
+
+}  // namespace
+
+void ShowMessageBox(const Message& message) {
+    QMessageBox box(IconOf(message.flags), ToQt(message.title), ToQt(message.text).remove(u'\r'),
+                    QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+void TellFailure(const std::exception& error) {
+    MessageService().Show(error.what(), MAppConstants::stopSign, "Schedule Entries", 0, 0);
+}
+
+Dialogs UserDialogs() { return {Ask, Choose}; }
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,62 @@
+// The window of one open entry: six pages, OK, Cancel and Apply.
+#pragma once
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <memory>
+
+#include "host/entry_session.h"
+#include "host/window/dialogs.h"
+
+class QLineEdit;
+class QTabWidget;
+
+namespace NolSchedCtls {
+
+class PageView;
+
+// Deletes itself when it is closed. Nothing that the user entered is thrown away without a question; a save
+// that is refused or fails is told, and everything stays as it was entered.
+class EntryEditor : public QDialog {
+    Q_OBJECT
+
+  public:
+    // Loads the session. Raises what EntrySession::Load does.
+    EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogsA);
+    ~EntryEditor() override;
+
+    EntrySession& Session() { return *session; }
+    PageView& PageOf(const Page& page) const;
+    QPushButton* Button(QDialogButtonBox::StandardButton which) const;
+    // Brings the page forward, by its short name or its title.
+    void ShowPage(std::string_view sName);
+
+    // False if a page or the store refused; the user has been told.
+    bool Save();
+    void accept() override;
+    void reject() override { close(); }
+
+  Q_SIGNALS:
+    void Saved(int id);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void MakeHeader();
+    void MakePages();
+    void MakeButtons();
+    void ShowState();
+    void CommitEdits();
+    bool MayClose();
+    bool IsUnsaved() const;
+
+    std::unique_ptr<EntrySession> session;
+    Dialogs dialogs;
+    QLineEdit* name = nullptr;
+    QTabWidget* pages = nullptr;
+    QDialogButtonBox* buttons = nullptr;
+    std::vector<ScopedConnection> connections;
+};
+
+}  // namespace NolSchedCtls

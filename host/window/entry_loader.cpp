@@ -1,0 +1,81 @@
+#include "host/window/entry_loader.h"
+
+#include <QElapsedTimer>
+#include <algorithm>
+
+#include "host/window/dialogs.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr int firstPiece = 50;
+constexpr int smallestPiece = 10;
+constexpr int millisecondsAPiece = 25;  // short enough that typing and scrolling stay smooth
+
+}  // namespace
+
+EntryLoader::EntryLoader(EntryStore& entriesA, EntryList& listA) : entries(entriesA), list(listA) {
+    connect(&timer, &QTimer::timeout, this, &EntryLoader::LoadPiece);
+}
+
+void EntryLoader::Start() {
+    list.Clear();
+    early.clear();
+    lastId = std::numeric_limits<std::int32_t>::min();
+    pieceSize = firstPiece;
+    try {
+        total = static_cast<int>(entries.Count());
+        timer.start(0);
+    } catch (const std::exception& error) {
+        TellFailure(error);
+    }
+}
+
+bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {
+    try {
+        entries.ForEach([&piece](const ListedEntry& entry) { piece.push_back(RowOf(entry)); }, lastId,
+                        pieceSize);
+        return piece.size() == static_cast<std::size_t>(pieceSize);
+    } catch (const std::exception& error) {
+        timer.stop();
+        TellFailure(error);
+        return false;
+    }
+}
+
+void EntryLoader::LoadPiece() {
+    QElapsedTimer clock;
+    clock.start();
+    std::vector<EntryRow> piece;
+    const bool hasMore = ReadPiece(piece);
+    if (!piece.empty()) lastId = piece.back().id;
+    std::erase_if(piece, [this](const EntryRow& row) { return early.contains(row.id); });
+    list.Append(piece);
+    const int slowness = std::max(1, static_cast<int>(clock.elapsed()));
+    pieceSize = std::clamp(pieceSize * millisecondsAPiece / slowness, smallestPiece, pieceSize * 2);
+    const auto loaded = static_cast<int>(list.Size());
+    Q_EMIT Progress(loaded, std::max(total, loaded));
+    if (hasMore) return;
+    timer.stop();
+    list.Sort();
+    Q_EMIT Finished();
+}
+
+void EntryLoader::Reload(std::int32_t id) {
+    bool isThere = false;
+    try {
+        entries.ForEach(
+            [&](const ListedEntry& entry) {
+                isThere = entry.record->Id == id;
+                if (isThere) list.Put(RowOf(entry));
+            },
+            std::int64_t{id} - 1, 1);
+    } catch (const std::exception& error) {
+        return TellFailure(error);
+    }
+    if (!isThere) list.Remove(id);
+    if (isThere && id > lastId) early.insert(id);
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,43 @@
+// Fills the list from the store, a piece at a time between the user's events.
+#pragma once
+
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+#include "host/window/entry_list.h"
+
+namespace NolSchedCtls {
+
+class EntryLoader : public QObject {
+    Q_OBJECT
+
+  public:
+    EntryLoader(EntryStore& entriesA, EntryList& listA);
+
+    // From the first entry on; what the list holds goes. Stops with a message box at a row that cannot be
+    // read; what was loaded stays.
+    void Start();
+    bool IsLoading() const { return timer.isActive(); }
+    // Reads one entry anew; one that is gone goes from the list.
+    void Reload(std::int32_t id);
+
+  Q_SIGNALS:
+    void Progress(int loaded, int total);
+    void Finished();
+
+  private:
+    void LoadPiece();
+    // True if there may be more behind it. A failure is told, and keeps what was read before.
+    bool ReadPiece(std::vector<EntryRow>& piece);
+
+    EntryStore& entries;
+    EntryList& list;
+    QTimer timer;
+    std::int64_t lastId = 0;
+    int total = 0;
+    int pieceSize = 0;
+    QSet<std::int32_t> early;  // in the list before the loading has come to them
+};
+
+}  // namespace NolSchedCtls

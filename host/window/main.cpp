@@ -1,0 +1,80 @@
+#include <QApplication>
+#include <QSettings>
+#include <iostream>
+
+#include "host/process.h"
+#include "host/window/appearance.h"
+#include "host/window/main_window.h"
+#include "host/window/options.h"
+#include "host/window/qt_text.h"
+#include "host/window/screenshots.h"
+
+namespace {
+
+using namespace NolSchedCtls;
+
+enum ExitStatus { exitDone = 0, exitUsage = 2, exitStore = 3 };
+
+bool HasDisplay() {
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+// Pictures show no boxes: what a tab has to say goes to the terminal.
+void WriteMessage(const Message& message) { std::cerr << message.title << ": " << message.text << '\n'; }
+
+int RunWindow(Workspace& workspace, const EditorOptions& options) {
+    QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
+    MainWindow window(workspace, UserDialogs());
+    window.RestoreLayout(settings);
+    window.show();
+    if (options.id) window.OpenEntry(*options.id);
+    const int status = QApplication::exec();
+    window.SaveLayout(settings);
+    return status;
+}
+
+int Run(const EditorOptions& options) {
+    const bool isPictures = !options.screenshots.isEmpty();
+    Workspace workspace(
+        {options.address, UserName(), isPictures ? WriteMessage : ShowMessageBox, options.now});
+    if (!isPictures) return RunWindow(workspace, options);
+    WriteScreenshots(workspace, options.screenshots);
+    return exitDone;
+}
+
+// A store that cannot be opened is told in a box, where there is a display for one.
+int RunGuarded(const EditorOptions& options) {
+    try {
+        return Run(options);
+    } catch (const std::exception& error) {
+        if (options.screenshots.isEmpty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
+        std::cerr << "nolsched-editor: " << error.what() << '\n';
+        return exitStore;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    EditorOptions options;
+    try {
+        options = ReadOptions({argv + 1, argv + argc});
+    } catch (const std::exception& error) {
+        std::cerr << "nolsched-editor: " << error.what() << '\n';
+        return exitUsage;
+    }
+    if (options.wantsHelp || options.wantsVersion) {
+        std::cout << (options.wantsHelp ? editorUsage : "nolsched-editor " NOLSCHED_VERSION "\n");
+        return exitDone;
+    }
+    if (!HasDisplay() && options.screenshots.isEmpty()) {
+        std::cerr << "nolsched-editor: there is no display; --screenshots needs none.\n";
+        return exitUsage;
+    }
+    if (!HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+    HidePasswords(argc, argv);
+    const QApplication application(argc, argv);
+    SetAppearance(options.isDark);
+    return RunGuarded(options);
+}

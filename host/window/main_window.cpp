@@ -1,0 +1,329 @@
+#include "host/window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QSettings>
+#include <QStatusBar>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "host/window/qt_text.h"
+#include "records/app_constants.h"
+#include "records/services/provider.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr int blinkMilliseconds = 300;
+constexpr int filterMilliseconds = 150;
+
+// A session over a new record with all that the stored entry holds.
+std::unique_ptr<EntrySession> CopyOf(Workspace& workspace, std::int32_t id) {
+    auto copy = std::make_unique<EntrySession>(workspace, id);
+    CNolSchedData& record = copy->Record();
+    record.Id = 0;
+    record.IsNew = true;
+    record.EditorName += " (copy)";
+    record.LastRunDate = record.NextRunDate = 0;
+    return copy;
+}
+
+// The choice is a whole row; no cell of it is marked on its own.
+class RowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state.setFlag(QStyle::State_HasFocus, false);
+    }
+};
+
+}  // namespace
+
+struct MainWindow::Command {
+    const char* text;
+    const char* shortcut;
+    const char* tip;
+    void (MainWindow::*run)();
+    bool isForEntry;
+    bool isInToolBar;
+};
+
+constinit const MainWindow::Command MainWindow::commands[8] = {
+    {"&New", "Ctrl+N", "Makes a scheduled entry", &MainWindow::New, false, true},
+    {"New &Immediate", "Ctrl+Shift+N", "Makes an entry that runs at once", &MainWindow::NewImmediate, false,
+     true},
+    {"&Edit", "Ctrl+E", "Opens the chosen entry (also Enter, or a double click)", &MainWindow::Edit, true,
+     true},
+    {"&Duplicate", "Ctrl+D", "Opens a copy of the chosen entry", &MainWindow::Duplicate, true, true},
+    {"De&lete", "Del", "Deletes the chosen entry", &MainWindow::Delete, true, true},
+    {"&Find", "Ctrl+F", "Goes to the filter", &MainWindow::FindEntry, false, false},
+    {"&Refresh", "F5", "Reads the list anew", &MainWindow::Refresh, false, false},
+    {"&Quit", "Ctrl+Q", "Closes all windows", &MainWindow::Quit, false, false},
+};
+
+MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
+    : workspace(workspaceA), dialogs(std::move(dialogsA)), loader(workspace.Entries(), list) {
+    setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
+    resize(1080, 560);
+    MakeFilter();
+    MakeTable();
+    MakeActions();
+    MakeStatus();
+    connect(&loader, &EntryLoader::Progress, this, &MainWindow::ShowProgress);
+    connect(&loader, &EntryLoader::Finished, this, [this] {
+        progress->hide();
+        ShowCount();
+        SelectEntry(list.PlaceOf(wantedId) < 0 && list.rowCount() > 0 ? list.IdAt(0) : wantedId);
+    });
+    table->setFocus();
+    Refresh();
+    ShowSelection();
+}
+
+MainWindow::~MainWindow() { qDeleteAll(editors); }
+
+void MainWindow::MakeActions() {
+    QMenu* const menu = menuBar()->addMenu(u"&Entry"_s);
+    QToolBar* const bar = addToolBar(u"Entry"_s);
+    bar->setObjectName(u"entryBar"_s);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    for (const Command& command : commands) {
+        auto* const action = new QAction(QString::fromUtf8(command.text), this);
+        action->setShortcut(QKeySequence(QString::fromUtf8(command.shortcut)));
+        action->setStatusTip(QString::fromUtf8(command.tip));
+        connect(action, &QAction::triggered, this, [this, &command] { (this->*command.run)(); });
+        menu->addAction(action);
+        if (command.isInToolBar) bar->addAction(action);
+        if (command.isForEntry) entryActions.append(action);
+    }
+    auto* const spacer = new QWidget(bar);
+    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(spacer);
+    bar->addWidget(filter);
+}
+
+void MainWindow::MakeFilter() {
+    filter = new QLineEdit(this);
+    filter->setPlaceholderText(u"Filter"_s);
+    filter->setAccessibleName(u"Filter"_s);
+    filter->setAccessibleDescription(u"Shows the entries that hold all of these words."_s);
+    filter->setClearButtonEnabled(true);
+    filter->setFixedWidth(filter->fontMetrics().averageCharWidth() * 36);
+    filterDelay.setSingleShot(true);
+    filterDelay.setInterval(filterMilliseconds);
+    connect(filter, &QLineEdit::textChanged, &filterDelay, qOverload<>(&QTimer::start));
+    connect(&filterDelay, &QTimer::timeout, this, &MainWindow::ApplyFilter);
+    connect(filter, &QLineEdit::returnPressed, this, [this] { table->setFocus(); });
+}
+
+void MainWindow::MakeTable() {
+    table = new QTableView(this);
+    table->setModel(&list);
+    table->setItemDelegate(new RowDelegate(table));
+    table->setAccessibleName(u"Entries"_s);
+    table->setSelectionBehavior(QTableView::SelectRows);
+    table->setSelectionMode(QTableView::SingleSelection);
+    table->setEditTriggers(QTableView::NoEditTriggers);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    table->setFrameShape(QFrame::NoFrame);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 9 / 5);
+    QHeaderView* const header = table->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setMinimumHeight(table->verticalHeader()->defaultSectionSize());
+    header->setSortIndicator(EntryRow::Id, Qt::AscendingOrder);
+    const int character = table->fontMetrics().averageCharWidth();
+    constexpr int widths[] = {9, 28, 20, 58, 26, 14};
+    for (int column = 0; column < EntryRow::End; ++column)
+        table->setColumnWidth(column, character * widths[column]);
+    header->setStretchLastSection(true);
+    table->setSortingEnabled(true);
+    connect(table, &QTableView::activated, this, &MainWindow::Edit);
+    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &MainWindow::ShowSelection);
+    hint = new QLabel(table);
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setEnabled(false);
+    auto* const over = new QVBoxLayout(table);
+    over->addWidget(hint);
+    hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    setCentralWidget(table);
+}
+
+void MainWindow::MakeStatus() {
+    count = new QLabel(this);
+    progress = new QProgressBar(this);
+    progress->setMaximumWidth(count->fontMetrics().averageCharWidth() * 30);
+    progress->setTextVisible(false);
+    progress->setAccessibleName(u"Loading"_s);
+    progress->hide();
+    statusBar()->addPermanentWidget(progress);
+    statusBar()->addPermanentWidget(count);
+    blink.setSingleShot(true);
+    blink.setInterval(blinkMilliseconds);
+    connect(&blink, &QTimer::timeout, this, [this] { progress->setVisible(loader.IsLoading()); });
+}
+
+void MainWindow::ShowProgress(int loaded, int total) {
+    progress->setRange(0, total);
+    progress->setValue(loaded);
+    ShowCount();
+}
+
+void MainWindow::ShowCount() {
+    const int visible = list.rowCount();
+    const auto all = static_cast<int>(list.Size());
+    const QLocale locale;
+    count->setText(visible == all
+                       ? u"%1 entries"_s.arg(locale.toString(all))
+                       : u"%1 of %2 entries"_s.arg(locale.toString(visible), locale.toString(all)));
+    hint->setVisible(visible == 0 && !loader.IsLoading());
+    hint->setText(all == 0 ? u"There are no entries yet. Press Ctrl+N to make one."_s
+                           : u"No entry holds all of these words."_s);
+}
+
+void MainWindow::ShowSelection() {
+    for (QAction* action : entryActions) action->setEnabled(CurrentId() != 0);
+}
+
+void MainWindow::ApplyFilter() {
+    const std::int32_t current = CurrentId();
+    list.SetFilter(filter->text());
+    SelectEntry(list.PlaceOf(current) >= 0 || list.rowCount() == 0 ? current : list.IdAt(0));
+    ShowCount();
+}
+
+std::int32_t MainWindow::CurrentId() const {
+    const QModelIndex current = table->currentIndex();
+    return current.isValid() ? list.IdAt(current.row()) : 0;
+}
+
+void MainWindow::SelectEntry(std::int32_t id) {
+    const int place = list.PlaceOf(id);
+    if (place >= 0) table->setCurrentIndex(list.index(place, EntryRow::Name));
+    ShowSelection();
+}
+
+EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession) {
+    try {
+        auto session = makeSession();
+        if (!session) return nullptr;
+        auto* const editor = new EntryEditor(std::move(session), dialogs);
+        editors.removeAll(nullptr);
+        editors.append(editor);
+        connect(editor, &EntryEditor::Saved, this, [this](int id) {
+            loader.Reload(id);
+            SelectEntry(id);
+            ShowCount();
+        });
+        editor->show();
+        return editor;
+    } catch (const std::exception& error) {
+        TellFailure(error);
+        return nullptr;
+    }
+}
+
+EntryEditor* MainWindow::OpenEntry(std::int32_t id) {
+    return Open([this, id] { return std::make_unique<EntrySession>(workspace, id); });
+}
+
+EntryEditor* MainWindow::OpenNew() {
+    return Open([this] {
+        return std::make_unique<EntrySession>(workspace,
+                                              EntrySession::NewEntry{.sName = "New Schedule Entry"});
+    });
+}
+
+// The group of an immediate entry stands from the start: its page offers none to pick.
+void MainWindow::NewImmediate() {
+    Open([this]() -> std::unique_ptr<EntrySession> {
+        const auto groups =
+            CaddisStore().DocumentsOfType(DocumentTypes().TypeByName(MAppConstants::nolGroup));
+        if (groups.empty()) throw RequestError("There is no study group to run; make one first.");
+        QStringList names;
+        for (const auto& group : groups) names.append(ToQt(group->Name));
+        const QString chosen =
+            dialogs.choose(this, u"New Immediate Entry"_s, u"Study group to run:"_s, names, 0);
+        const qsizetype place = names.indexOf(chosen);
+        if (place < 0) return nullptr;
+        const auto nGroup = groups[static_cast<std::size_t>(place)]->Id;
+        return std::make_unique<EntrySession>(workspace,
+                                              EntrySession::NewEntry{true, nGroup, "New Immediate Entry"});
+    });
+}
+
+void MainWindow::Edit() {
+    if (const std::int32_t id = CurrentId()) OpenEntry(id);
+}
+
+void MainWindow::Duplicate() {
+    if (const std::int32_t id = CurrentId()) Open([this, id] { return CopyOf(workspace, id); });
+}
+
+bool MainWindow::Confirm(std::int32_t id) {
+    const QModelIndex row = list.index(list.PlaceOf(id), EntryRow::Name);
+    using Box = QMessageBox;
+    return dialogs.ask(this, {u"Delete Entry"_s,
+                              u"Do you want to delete the entry \"%1\"?"_s.arg(row.data().toString()),
+                              Box::Yes | Box::Cancel, Box::Cancel}) == Box::Yes;
+}
+
+void MainWindow::Delete() {
+    const std::int32_t id = CurrentId();
+    if (id == 0 || !Confirm(id)) return;
+    try {
+        Transaction transaction(workspace.Store());
+        workspace.Entries().Delete(id);
+        transaction.Commit();
+    } catch (const std::exception& error) {
+        TellFailure(error);
+    }
+    loader.Reload(id);
+    ShowCount();
+    ShowSelection();
+}
+
+void MainWindow::Refresh() {
+    wantedId = CurrentId();
+    loader.Start();
+    blink.start();
+}
+
+void MainWindow::FindEntry() {
+    filter->setFocus(Qt::ShortcutFocusReason);
+    filter->selectAll();
+}
+
+void MainWindow::RestoreLayout(const QSettings& settings) {
+    restoreGeometry(settings.value(u"geometry"_s).toByteArray());
+    table->horizontalHeader()->restoreState(settings.value(u"columns"_s).toByteArray());
+}
+
+void MainWindow::SaveLayout(QSettings& settings) const {
+    settings.setValue(u"geometry"_s, saveGeometry());
+    settings.setValue(u"columns"_s, table->horizontalHeader()->saveState());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    for (const auto& editor : editors)
+        if (editor && !editor->close()) return event->ignore();
+    event->accept();
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,83 @@
+// The list of the entries, from which they are made, opened and deleted.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+
+#include "host/window/dialogs.h"
+#include "host/window/entry_editor.h"
+#include "host/window/entry_list.h"
+#include "host/window/entry_loader.h"
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QSettings;
+class QTableView;
+
+namespace NolSchedCtls {
+
+// Owns its editors, each a window of its own; closing it closes them first, each with its question. Lives no
+// longer than the workspace.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    MainWindow(Workspace& workspaceA, Dialogs dialogsA);
+    ~MainWindow() override;
+
+    void RestoreLayout(const QSettings& settings);
+    void SaveLayout(QSettings& settings) const;
+    // Shows the editor of a stored entry. A failure is told in a message box.
+    EntryEditor* OpenEntry(std::int32_t id);
+    // A new scheduled entry, without a group yet.
+    EntryEditor* OpenNew();
+    bool IsLoading() const { return loader.IsLoading(); }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    struct Command;
+    static const Command commands[8];
+
+    void MakeActions();
+    void MakeTable();
+    void MakeFilter();
+    void MakeStatus();
+    void New() { OpenNew(); }
+    void NewImmediate();
+    void Edit();
+    void Duplicate();
+    void Delete();
+    void Refresh();
+    void FindEntry();
+    void Quit() { close(); }
+    void ShowCount();
+    void ShowProgress(int loaded, int total);
+    void ShowSelection();
+    void ApplyFilter();
+    // Nothing if no session came of it: the user has changed their mind, or has been told of a failure.
+    EntryEditor* Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession);
+    std::int32_t CurrentId() const;  // 0 for none
+    void SelectEntry(std::int32_t id);
+    bool Confirm(std::int32_t id);
+
+    Workspace& workspace;
+    Dialogs dialogs;
+    EntryList list;
+    EntryLoader loader;
+    QTimer filterDelay;
+    QTimer blink;               // the progress bar shows when it ends
+    std::int32_t wantedId = 0;  // to choose when the list is loaded
+    QTableView* table = nullptr;
+    QLineEdit* filter = nullptr;
+    QLabel* count = nullptr;
+    QLabel* hint = nullptr;
+    QProgressBar* progress = nullptr;
+    QList<QAction*> entryActions;  // need a chosen entry
+    QList<QPointer<EntryEditor>> editors;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,228 @@
+#include "host/window/page_view.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <array>
+
+#include "host/window/bindings.h"
+#include "host/window/qt_text.h"
+#include "host/window/sentence_row.h"
+#include "tabs/schedule/nol_schedule_tab.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+// What a screen reader says of a field. Without a name here a field bears its own caption, or its frame's.
+struct FieldText {
+    std::string_view field;
+    const char* name;
+    const char* description;
+};
+
+constexpr std::array fieldTexts = {
+    FieldText{"fdocRptGroup", "", "The study group that runs; type a part of its name or pick it."},
+    FieldText{"txtRptGrp", "", "The study group of an immediate entry."},
+    FieldText{"ctlPurgeOptions", "", "Whether and after how many days results are deleted."},
+    FieldText{"ctlDownloadOptions", "", "How results are downloaded."},
+    FieldText{"chkHom", "", "Gives the HOM study settings of its own."},
+    FieldText{"chkPlm", "", "Gives the PLM study settings of its own."},
+    FieldText{"chkRfc", "", "Gives the RF Call Trace study settings of its own."},
+    FieldText{"chkVcs", "", "Gives the VCSA study settings of its own."},
+    FieldText{"chkCreateFiles", "", "Writes .efg and .pfg files of the results."},
+    FieldText{"SSDStartDate", "Start date", "The day of the first run; Alt+Down opens a calendar."},
+    FieldText{"chkEndDate", "", "Ticked if the schedule ends."},
+    FieldText{"SSDEndDate", "End date", "The last day of the schedule; Alt+Down opens a calendar."},
+    FieldText{"txtNoEndDate", "End date", "The schedule has no end."},
+    FieldText{"cboPeriod", "Run", "How the entry recurs; the rest of the sentence follows it."},
+    FieldText{"cboDayNum", "Day number", "Which one of the month."},
+    FieldText{"cboDayName", "Day", "A weekday, or a day of the month."},
+    FieldText{"cboFrequency", "Every", "Runs every so many units."},
+    FieldText{"dtpStartTime", "Starting at", "The time of day of each run."},
+    FieldText{"chkOverride", "", "Gives this study settings of its own; its fields then appear below."},
+    FieldText{"fdocCBScenario", "Scenario", "May be empty; type a part of its name or pick it."},
+    FieldText{"txtDuration", "", "How long the study runs; may be empty."},
+    FieldText{"txtRetrieveDelay", "", "How long after the study its data is collected; may be empty."},
+    FieldText{"txtPollingInterval", "", "How often the study polls; may be empty."},
+};
+
+// A label and the field whose mnemonic it carries.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 4> buddies = {
+    std::pair{"lblStartDate", "SSDStartDate"}, std::pair{"lblRun", "cboPeriod"},
+    std::pair{"lblStartTime", "dtpStartTime"}, std::pair{"lblScenario", "fdocCBScenario"}};
+
+const FieldText* FindText(const ViewField& field) {
+    for (const auto& text : fieldTexts)
+        if (text.field == field.Name()) return &text;
+    return nullptr;
+}
+
+constexpr int boxesInRow = 4;
+
+// A text box takes the width of what a user can enter; one without a limit takes what there is.
+bool IsShort(const QWidget& widget) {
+    const auto* edit = qobject_cast<const QLineEdit*>(&widget);
+    return edit != nullptr && edit->maxLength() < 100;
+}
+
+// About where the first field of the schedule's sentence stands, so that all frames line up.
+int FrameIndent(const QWidget& widget) { return widget.fontMetrics().height() * 7 / 4; }
+
+void FillFrame(QWidget& frame, QLayout* layout, int indent) {
+    frame.setLayout(layout);
+    const QMargins margins = layout->contentsMargins();
+    layout->setContentsMargins(indent, margins.top(), indent, margins.bottom());
+}
+
+}  // namespace
+
+PageView::PageView(PaviseTab& tabA, QWidget* parent) : QWidget(parent), tab(tabA) {
+    for (ViewField* field : tab.Fields()) {
+        QWidget* const frame = field->Container() == nullptr ? this : WidgetOf(*field->Container());
+        QWidget* const widget = BindField(*field, frame);
+        widgets.insert(field, widget);
+        NameWidget(*field, *widget);
+    }
+    LayOut();
+    LinkLabels();
+    SetTabOrder();
+    connections.emplace_back(tab.FocusMoved.Connect([this](const ViewField& field) { MoveFocus(field); }));
+    connections.emplace_back(tab.Beep.Connect([](const ViewField&) { QApplication::beep(); }));
+}
+
+void PageView::NameWidget(const ViewField& field, QWidget& widget) const {
+    const FieldText* const text = FindText(field);
+    QString name = text == nullptr ? QString() : QString::fromUtf8(text->name);
+    if (name.isEmpty()) name = WithoutMnemonic(Trimmed(field.Caption()));
+    if (name.isEmpty() && field.Container() != nullptr) name = Trimmed(field.Container()->Caption());
+    if (dynamic_cast<const Label*>(&field) == nullptr) widget.setAccessibleName(name);
+    if (text != nullptr) widget.setAccessibleDescription(QString::fromUtf8(text->description));
+}
+
+QLayout* PageView::RowOf(const Frame& frame) const {
+    auto* const row = new QHBoxLayout;
+    bool isFilled = false;
+    for (const ViewField* field : tab.Fields()) {
+        if (field->Container() != &frame) continue;
+        QWidget* const widget = WidgetOf(*field);
+        const bool isShort = IsShort(*widget);
+        if (isShort) widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(u"00000000"_s));
+        const bool fills =
+            !isShort && (widget->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) != 0;
+        isFilled = isFilled || fills;
+        row->addWidget(widget, fills ? 1 : 0);
+    }
+    if (!isFilled) row->addStretch();
+    return row;
+}
+
+void PageView::LayOut() {
+    if (const auto* schedule = dynamic_cast<const XNolScheduleTab*>(&tab)) return LayOutSchedule(*schedule);
+    auto* const column = new QVBoxLayout(this);
+    for (const ViewField* field : tab.Fields()) {
+        if (field->Container() != nullptr) continue;
+        QWidget* const widget = WidgetOf(*field);
+        if (const auto* frame = dynamic_cast<const Frame*>(field))
+            FillFrame(*widget, RowOf(*frame), FrameIndent(*this));
+        if (auto* const label = qobject_cast<QLabel*>(widget)) label->setWordWrap(true);
+        column->addWidget(widget);
+    }
+    column->addStretch();
+}
+
+void PageView::LayOutSchedule(const XNolScheduleTab& schedule) {
+    auto* const column = new QVBoxLayout(this);
+    const std::array<std::pair<const Frame*, QLayout*>, 3> frames = {
+        std::pair{&schedule.Frame1, DurationLayout(schedule)},
+        std::pair{&schedule.Frame2, FrequencyLayout(schedule)},
+        std::pair{&schedule.Frame3, ExcludeLayout(schedule)}};
+    for (const auto& [frame, layout] : frames) {
+        FillFrame(*WidgetOf(*frame), layout, frame == &schedule.Frame2 ? 0 : FrameIndent(*this));
+        column->addWidget(WidgetOf(*frame));
+    }
+    column->addStretch();
+}
+
+QLayout* PageView::DurationLayout(const XNolScheduleTab& schedule) const {
+    auto* const grid = new QGridLayout;
+    grid->addWidget(WidgetOf(schedule.lblStartDate), 0, 0);
+    grid->addWidget(WidgetOf(schedule.SSDStartDate), 0, 1);
+    grid->addWidget(WidgetOf(schedule.chkEndDate), 1, 0);
+    grid->addWidget(WidgetOf(schedule.SSDEndDate), 1, 1);
+    grid->addWidget(WidgetOf(schedule.txtNoEndDate), 1, 1);
+    grid->setColumnStretch(2, 1);
+    return grid;
+}
+
+// The row of the sentence begins at the frame's edge, as its fields count; what stands above and below it is
+// moved in to where the row's first field stands.
+QLayout* PageView::FrequencyLayout(const XNolScheduleTab& schedule) const {
+    auto* const row = new SentenceRow(WidgetOf(schedule.Frame2));
+    bool isInRow = false;
+    for (ViewField* field : tab.Fields()) {
+        isInRow = isInRow || field == &schedule.cboPeriod;
+        if (isInRow) row->Add(*field, WidgetOf(*field));
+        if (field == &schedule.lblUnit) break;
+    }
+    auto* const start = new QHBoxLayout;
+    start->addWidget(WidgetOf(schedule.lblStartTime));
+    start->addWidget(WidgetOf(schedule.dtpStartTime));
+    start->addStretch();
+    WidgetOf(schedule.dtpStartTime)->setFixedWidth(row->Scale().Pixels(schedule.dtpStartTime.Width()));
+    const int indent = row->Scale().Pixels(schedule.cboPeriod.Left());
+    start->setContentsMargins(indent, 0, 0, 0);
+    qobject_cast<QLabel*>(WidgetOf(schedule.lblRun))->setIndent(indent);
+    auto* const column = new QVBoxLayout;
+    column->addWidget(WidgetOf(schedule.lblRun));
+    column->addWidget(row);
+    column->addLayout(start);
+    return column;
+}
+
+QLayout* PageView::ExcludeLayout(const XNolScheduleTab& schedule) const {
+    auto* const grid = new QGridLayout;
+    int place = 0;
+    for (const CheckBox& box : schedule.cbExcludeDay) {
+        if (&box == &schedule.cbExcludeDay[7]) place = 2 * boxesInRow;
+        const bool isLast = &box == &schedule.cbExcludeDay.back();
+        grid->addWidget(WidgetOf(box), place / boxesInRow, place % boxesInRow, 1, isLast ? 2 : 1);
+        ++place;
+    }
+    for (int column = 0; column < boxesInRow; ++column) grid->setColumnStretch(column, 1);
+    return grid;
+}
+
+void PageView::LinkLabels() {
+    for (const auto& [labelName, fieldName] : buddies) {
+        const ViewField* const label = tab.FindField(labelName);
+        const ViewField* const field = tab.FindField(fieldName);
+        if (label != nullptr && field != nullptr)
+            qobject_cast<QLabel*>(WidgetOf(*label))->setBuddy(WidgetOf(*field));
+    }
+}
+
+void PageView::SetTabOrder() {
+    QWidget* before = nullptr;
+    for (const ViewField* field : tab.Fields())
+        for (QWidget* stop : TabStops(*WidgetOf(*field))) {
+            if (before != nullptr) QWidget::setTabOrder(before, stop);
+            before = stop;
+        }
+}
+
+// A widget of several parts keeps the focus where it has it.
+void PageView::MoveFocus(const ViewField& field) {
+    QWidget* const widget = WidgetOf(field);
+    QWidget* const focused = QApplication::focusWidget();
+    if (widget == nullptr || widget == focused || (focused != nullptr && widget->isAncestorOf(focused)))
+        return;
+    TabStops(*widget).value(0, widget)->setFocus(Qt::OtherFocusReason);
+}
+
+void PageView::TakeFocus() {
+    if (const ViewField* const field = tab.FocusedField()) MoveFocus(*field);
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,128 @@
+#include "host/window/screenshots.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <array>
+
+#include "host/window/main_window.h"
+#include "host/window/page_view.h"
+#include "host/window/qt_text.h"
+#include "records/app_constants.h"
+#include "records/services/provider.h"
+#include "tabs/general/nol_sched_gen_tab.h"
+#include "tabs/override/nol_sched_override_tab.h"
+#include "tabs/schedule/nol_schedule_tab.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+// Acts on a page's tab.
+using Prepare = void (*)(PaviseTab& tab);
+
+void Nothing(PaviseTab& /*tab*/) {}
+
+void MakeMonthly(PaviseTab& tab) {
+    auto& schedule = dynamic_cast<XNolScheduleTab&>(tab);
+    schedule.cboPeriod.Pick("Monthly");
+    schedule.cboDayNum.Pick("2nd");
+    schedule.cboDayName.Pick("Monday");
+    schedule.cboFrequency.Pick("3");
+    schedule.cbExcludeDay[7].Click();
+    schedule.chkEndDate.Click();
+    schedule.SSDEndDate.PickDate(schedule.SSDStartDate.DateValue() + 365);
+    schedule.dtpStartTime.PickTime(21, 30);
+}
+
+template <int period>
+void PickPeriod(PaviseTab& tab) {
+    dynamic_cast<XNolScheduleTab&>(tab).cboPeriod.PickIndex(period);
+}
+
+void MakeGeneral(PaviseTab& tab) {
+    auto& general = dynamic_cast<XNolSchedGenTab&>(tab);
+    if (!general.ctlPurgeOptions.IsOn()) general.ctlPurgeOptions.Click();
+    general.ctlPurgeOptions.PasteDays("30");
+    general.chkHom.Click();
+    general.chkPlm.Click();
+    general.chkCreateFiles.Click();
+}
+
+void SwitchOn(PaviseTab& tab) {
+    tab.Field<CheckBox>("chkOverride").Click();
+    for (ViewField* field : tab.Fields()) {
+        if (auto* const text = dynamic_cast<TextBox*>(field))
+            text->Paste(text->Name() == "txtDuration" ? "60" : "5");
+        auto* const picker = dynamic_cast<XMarlet*>(field);
+        if (picker != nullptr && !picker->Entries().empty()) picker->Pick(picker->Entries().front()->Name);
+    }
+}
+
+struct Shot {
+    const char* file;
+    const char* page;
+    bool isImmediate;
+    Prepare prepare;
+};
+
+constexpr std::array shots = {
+    Shot{"general", "general", false, MakeGeneral},
+    Shot{"general-immediate", "general", true, Nothing},
+    Shot{"schedule", "schedule", false, MakeMonthly},
+    Shot{"schedule-once", "schedule", false, PickPeriod<0>},
+    Shot{"schedule-hourly", "schedule", false, PickPeriod<1>},
+    Shot{"schedule-daily", "schedule", false, PickPeriod<2>},
+    Shot{"schedule-weekly", "schedule", false, PickPeriod<3>},
+    Shot{"hom", "hom", false, SwitchOn},
+    Shot{"hom-off", "hom", false, Nothing},
+    Shot{"plm", "plm", false, SwitchOn},
+    Shot{"plm-off", "plm", false, Nothing},
+    Shot{"rfc", "rfc", false, SwitchOn},
+    Shot{"rfc-off", "rfc", false, Nothing},
+    Shot{"vcsa", "vcsa", false, SwitchOn},
+    Shot{"vcsa-off", "vcsa", false, Nothing},
+};
+
+// No field bears a cursor or a marked text.
+void TakeFocusAway() {
+    QWidget* const focused = QApplication::focusWidget();
+    if (auto* const edit = qobject_cast<QLineEdit*>(focused)) edit->deselect();
+    if (focused != nullptr) focused->clearFocus();
+}
+
+void Write(QWidget& window, const QString& folder, const char* file) {
+    window.show();
+    QApplication::processEvents();
+    TakeFocusAway();
+    const QString path = QDir(folder).filePath(QString::fromUtf8(file) + u".png"_s);
+    if (!window.grab().save(path))
+        throw NolSchedError("The picture " + Quoted(path.toStdString()) + " cannot be written.");
+}
+
+void WriteShot(Workspace& workspace, const QString& folder, const Shot& shot, std::int32_t nGroup) {
+    auto session = std::make_unique<EntrySession>(
+        workspace, EntrySession::NewEntry{shot.isImmediate, nGroup, "Nightly Sweep"});
+    EntryEditor editor(std::move(session), {});
+    editor.setAttribute(Qt::WA_DeleteOnClose, false);
+    editor.ShowPage(shot.page);
+    shot.prepare(*editor.Session().FindPage(shot.page)->tab);
+    Write(editor, folder, shot.file);
+    editor.hide();
+}
+
+}  // namespace
+
+void WriteScreenshots(Workspace& workspace, const QString& folder) {
+    if (!QDir().mkpath(folder))
+        throw NolSchedError("The folder " + Quoted(folder.toStdString()) + " cannot be made.");
+    const auto groups = CaddisStore().DocumentsOfType(DocumentTypes().TypeByName(MAppConstants::nolGroup));
+    for (const Shot& shot : shots)
+        WriteShot(workspace, folder, shot, groups.empty() ? 0 : groups.front()->Id);
+    MainWindow window(workspace, {});
+    window.resize(window.width(), window.height() * 2 / 3);
+    while (window.IsLoading()) QApplication::processEvents();
+    Write(window, folder, "list");
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,95 @@
+#include "host/window/sentence_row.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+
+#include "host/window/qt_text.h"
+#include "tabs/schedule/nol_schedule_tab.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+int TextWidth(const QWidget& widget, const QString& text) {
+    return widget.fontMetrics().horizontalAdvance(text);
+}
+
+// A label's text keeps a little air on both sides, since its neighbours stand flush.
+int NeededBy(const QWidget& widget, const QString& text, const ViewField& field) {
+    const int width = TextWidth(widget, text);
+    if (dynamic_cast<const Label*>(&field) != nullptr) return width + TextWidth(widget, u"n"_s);
+    QStyleOptionComboBox option;
+    option.initFrom(&widget);
+    const QSize content(width, widget.fontMetrics().height());
+    return widget.style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, &widget).width();
+}
+
+QList<QString> TextsOf(const ViewField& field) {
+    QList<QString> texts = {WithoutMnemonic(Trimmed(field.Caption()))};
+    if (const auto* list = dynamic_cast<const DropDownList*>(&field))
+        for (const auto& entry : list->Entries()) texts.append(ToQt(entry));
+    if (dynamic_cast<const DTPicker*>(&field) != nullptr) texts.append(u"12:59 AM"_s);
+    return texts;
+}
+
+void FitMode(const QWidget& widget, const XNolScheduleTab& tab, RowScale& scale, float& widest) {
+    for (const auto* field : tab.Fields()) {
+        if (field->Container() != &tab.Frame2 || !field->Visible()) continue;
+        for (const QString& text : TextsOf(*field))
+            scale.pixelsPerTwip = std::max(
+                scale.pixelsPerTwip, NeededBy(widget, text, *field) / static_cast<double>(field->Width()));
+        widest = std::max(widest, field->Left() + field->Width());
+    }
+}
+
+}  // namespace
+
+// A tab of its own goes through the modes, so that nothing here knows their texts.
+RowScale RowScaleOf(const QWidget& widget) {
+    XNolScheduleTab tab;
+    RowScale scale;
+    float widest = 0;
+    for (int mode = 0; tab.cboPeriod.PickIndex(mode); ++mode) FitMode(widget, tab, scale, widest);
+    scale.width = scale.Pixels(widest) + 1;
+    return scale;
+}
+
+SentenceRow::SentenceRow(QWidget* parent) : QWidget(parent), scale(RowScaleOf(*this)) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void SentenceRow::Add(ViewField& field, QWidget* widget) {
+    const bool isHidden = widget->isHidden();
+    widget->setParent(this);
+    widget->setVisible(!isHidden);
+    if (auto* const label = qobject_cast<QLabel*>(widget)) label->setAlignment(Qt::AlignCenter);
+    places.push_back({&field, widget, {}});
+    const std::size_t index = places.size() - 1;
+    places.back().refresh = field.Refresh.Connect([this, index] { Put(places[index]); });
+    Put(places.back());
+}
+
+// Both edges are rounded, so that neighbours touch at every scale.
+void SentenceRow::Put(const Place& place) const {
+    const int left = scale.Pixels(place.field->Left());
+    const int right = scale.Pixels(place.field->Left() + place.field->Width());
+    place.widget->setGeometry(left, 0, right - left, sizeHint().height());
+}
+
+QSize SentenceRow::sizeHint() const {
+    int height = 0;
+    for (const Place& place : places) height = std::max(height, place.widget->sizeHint().height());
+    return {scale.width, height};
+}
+
+void SentenceRow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+    scale = RowScaleOf(*this);
+    for (const Place& place : places) Put(place);
+    updateGeometry();
+}
+
+}  // namespace NolSchedCtls
