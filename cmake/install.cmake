@@ -2,11 +2,12 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS NolSchedCtls NolSchedCtlsShared EXPORT NolSchedCtls)
+install(TARGETS NolSchedCtls NolSchedCtlsShared EXPORT NolSchedCtls COMPONENT library)
 install(EXPORT NolSchedCtls
     NAMESPACE NolSchedCtls::
     FILE NolSchedCtlsTargets.cmake
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/NolSchedCtls)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/NolSchedCtls
+    COMPONENT library)
 
 # Headers that a host includes, with what they include; the others stay inside.
 set(private_headers
@@ -22,7 +23,8 @@ foreach(room records toolkit tabs library)
     list(REMOVE_ITEM headers ${private_headers})
     foreach(header ${headers})
         cmake_path(GET header PARENT_PATH folder)
-        install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/NolSchedCtls/${folder})
+        install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/NolSchedCtls/${folder}
+            COMPONENT library)
     endforeach()
 endforeach()
 
@@ -31,8 +33,9 @@ configure_package_config_file(cmake/NolSchedCtlsConfig.cmake.in NolSchedCtlsConf
 write_basic_package_version_file(NolSchedCtlsConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(
     FILES ${PROJECT_BINARY_DIR}/NolSchedCtlsConfig.cmake ${PROJECT_BINARY_DIR}/NolSchedCtlsConfigVersion.cmake
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/NolSchedCtls)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/NolSchedCtls
+    COMPONENT library)
 
 file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)  # the package may be moved as a whole
 configure_file(cmake/NolSchedCtls.pc.in NolSchedCtls.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/NolSchedCtls.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/NolSchedCtls.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT library)

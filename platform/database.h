@@ -54,6 +54,7 @@ class Database {
     Event<std::string_view> Statement;
 
   private:
+    void Close();
     QSqlQuery Run(std::string_view statement, const Values& values);
     [[noreturn]] void Fail(const QSqlError& error) const;
 

@@ -12,6 +12,8 @@ start_postgres() {
     (
         cd "$folder/server"
         as_postgres "$bin/initdb" -D "$folder/server/data" -U tester -A trust --locale=C -E UTF8 >/dev/null
+        # One role has to give a password.
+        as_postgres sed -i '1i host all locked 127.0.0.1/32 scram-sha-256' data/pg_hba.conf
         as_postgres "$bin/pg_ctl" -D "$folder/server/data" -w -l "$folder/server/log" start \
             -o "-p $port -k $folder/server -c listen_addresses=127.0.0.1 -c fsync=off -c max_connections=60" >/dev/null
     )

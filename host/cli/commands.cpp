@@ -5,6 +5,7 @@
 #include <charconv>
 #include <fstream>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <ostream>
 
@@ -52,15 +53,28 @@ int RunScript(const Run& run, EntrySession& session, const std::optional<std::st
     return script.Run(lines, nullptr);
 }
 
+void TellEntry(const Run& run, const ListedEntry& entry) {
+    run.answers.Tell({{"entry",
+                       {{"Id", entry.record->Id},
+                        {"EditorName", entry.record->EditorName},
+                        {"group", entry.sGroup},
+                        {"sentence", SentenceOf(entry.record)},
+                        {"overrides", entry.sKinds}}}});
+}
+
+// Page by page, so that a store of any size takes the same memory.
 int List(const Run& run) {
-    run.workspace.Entries().ForEach([&](const ListedEntry& entry) {
-        run.answers.Tell({{"entry",
-                           {{"Id", entry.record->Id},
-                            {"EditorName", entry.record->EditorName},
-                            {"group", entry.sGroup},
-                            {"sentence", SentenceOf(entry.record)},
-                            {"overrides", entry.sKinds}}}});
-    });
+    constexpr int pageSize = 500;
+    std::int64_t lastId = std::numeric_limits<std::int32_t>::min();
+    for (int told = pageSize; told == pageSize;) {
+        told = 0;
+        const auto tell = [&](const ListedEntry& entry) {
+            TellEntry(run, entry);
+            lastId = entry.record->Id;
+            ++told;
+        };
+        run.workspace.Entries().ForEach(tell, lastId, pageSize);
+    }
     return exitDone;
 }
 

@@ -7,6 +7,7 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QVariant>
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -30,6 +31,14 @@ std::string Rows(QSqlQuery& query) {
         rows += '\n';
     }
     return rows;
+}
+
+// Connections are numbered; Qt lists them in no order.
+QString NewestConnection() {
+    const QStringList names = QSqlDatabase::connectionNames();
+    return *std::max_element(names.begin(), names.end(), [](const QString& a, const QString& b) {
+        return std::pair(a.size(), a) < std::pair(b.size(), b);
+    });
 }
 
 const char* Server() { return std::getenv("NOLSCHED_TEST_SERVER"); }
@@ -68,7 +77,7 @@ bool TemporaryStore::IsServer() { return Server() != nullptr; }
 
 std::string TemporaryStore::Sql(const std::string& statement) const {
     const Database database(address);
-    QSqlQuery query(QSqlDatabase::database(QSqlDatabase::connectionNames().last()));
+    QSqlQuery query(QSqlDatabase::database(NewestConnection()));
     if (!query.exec(QString::fromStdString(statement))) return query.lastError().text().toStdString();
     return Rows(query);
 }

@@ -11,7 +11,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/cli/commands.h"
+#include "tests/host/run.h"
 #include "tests/host/store.h"
 
 namespace NolSchedCtls::Testing {
@@ -66,15 +66,10 @@ class Player {
             played += store.Sql(command.substr(4));
             return;
         }
-        std::istringstream in(input);
-        std::ostringstream told;
-        Terminal terminal{in, told, told, false, "tester"};
         std::vector<std::string> arguments = {"--db", store.Address(), "--now", "2026-03-02T09:05"};
         if (isJson) arguments.emplace_back("--json");
         for (const auto& word : Words(command)) arguments.push_back(WithBytes(word));
-        const int status = RunNolsched(arguments, terminal);
-        played += Masked(told.str());
-        if (status != 0) played += "[status " + std::to_string(status) + "]\n";
+        played += Masked(RunCommandLine(arguments, input));
     }
 
     std::string Masked(std::string text) const {

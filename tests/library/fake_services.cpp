@@ -151,7 +151,10 @@ class FakeProvider : public ServiceProvider {
 }  // namespace
 
 InstalledWorld::InstalledWorld() {
-    InstallServices([this] { return std::make_unique<FakeProvider>(*this); });
+    InstallServices([this] {
+        ++providers;
+        return std::make_unique<FakeProvider>(*this);
+    });
 }
 
 InstalledWorld::~InstalledWorld() { InstallServices({}); }
@@ -168,23 +171,55 @@ Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario,
             {"ClearLog", clearLog}};
 }
 
-std::shared_ptr<CPaviseNotify> TracedNotify(World& world) {
-    auto notify = std::make_shared<CPaviseNotify>();
-    const auto call = [&world](const char* name) {
-        return [&world, name](const std::string& sTabName, bool fState) {
-            world.trace += std::string(name) + " " + sTabName + (fState ? " on; " : " off; ");
-        };
-    };
-    notify->Changed.Connect([&world] { world.trace += "MarkChanged; "; });
-    notify->TabShown.Connect([&world](const std::string& name) { world.trace += "ShowTab " + name + "; "; });
-    notify->TabOverride.Connect(call("SetTabOverride"));
-    notify->PaviseStateChange.Connect(call("SetTabState"));
-    return notify;
-}
-
 void TraceControl(World& world, UserControl& control) {
     control.FocusMoved.Connect([&world](ViewField& field) { world.trace += "focus " + field.Name() + "; "; });
     control.Beep.Connect([&world](ViewField& field) { world.trace += "beep " + field.Name() + "; "; });
+}
+
+OpenEntry::OpenEntry() : notify(std::make_shared<CPaviseNotify>()) {
+    documents = {{5, "North", {"NOL Group"}},
+                 {0, "Zero", {"NOL Group"}},
+                 {12, "Baseline", {"Scenario"}},
+                 {13, "Busy", {"Scenario"}}};
+    const auto call = [this](const char* name) {
+        return [this, name](const std::string& sTabName, bool fState) {
+            trace += std::string(name) + " " + sTabName + (fState ? " on; " : " off; ");
+        };
+    };
+    notify->Changed.Connect([this] { trace += "MarkChanged; "; });
+    notify->TabShown.Connect([this](const std::string& sTabName) { trace += "ShowTab " + sTabName + "; "; });
+    notify->TabOverride.Connect(call("SetTabOverride"));
+    notify->PaviseStateChange.Connect(call("SetTabState"));
+}
+
+std::string OpenEntry::Valid(IPaviseControl& tab) {
+    const bool valid = tab.IsTabValid("T");
+    return TakeTrace() + (valid ? "valid" : "refused");
+}
+
+std::string OpenEntry::Load(IPaviseControl& tab) {
+    tab.LoadData(record, "", notify);
+    return TakeTrace();
+}
+
+std::shared_ptr<CNolOverride> MakeOverride(const std::string& type, std::int32_t scenario,
+                                           std::int32_t duration) {
+    auto item = std::make_shared<CNolOverride>();
+    item->Initialize(42, type, scenario, duration, 0, 5, "log");
+    return item;
+}
+
+std::string FlagsOf(const CNolSchedData& record) {
+    return record.HomOvr + "," + record.PlmOvr + "," + record.RfcOvr + "," + record.VcsOvr;
+}
+
+std::string OverridesOf(const CNolSchedData& record) {
+    std::ostringstream text;
+    for (const auto& [key, item] : record.Overrides())
+        text << key << "=" << item->NOL_OverrideId << " " << item->OverrideType << " " << item->ScenarioId
+             << " " << item->Duration << " " << item->Polling_Interval << " " << item->Retrieve_Delay << " "
+             << item->ClearLog << "; ";
+    return text.str();
 }
 
 }  // namespace NolSchedCtls::Testing

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "records/nol_sched_data.h"
 #include "records/services/provider.h"
+#include "tabs/contract/pavise_control.h"
 #include "tabs/contract/pavise_notify.h"
 #include "toolkit/view_field.h"
 
@@ -23,6 +26,7 @@ struct World {
     std::string scheduledDays = "30";  // option "Days" of a scheduled entry
     int failingStatement = 0;          // this one, counted from 1, raises; 0 for none
     int statements = 0;
+    int providers = 0;  // how many were made
     std::string trace;  // "DELETE ...; report; Nightly[16]: text; "
 
     std::string TakeTrace() { return std::exchange(trace, {}); }
@@ -39,12 +43,37 @@ class InstalledWorld : public World {
 Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario, std::int64_t duration,
                 std::int64_t polling, std::int64_t delay, const std::string& clearLog);
 
-// A notifier that writes its calls into the world's trace, ahead of every tab that hears them:
-// "MarkChanged; SetTabOverride HOM Study on; ".
-std::shared_ptr<CPaviseNotify> TracedNotify(World& world);
-
 // Writes what the control does with focus and beep into the world's trace: "focus txtDuration; ".
 void TraceControl(World& world, UserControl& control);
+
+// A stored entry, its notifier and the documents that it may name. The notifier writes its calls into the
+// trace, ahead of every tab that hears them: "MarkChanged; SetTabOverride HOM Study on; ".
+struct OpenEntry : InstalledWorld {
+    std::shared_ptr<CNolSchedData> record = std::make_shared<CNolSchedData>();
+    std::shared_ptr<CPaviseNotify> notify;
+
+    OpenEntry();
+    // Trace and answer: "T[16]: text; refused".
+    std::string Valid(IPaviseControl& tab);
+    std::string Load(IPaviseControl& tab);
+};
+
+// An override of entry 42 with the polling interval 0 and the delay 5.
+std::shared_ptr<CNolOverride> MakeOverride(const std::string& type, std::int32_t scenario = 12,
+                                           std::int32_t duration = -1);
+
+// The flags as "Y,,N,Y", and the overrides in their order as
+// "PLM Study=42 PLM Study scenario duration polling delay log; ".
+std::string FlagsOf(const CNolSchedData& record);
+std::string OverridesOf(const CNolSchedData& record);
+
+// The values with a bar behind each.
+template <class... Values>
+std::string Barred(const Values&... values) {
+    std::ostringstream text;
+    ((text << values << "|"), ...);
+    return text.str();
+}
 
 // The message of the failure that the act raises, or "no failure".
 template <class Act>

@@ -5,103 +5,79 @@
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {
-
 namespace {
 
-// A stored entry in its general tab and its HOM tab, over one record and one notifier.
-struct Editor {
-    InstalledWorld world;
-    std::shared_ptr<CNolSchedData> record = std::make_shared<CNolSchedData>();
-    std::shared_ptr<CPaviseNotify> notify = TracedNotify(world);
+// The general tab and the HOM tab over one record and one notifier.
+struct TwoTabs : OpenEntry {
     XNolSchedGenTab general;
     std::unique_ptr<XNolSchedHomOvr> hom = std::make_unique<XNolSchedHomOvr>();
     CheckBox& chkOverride = hom->Field<CheckBox>("chkOverride");
 
-    Editor() { record->PurgeInterval = 30; }
-
-    void AddOverride() {
-        auto item = std::make_shared<CNolOverride>();
-        item->Initialize(42, "HOM Study", 12, 60, -1, -1, "");
-        world.documents = {{12, "Baseline", {"Scenario"}}};
-        record->AddNolOverride(item, "HOM Study");
+    std::string LoadBoth(bool generalFirst) {
+        std::string both = generalFirst ? Load(general) : "";
+        both += Load(*hom);
+        return both + (generalFirst ? "" : Load(general));
     }
-    std::string Load(bool generalFirst) {
-        if (generalFirst) general.LoadData(record, "", notify);
-        hom->LoadData(record, "", notify);
-        if (!generalFirst) general.LoadData(record, "", notify);
-        return world.TakeTrace();
-    }
-    std::string After(CheckBox& box) {
-        EXPECT_TRUE(box.Click());
-        return world.TakeTrace() + Boxes();
-    }
+    std::string After(CheckBox& box) { return box.Click() ? TakeTrace() + Boxes() : "no click"; }
     std::string Boxes() {
-        return "general " + std::to_string(general.chkHom.Value()) + " own " +
-               std::to_string(chkOverride.Value()) + (hom->Field<Frame>("fraDuration").Visible() ? " shown" : "") +
-               (hom->Field<Frame>("fraScenario").Visible() ? " shown " : " ") + record->HomOvr;
+        const bool shown =
+            hom->Field<Frame>("fraDuration").Visible() && hom->Field<Frame>("fraScenario").Visible();
+        return Barred(general.chkHom.Value(), chkOverride.Value(), shown ? "shown" : "hidden",
+                      record->HomOvr);
     }
 };
 
 TEST(OverrideExchange, OneClickReachesBothSides) {
     for (const bool generalFirst : {true, false}) {
-        Editor editor;
-        editor.Load(generalFirst);
-        EXPECT_EQ(editor.Boxes(), "general 0 own 0 ");
-        EXPECT_EQ(editor.After(editor.general.chkHom),
+        TwoTabs tabs;
+        tabs.LoadBoth(generalFirst);
+        EXPECT_EQ(tabs.Boxes(), "0|0|hidden||");
+        EXPECT_EQ(tabs.After(tabs.general.chkHom),
                   "MarkChanged; SetTabOverride HOM Study on; SetTabState HOM Study on; MarkChanged; "
-                  "SetTabState HOM Study on; general 1 own 1 shown shown Y");
-        EXPECT_EQ(editor.After(editor.general.chkHom),
+                  "SetTabState HOM Study on; 1|1|shown|Y|");
+        EXPECT_EQ(tabs.After(tabs.general.chkHom),
                   "MarkChanged; SetTabOverride HOM Study off; SetTabState HOM Study off; MarkChanged; "
-                  "SetTabState HOM Study off; general 0 own 0 N");
-        EXPECT_EQ(editor.After(editor.chkOverride),
+                  "SetTabState HOM Study off; 0|0|hidden|N|");
+        EXPECT_EQ(tabs.After(tabs.chkOverride),
                   "SetTabState HOM Study on; MarkChanged; SetTabOverride HOM Study on; "
-                  "SetTabState HOM Study on; MarkChanged; general 1 own 1 shown shown Y");
-        EXPECT_EQ(editor.After(editor.chkOverride),
+                  "SetTabState HOM Study on; MarkChanged; 1|1|shown|Y|");
+        EXPECT_EQ(tabs.After(tabs.chkOverride),
                   "SetTabState HOM Study off; MarkChanged; SetTabOverride HOM Study off; "
-                  "SetTabState HOM Study off; MarkChanged; general 0 own 0 N");
+                  "SetTabState HOM Study off; MarkChanged; 0|0|hidden|N|");
     }
 }
 
 TEST(OverrideExchange, LoadsAnOverrideInEitherOrder) {
     const std::string general =
-        "MarkChanged; MarkChanged; SetTabOverride HOM Study on; ";  // the purge options, then the box
-    const std::string hom =  // the box, the scenario, the duration, and the state at last
+        "MarkChanged; MarkChanged; SetTabOverride HOM Study on; ";  // purge, then the box
+    const std::string hom =  // the box, scenario, duration, and the state at last
         "SetTabState HOM Study on; MarkChanged; MarkChanged; MarkChanged; SetTabState HOM Study on; ";
     for (const bool generalFirst : {true, false}) {
-        Editor editor;
-        editor.AddOverride();
-        EXPECT_EQ(editor.Load(generalFirst), generalFirst ? general + hom : hom + general + "SetTabState HOM Study on; ");
-        EXPECT_EQ(editor.Boxes(), "general 1 own 1 shown shown Y");
+        TwoTabs tabs;
+        tabs.record->PurgeInterval = 30;
+        tabs.record->AddNolOverride(MakeOverride("HOM Study", 12, 60), "HOM Study");
+        EXPECT_EQ(tabs.LoadBoth(generalFirst),
+                  generalFirst ? general + hom : hom + general + "SetTabState HOM Study on; ");
+        EXPECT_EQ(tabs.Boxes(), "1|1|shown|Y|");
     }
-}
-
-TEST(OverrideExchange, AFlagWithoutAnOverrideIsSwitchedOffByTheTabThatLoadsLast) {
-    Editor editor;
-    editor.record->HomOvr = "Y";
-    EXPECT_EQ(editor.Load(true),
-              "MarkChanged; MarkChanged; SetTabOverride HOM Study on; SetTabState HOM Study off; MarkChanged; "
-              "SetTabOverride HOM Study off; SetTabState HOM Study off; ");
-    EXPECT_EQ(editor.Boxes(), "general 0 own 0 N");
 }
 
 TEST(OverrideExchange, OnlyTheExactKindAndThePresentNotifierAreHeard) {
-    Editor editor;
-    editor.Load(true);
-    const auto former = std::exchange(editor.notify, TracedNotify(editor.world));
-    editor.Load(true);
+    TwoTabs tabs;
+    tabs.LoadBoth(true);
+    const auto former = std::exchange(tabs.notify, std::make_shared<CPaviseNotify>());
+    tabs.LoadBoth(true);
     for (const char* name : {"PLM Study", "hom study", "HOM Study ", ""}) {
-        editor.notify->SetTabOverride(name, true);
-        editor.notify->SetTabState(name, true);
+        tabs.notify->SetTabOverride(name, true);
+        tabs.notify->SetTabState(name, true);
     }
     former->SetTabOverride("HOM Study", true);
     former->SetTabState("HOM Study", true);
-    EXPECT_EQ(editor.Boxes(), "general 0 own 0 ");
-    editor.hom.reset();
-    editor.world.TakeTrace();
-    EXPECT_TRUE(editor.general.chkHom.Click());
-    EXPECT_EQ(editor.world.trace, "MarkChanged; SetTabOverride HOM Study on; ");
+    EXPECT_EQ(tabs.Boxes(), "0|0|hidden||");
+    tabs.hom.reset();
+    EXPECT_TRUE(tabs.general.chkHom.Click());
+    EXPECT_EQ(tabs.record->HomOvr, "Y");
 }
 
 }  // namespace
-
 }  // namespace NolSchedCtls::Testing

@@ -4,189 +4,138 @@
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {
-
 namespace {
 
-constexpr const char* notNumeric = "T[16]: Study Duration must be numeric.; focus txtDuration; refused";
-constexpr const char* outOfRange =
+const std::string notNumeric = "T[16]: Study Duration must be numeric.; focus txtDuration; refused";
+const std::string outOfRange =
     "T[16]: Study Duration must be between 10 and 1439 minutes inclusive.; focus txtDuration; refused";
 
-std::shared_ptr<CNolOverride> Stored(const std::string& type, std::int32_t scenario, std::int32_t duration) {
-    auto item = std::make_shared<CNolOverride>();
-    item->Initialize(42, type, scenario, duration, 30, 5, "log");
-    return item;
-}
-
-// A stored entry's page of one study kind.
-struct OverridePage {
-    InstalledWorld world;
-    std::shared_ptr<CNolSchedData> record = std::make_shared<CNolSchedData>();
-    std::shared_ptr<CPaviseNotify> notify = TracedNotify(world);
-    const std::string key;
+// One study kind's page, with the focus on the box as long as no user acts elsewhere.
+struct OverridePage : OpenEntry {
     NolSchedOverrideTab tab;
     CheckBox& chkOverride = tab.Field<CheckBox>("chkOverride");
+    TextBox& txtDuration = tab.Field<TextBox>("txtDuration");
 
-    explicit OverridePage(const OverrideKind& kind = homOverride) : key(kind.study.sKey), tab(kind) {
-        TraceControl(world, tab);
-        world.documents = {{12, "Baseline", {"Scenario"}}, {13, "Busy", {"Scenario"}}, {5, "North", {"NOL Group"}}};
+    explicit OverridePage(const OverrideKind& kind = homOverride) : tab(kind) {
+        TraceControl(*this, tab);
         record->Id = 77;
     }
-    OverridePage& Load() {
-        tab.LoadData(record, "", notify);
-        world.TakeTrace();
-        return *this;
-    }
-    OverridePage& SwitchOn() {
-        if (chkOverride.Value() == 0) chkOverride.Click();
-        chkOverride.SetFocus();
-        world.TakeTrace();
-        return *this;
-    }
-    TextBox& Text(const char* name) { return tab.Field<TextBox>(name); }
     XMarlet& Picker() { return tab.Field<XMarlet>("fdocCBScenario"); }
-    std::string Valid() {
-        const bool valid = tab.IsTabValid("T");
-        return world.TakeTrace() + (valid ? "valid" : "refused");
+    void LoadAndSwitchOn() {
+        Load(tab);
+        chkOverride.SetValue(1);
+        chkOverride.SetFocus();
+        TakeTrace();
     }
-    std::string Saved() {
-        tab.SaveData();
-        std::string saved = record->HomOvr + " ";
-        for (const auto& [itemKey, item] : record->Overrides())
-            saved += itemKey + "=" + std::to_string(item->NOL_OverrideId) + " " + item->OverrideType + " " +
-                     std::to_string(item->ScenarioId) + " " + std::to_string(item->Duration) + " " +
-                     std::to_string(item->Polling_Interval) + " " + std::to_string(item->Retrieve_Delay) + " " +
-                     item->ClearLog + "; ";
-        return saved;
-    }
+    std::string Saved() { return tab.SaveData(), record->HomOvr + " " + OverridesOf(*record); }
 };
 
-TEST(OverrideTab, ReadsWhatAUserPastes) {
-    const struct {
-        std::string text;
-        std::string outcome;  // the message, or the number that is saved
-    } cases[] = {
-        {"10", "10"},         {"1439", "1439"},     {"0015", "15"},       {"", "-1"},          {"10.5", "10"},
-        {"11.5", "12"},       {"9.5", "10"},        {"1e2", "100"},       {"15 ", "15"},       {"9", outOfRange},
-        {"1440", outOfRange}, {"0", outOfRange},    {"1.5", outOfRange},  {"-5", outOfRange},  {"+15", outOfRange},
-        {" 15", outOfRange},  {"1e9", outOfRange},  {".5", outOfRange},   {"abc", notNumeric}, {"  ", notNumeric},
-        {".", notNumeric},    {"-", notNumeric},    {"1e", notNumeric},   {"0x1F", notNumeric}, {"nan", notNumeric},
-        {"inf", notNumeric},  {"1,0", notNumeric},  {"\xFF\xFE", notNumeric}, {std::string("1\0", 2), notNumeric},
-        {std::string(1 << 20, '1'), "1111"}, {std::string(1 << 20, 'x'), notNumeric},
+TEST(OverrideTab, ReadsWhatTheTextBoxHolds) {
+    const auto answer = [](const std::string& text) {
+        OverridePage page;
+        page.LoadAndSwitchOn();
+        page.txtDuration.SetText(text);
+        page.TakeTrace();
+        const std::string answered = page.Valid(page.tab);
+        if (answered != "valid") return answered;
+        page.tab.SaveData();
+        return std::to_string(page.record->GetOverride("HOM Study")->Duration);
     };
-    for (const auto& c : cases) {
-        OverridePage page;
-        page.Load().SwitchOn();
-        page.Text("txtDuration").Paste(c.text);
-        page.SwitchOn();
-        const std::string answer = page.Valid();
-        if (answer == "valid") page.tab.SaveData();
-        EXPECT_EQ(answer == "valid" ? std::to_string(page.record->GetOverride(page.key)->Duration) : answer, c.outcome)
-            << c.text.substr(0, 9);
-    }
-}
-
-TEST(OverrideTab, SurvivesTextsThatOnlyCodeCanShow) {
-    const std::pair<std::string, const char*> cases[] = {
-        {"1439.5", outOfRange}, {"1e99999", outOfRange}, {"32768", outOfRange},
-        {std::string(1 << 20, '9'), outOfRange}, {std::string(1 << 20, ' ') + "x", notNumeric}};
-    for (const auto& [text, outcome] : cases) {
-        OverridePage page;
-        page.Load().SwitchOn().Text("txtDuration").SetText(text);
-        page.world.TakeTrace();
-        EXPECT_EQ(page.Valid(), outcome) << text.substr(0, 9);
-    }
+    const std::pair<const char*, const char*> good[] = {
+        {"", "-1"},     {"10", "10"},  {"1439", "1439"}, {"0015", "15"}, {"10.5", "10"},
+        {"11.5", "12"}, {"9.5", "10"}, {"1e2", "100"},   {"15 ", "15"},  {"1439.4", "1439"}};
+    for (const auto& [text, duration] : good) EXPECT_EQ(answer(text), duration);
+    for (const char* text :
+         {"9", "1440", "1439.5", "0", "1.5", "-5", "+15", " 15", "1e9", ".5", "1e99999", "65551"})
+        EXPECT_EQ(answer(text), outOfRange) << text;
+    for (const char* text :
+         {"abc", "  ", ".", "-", "+-15", "1e", "0x1F", "nan", "inf", "1,0", "\xFF\xFE", "15m"})
+        EXPECT_EQ(answer(text), notNumeric) << text;
+    EXPECT_EQ(answer(std::string(1 << 20, '9')), outOfRange);
+    EXPECT_EQ(answer(std::string(1 << 20, 'x')), notNumeric);
 }
 
 TEST(OverrideTab, LetsDigitsAndBackspaceThrough) {
     OverridePage page;
-    page.Load().SwitchOn().Text("txtDuration").SetFocus();
-    page.world.TakeTrace();
-    for (const char32_t key : {U'1', U'a', U'2', U'-', U'.', U'3', U'4', U'5', keyBackspace, U'\u0663'})
-        page.Text("txtDuration").Key(key);
-    EXPECT_EQ(page.Text("txtDuration").Text(), "123");
-    EXPECT_EQ(page.world.trace,
-              "MarkChanged; beep txtDuration; MarkChanged; beep txtDuration; beep txtDuration; MarkChanged; "
+    page.LoadAndSwitchOn();
+    for (const char32_t key : {U'1', U'a', U'-', U'2', U'3', U'4', U'5', keyBackspace, U'\u0663'})
+        page.txtDuration.Key(key);
+    EXPECT_EQ(page.txtDuration.Text(), "123");
+    EXPECT_EQ(page.trace,
+              "focus txtDuration; MarkChanged; beep txtDuration; beep txtDuration; MarkChanged; MarkChanged; "
               "MarkChanged; MarkChanged; beep txtDuration; ");
 }
 
 TEST(OverrideTab, ChecksTheScenarioBeforeTheDuration) {
-    const char* const deleted =
+    const std::string deleted =
         "T[16]: HOM Override.\r\nThe Scenario \"Busy\" has been deleted.; ShowTab HOM Study; ";
     OverridePage page;
-    page.record->AddNolOverride(Stored("HOM Study", 13, 9), "HOM Study");
-    page.Load().SwitchOn();
-    EXPECT_EQ(page.Valid(), outOfRange);
-    page.world.documents.pop_back();
-    page.world.documents.pop_back();
-    EXPECT_EQ(page.Valid(), deleted + std::string("focus fdocCBScenario; refused"));
+    page.record->AddNolOverride(MakeOverride("HOM Study", 13, 9), "HOM Study");
+    page.LoadAndSwitchOn();
+    EXPECT_EQ(page.Valid(page.tab), outOfRange);
+    page.documents.pop_back();
+    EXPECT_EQ(page.Valid(page.tab), deleted + "focus fdocCBScenario; refused");
     page.chkOverride.SetFocus();
+    page.TakeTrace();
     page.tab.SetVisible(false);
-    page.world.TakeTrace();
-    EXPECT_EQ(page.Valid(), deleted + std::string("refused"));
-    page.Picker().Paste("Nowhere");
-    page.world.TakeTrace();
-    EXPECT_EQ(page.Valid(),
-              "T[16]: HOM Override.\r\nThere is no Scenario named \"Nowhere\".; ShowTab HOM Study; refused");
+    EXPECT_EQ(page.Valid(page.tab), deleted + "refused");
     page.Picker().Pick("");
-    page.Text("txtDuration").Paste("10");
-    page.world.TakeTrace();
-    EXPECT_EQ(page.Valid(), "valid");
+    page.txtDuration.Paste("10");
+    page.TakeTrace();
+    EXPECT_EQ(page.Valid(page.tab), "valid");
 }
 
 TEST(OverrideTab, ReplacesTheOverrideByAnotherMadeFromTheView) {
     OverridePage page;
-    const auto loaded = Stored("HOM Study", 12, 60);
+    const auto loaded = MakeOverride("HOM Study", 12, 60);
     page.record->AddNolOverride(loaded, "HOM Study");
-    page.record->AddNolOverride(Stored("PLM Study", 3, 4), "PLM Study");
-    page.Load();
+    page.record->AddNolOverride(MakeOverride("PLM Study", 3, 4), "PLM Study");
+    page.LoadAndSwitchOn();
     page.record->HomOvr = "N";
-    const char* const other = "PLM Study=42 PLM Study 3 4 30 5 log; ";
-    EXPECT_EQ(page.Saved(), "Y " + std::string(other) + "HOM Study=77 HOM Study 12 60 -1 -1 ; ");
+    const std::string other = "PLM Study=42 PLM Study 3 4 0 5 log; HOM Study=77 HOM Study ";
+    EXPECT_EQ(page.Saved(), "Y " + other + "12 60 -1 -1 ; ");
+    EXPECT_EQ(loaded->NOL_OverrideId, 42);
     page.Picker().Pick("Busy");
-    page.Text("txtDuration").Paste("");
-    EXPECT_EQ(page.Saved(), "Y " + std::string(other) + "HOM Study=77 HOM Study 13 -1 -1 -1 ; ");
+    page.txtDuration.Paste("");
+    EXPECT_EQ(page.Saved(), "Y " + other + "13 -1 -1 -1 ; ");
     EXPECT_EQ(CaddisPickerStates().PickerStates().StatesForType({"Scenario"})->nLastDocumentId, 13);
     page.Picker().Pick("");
-    EXPECT_EQ(page.Saved(), "Y " + std::string(other) + "HOM Study=77 HOM Study -1 -1 -1 -1 ; ");
-    page.Text("txtDuration").Paste("abc");
+    page.txtDuration.Paste("abc");
     page.record->HomOvr = "N";
     EXPECT_EQ(FailureOf([&] { page.Saved(); }), "The Study Duration \"abc\" is no 32-bit number.");
-    page.chkOverride.Click();
-    EXPECT_EQ(page.Valid(), "SetTabState HOM Study off; MarkChanged; valid");
-    EXPECT_EQ(page.Saved(), "N " + std::string(other) + "HOM Study=77 HOM Study -1 -1 -1 -1 ; ");
-    EXPECT_EQ(page.SwitchOn().Text("txtDuration").Text(), "abc");
-    EXPECT_EQ(loaded->Duration, 60);
+    page.chkOverride.SetValue(0);
+    page.TakeTrace();
+    EXPECT_EQ(page.Valid(page.tab), "valid");
+    EXPECT_EQ(page.Saved(), "N " + other + "13 -1 -1 -1 ; ");
+    page.chkOverride.SetValue(1);
+    EXPECT_EQ(page.txtDuration.Text(), "abc");
 }
 
 TEST(OverrideTab, LoadsWhatTheRecordHolds) {
-    const struct {
-        const char* runMode;
-        std::vector<std::shared_ptr<CNolOverride>> overrides;
-        const char* view;
-    } cases[] = {
-        {"S", {}, "off:"},
-        {"I", {}, "off:"},
-        {"S", {Stored("PLM Study", 12, 60)}, "off:"},
-        {"I", {Stored("PLM Study", 12, 60)}, "disabled off:"},
-        {"I", {Stored("PLM Study", 12, 60), Stored("HOM Study", 12, 60)}, "on:Baseline 60"},
-        {"S", {Stored("HOM Study", 0, 0)}, "on: "},
-        {"S", {Stored("HOM Study", -1, -7)}, "on: "},
-        {"S", {Stored("HOM Study", 5, 100000)}, "on: 100000"},
-    };
-    for (const auto& c : cases) {
+    const auto plm = MakeOverride("PLM Study", 12, 60);
+    // Run mode, overrides, and the box, enabled or not, the frames shown or not, the texts.
+    const std::tuple<const char*, std::vector<std::shared_ptr<CNolOverride>>, const char*> cases[] = {
+        {"S", {}, "0|1|00|||"},
+        {"I", {}, "0|1|00|||"},
+        {"S", {plm}, "0|1|00|||"},
+        {"I", {plm}, "0|0|00|||"},
+        {"I", {plm, MakeOverride("HOM Study", 12, 60)}, "1|1|11|Baseline|60|"},
+        {"S", {MakeOverride("HOM Study", 0, 0)}, "1|1|11|||"},
+        {"S", {MakeOverride("HOM Study", -1, -7)}, "1|1|11|||"},
+        {"S", {MakeOverride("HOM Study", 5, 100000)}, "1|1|11||100000|"}};
+    for (const auto& [mode, overrides, view] : cases) {
         OverridePage page;
-        page.record->RunMode = c.runMode;
-        for (const auto& item : c.overrides) page.record->AddNolOverride(item, item->OverrideType);
-        page.Load();
-        const bool on = page.chkOverride.Value() == 1;
-        EXPECT_EQ(page.tab.Field<Frame>("fraDuration").Visible(), on);
-        EXPECT_EQ(page.tab.Field<Frame>("fraScenario").Visible(), on);
-        EXPECT_EQ(std::string(page.chkOverride.Enabled() ? "" : "disabled ") +
-                      (on ? "on:" + page.Picker().Text() + " " + page.Text("txtDuration").Text() : "off:"),
-                  c.view);
+        page.record->RunMode = mode;
+        for (const auto& item : overrides) page.record->AddNolOverride(item, item->OverrideType);
+        page.Load(page.tab);
+        std::string frames;
+        for (const char* name : {"fraScenario", "fraDuration"})
+            frames += page.tab.Field<Frame>(name).Visible() ? '1' : '0';
+        EXPECT_EQ(Barred(page.chkOverride.Value(), page.chkOverride.Enabled(), frames, page.Picker().Text(),
+                         page.txtDuration.Text()),
+                  view);
     }
 }
 
 }  // namespace
-
 }  // namespace NolSchedCtls::Testing

@@ -1,0 +1,122 @@
+// Bytes as a record and a user's acts on all six tabs. No crash, no failure but the library's own, and what
+// was valid is saved and comes back.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+#include "library/catalogue.h"
+#include "tabs/contract/pavise_tab.h"
+#include "tabs/schedule/nol_schedule_tab.h"
+#include "tabs/schedule/schedule_sentence.h"
+#include "tests/library/fake_services.h"
+#include "toolkit/x_ambit.h"
+#include "toolkit/x_marlet.h"
+
+using namespace NolSchedCtls;
+
+namespace {
+
+void Require(bool holds, const char* what) {
+    if (holds) return;
+    std::cerr << "broken: " << what << '\n';
+    std::abort();
+}
+
+using Tabs = std::vector<std::shared_ptr<PaviseTab>>;
+
+Tabs LoadedTabs(const std::shared_ptr<CNolSchedData>& record, const std::shared_ptr<CPaviseNotify>& notify) {
+    Tabs tabs;
+    for (const auto& published : PublishedClasses()) {
+        if (published.kind != ClassKind::Control) continue;
+        tabs.push_back(CreateControl(published.sProgId));
+        tabs.back()->LoadData(record, "", notify);
+    }
+    return tabs;
+}
+
+// Codes that are mostly good, so that the acts behind the load are reached.
+std::shared_ptr<CNolSchedData> RecordOf(FuzzedDataProvider& bytes) {
+    auto record = std::make_shared<CNolSchedData>();
+    record->InitNew(nullptr, bytes.ConsumeBool(), bytes.ConsumeIntegralInRange(0, 3),
+                    bytes.ConsumeRandomLengthString(9));
+    if (bytes.ConsumeBool()) return record;
+    record->FirstDateTime = bytes.ConsumeFloatingPointInRange(-700000.0, 3000000.0);
+    record->FinalDateTime = bytes.ConsumeFloatingPointInRange(-700000.0, 3000000.0);
+    record->Periodicity = bytes.PickValueInArray({"O", "H", "D", "W", "M", "A", "", "X"});
+    record->Frequency = bytes.ConsumeIntegralInRange(-1, 60);
+    record->WhichMonthDate = bytes.ConsumeIntegralInRange(-1, 30);
+    record->WhichWeek = bytes.ConsumeIntegralInRange(-1, 6);
+    record->WhichWeekday = bytes.ConsumeIntegralInRange(-1, 9);
+    record->PurgeInterval = bytes.ConsumeIntegral<std::int32_t>();
+    for (int row = bytes.ConsumeIntegralInRange(0, 3); row > 0; --row) {
+        auto item = std::make_shared<CNolOverride>();
+        const char* const type = bytes.PickValueInArray({"HOM Study", "PLM Study", "VCSA Study", "Other"});
+        item->Initialize(1, type, bytes.ConsumeIntegral<std::int8_t>(), bytes.ConsumeIntegral<std::int32_t>(),
+                         bytes.ConsumeIntegral<std::int8_t>(), bytes.ConsumeIntegral<std::int8_t>(), "log");
+        record->AddNolOverride(item, type);
+    }
+    return record;
+}
+
+template <class Kind, class Act>
+bool Try(ViewField& field, Act act) {
+    auto* const kind = dynamic_cast<Kind*>(&field);
+    const bool reachable = field.IsUsable();
+    if (kind != nullptr) Require(!act(*kind) || reachable, "an act on a field out of reach");
+    return kind != nullptr;
+}
+
+void ActOn(ViewField& field, FuzzedDataProvider& bytes) {
+    const std::string text = bytes.ConsumeRandomLengthString(6);
+    const int number = bytes.ConsumeIntegral<std::int8_t>();
+    const auto key = static_cast<char32_t>(bytes.ConsumeIntegralInRange(1, 0x10FFFF));
+    Try<CheckBox>(field, [](auto& box) { return box.Click(); }) ||
+        Try<DropDownList>(field, [&](auto& list) { return list.PickIndex(number); }) ||
+        Try<TextBox>(field, [&](auto& box) { return number % 2 == 0 ? box.Paste(text) : box.Key(key); }) ||
+        Try<SSDateCombo>(
+            field, [&](auto& date) { return date.PickDate(46000.0 + number * 40) || date.BeginEdit(); }) ||
+        Try<DTPicker>(field, [&](auto& time) { return time.PickTime(number, number / 2); }) ||
+        Try<XMarlet>(field,
+                     [&](auto& picker) { return number < 0 ? picker.Paste(text) : picker.Pick("Busy"); }) ||
+        Try<XAmbitPurge>(field,
+                         [&](auto& purge) { return number < 0 ? purge.PasteDays(text) : purge.Key(key); });
+}
+
+const XNolScheduleTab& ScheduleOf(const Tabs& tabs) { return dynamic_cast<const XNolScheduleTab&>(*tabs[1]); }
+
+void SaveAndReload(const Tabs& tabs, const std::shared_ptr<CNolSchedData>& record) {
+    for (const auto& tab : tabs)
+        if (!tab->IsTabValid("T")) return;
+    for (const auto& tab : tabs) tab->SaveData();
+    const std::string sentence = ScheduleSentence(ScheduleOf(tabs));
+    const auto again = LoadedTabs(record, std::make_shared<CPaviseNotify>());
+    Require(ScheduleSentence(ScheduleOf(again)) == sentence, "the sentence after a save");
+    for (std::size_t i = 0; i < tabs.size(); ++i)
+        if (tabs[i]->FindField("chkOverride") != nullptr)
+            Require(tabs[i]->Field<CheckBox>("chkOverride").Value() <=
+                        again[i]->Field<CheckBox>("chkOverride").Value(),
+                    "an override that was saved");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Testing::InstalledWorld world;
+    world.documents = {{1, "North", {"NOL Group"}}, {2, "Busy", {"NOL Group"}}, {5, "Busy", {"Scenario"}}};
+    FuzzedDataProvider bytes(data, size);
+    try {
+        const auto record = RecordOf(bytes);
+        const auto tabs = LoadedTabs(record, std::make_shared<CPaviseNotify>());
+        while (bytes.remaining_bytes() > 0) {
+            const auto& fields =
+                bytes.PickValueInArray({tabs[0], tabs[1], tabs[2], tabs[3], tabs[4], tabs[5]})->Fields();
+            ActOn(*fields[bytes.ConsumeIntegralInRange<std::size_t>(0, fields.size() - 1)], bytes);
+        }
+        SaveAndReload(tabs, record);
+    } catch (const NolSchedError&) {
+        // A record that no tab can show, told as it should be.
+    }
+    return 0;
+}
