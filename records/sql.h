@@ -13,8 +13,8 @@ namespace MSQL {
 // All rows of the entry. Raises what LintelDb raises.
 void DeleteNolOverrides(std::int32_t nId);
 
-// One row for the entry nId, whatever the override's own NOL_OverrideId. Never raises: a failure is told
-// through LintelFailureReport.
+// One row for the entry nId, whatever the override's own NOL_OverrideId. A failure is told through
+// LintelFailureReport and goes no further.
 void InsertNolOverride(const CNolOverride& override, std::int32_t nId);
 
 // Adds the rows of the record's Id to the record. A number column without a value reads as 0. Raises what

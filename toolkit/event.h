@@ -56,6 +56,7 @@ class Event {
 
     Connection Connect(Handler handler) {
         if (!slots) slots = std::make_shared<Slots>();
+        if (slots->depth == 0) slots->Sweep();
         auto isConnected = std::make_shared<bool>(true);
         slots->list.push_back(std::make_shared<Slot>(Slot{isConnected, std::move(handler)}));
         return Connection(isConnected);
@@ -79,6 +80,10 @@ class Event {
     };
 
     struct Slots {
+        void Sweep() {
+            std::erase_if(list, [](const auto& slot) { return !*slot->isConnected; });
+        }
+
         std::vector<std::shared_ptr<Slot>> list;
         int depth = 0;
     };
@@ -87,8 +92,7 @@ class Event {
     struct Depth {
         explicit Depth(Slots& slotsA) : slots(slotsA) { ++slots.depth; }
         ~Depth() {
-            if (--slots.depth > 0) return;
-            std::erase_if(slots.list, [](const auto& slot) { return !*slot->isConnected; });
+            if (--slots.depth == 0) slots.Sweep();
         }
         Depth(const Depth&) = delete;
         Depth& operator=(const Depth&) = delete;

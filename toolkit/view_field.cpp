@@ -28,9 +28,8 @@ void ViewField::SetFocus() {
         throw NolSchedError("The field " + name + " cannot take the focus: it is " +
                             (IsShown() ? "disabled." : "hidden."));
     UserControl& control = place.control;
-    if (control.focused == this) return;
     ViewField* const former = std::exchange(control.focused, this);
-    if (former != nullptr) former->LostFocus.Raise();
+    if (former != nullptr && former != this) former->LostFocus.Raise();
     control.FocusMoved.Raise(*this);
 }
 
@@ -38,7 +37,7 @@ bool ViewField::HasFocus() const { return place.control.focused == this; }
 
 bool ViewField::BeginUserAct() {
     if (!IsUsable()) return false;
-    SetFocus();
+    if (!HasFocus()) SetFocus();
     return true;
 }
 

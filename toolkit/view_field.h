@@ -128,6 +128,7 @@ class NOLSCHED_API UserControl {
     // The field that has the focus, or nothing while that field is not usable.
     ViewField* FocusedField() const;
 
+    // Raised again for the field that has the focus already: a screen may have lost it meanwhile.
     Event<ViewField&> FocusMoved;
     Event<ViewField&> Beep;  // the system's beep, for the field that refused a key
 

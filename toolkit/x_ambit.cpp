@@ -22,9 +22,9 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
     return number;
 }
 
-std::int32_t MaximumOf(const CaddisUser& user, std::int32_t fallback) {
+std::int32_t MaximumOf(const CaddisUser& user) {
     const auto setting = user.Settings.find(MAppConstants::maxPurgeInterval);
-    if (setting == user.Settings.end()) return fallback;
+    if (setting == user.Settings.end()) return maximumWithoutSetting;
     const auto number = WholeNumber(setting->second);
     if (!number || *number < 1)
         throw NolSchedError("The setting " + Quoted(MAppConstants::maxPurgeInterval) + " is " +
@@ -41,7 +41,7 @@ bool IsRequiredFor(const CaddisUser& user) {
 
 bool XAmbitPurge::LoadPurgeOptions(const std::string& AutoPurgeA, std::int32_t PurgeIntervalA,
                                    const CaddisUser& user) {
-    maximumDays = MaximumOf(user, maximumDays);
+    maximumDays = MaximumOf(user);
     isRequired = IsRequiredFor(user);
     const bool inRange = PurgeIntervalA >= 1 && PurgeIntervalA <= maximumDays;
     const std::string newDays = std::to_string(inRange ? PurgeIntervalA : maximumDays);

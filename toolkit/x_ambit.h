@@ -11,6 +11,8 @@
 
 namespace NolSchedCtls {
 
+inline constexpr std::int32_t maximumWithoutSetting = 365;  // days
+
 // Purge on or off ("Y" or "N"), and its interval in days from 1 to the user's maximum.
 class NOLSCHED_API XAmbitPurge : public ViewField {
   public:
@@ -40,7 +42,7 @@ class NOLSCHED_API XAmbitPurge : public ViewField {
 
     std::string autoPurge = "N";
     std::string days = "1";
-    std::int32_t maximumDays = 365;
+    std::int32_t maximumDays = maximumWithoutSetting;
     bool isRequired = false;
 };
 

@@ -30,7 +30,10 @@ struct ToInteger {
 struct ToText {
     std::string operator()(std::monostate) const { return {}; }
     std::string operator()(std::int64_t number) const { return std::to_string(number); }
-    std::string operator()(double number) const { return std::to_string(number); }
+    std::string operator()(double number) const {
+        const auto whole = ToInteger{}(number);
+        return whole ? std::to_string(*whole) : std::to_string(number);
+    }
     std::string operator()(const std::string& text) const { return text; }
 };
 

@@ -150,10 +150,12 @@ class FakeProvider : public ServiceProvider {
 
 }  // namespace
 
+std::unique_ptr<ServiceProvider> MakeProvider(World& world) { return std::make_unique<FakeProvider>(world); }
+
 InstalledWorld::InstalledWorld() {
     InstallServices([this] {
         ++providers;
-        return std::make_unique<FakeProvider>(*this);
+        return MakeProvider(*this);
     });
 }
 
@@ -179,6 +181,7 @@ void TraceControl(World& world, UserControl& control) {
 OpenEntry::OpenEntry() : notify(std::make_shared<CPaviseNotify>()) {
     documents = {{5, "North", {"NOL Group"}},
                  {0, "Zero", {"NOL Group"}},
+                 {0, "Nought", {"Scenario"}},
                  {12, "Baseline", {"Scenario"}},
                  {13, "Busy", {"Scenario"}}};
     const auto call = [this](const char* name) {

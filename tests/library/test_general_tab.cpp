@@ -27,6 +27,7 @@ TEST(GeneralTab, LoadsInOrderAndSilencesThePickerAloneAtFirst) {
     CNolSchedData& record = *page.record;
     record.HomOvr = record.PlmOvr = record.RfcOvr = record.VcsOvr = record.CreateFiles = "Y";
     record.RetrieveMode = "Q";
+    record.RunMode = "I";
     record.PurgeInterval = 366;
     EXPECT_EQ(
         page.Load(page.tab),
@@ -41,7 +42,7 @@ TEST(GeneralTab, LoadsInOrderAndSilencesThePickerAloneAtFirst) {
     record.RptGrpId = 77;
     EXPECT_EQ(page.Load(page.tab), "MarkChanged; ");
     record.PurgeInterval = 0;
-    record.RunMode = "I";
+    record.RunMode = "S";
     record.IsNew = true;
     EXPECT_EQ(page.Load(page.tab),
               "Nightly[48]: Warning! The purge interval that you have specified \r\n"

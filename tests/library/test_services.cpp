@@ -4,6 +4,8 @@
 #include <optional>
 #include <thread>
 
+#include "library/catalogue.h"
+#include "tabs/contract/pavise_tab.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {
@@ -23,6 +25,28 @@ TEST(Services, AreMadeForEachThreadAtFirstUseAndReplacedByTheNextInstallation) {
     }
     EXPECT_EQ(FailureOf([] { Clock(); }),
               "The service Clock is not there: no services are installed (InstallServices).");
+}
+
+TEST(Services, LetTwoThreadsEditEntriesOfTheirOwn) {
+    InstallServices([] {
+        thread_local World world;
+        return MakeProvider(world);
+    });
+    const auto edit = [] {
+        for (int round = 0; round < 100; ++round) {
+            const auto record = std::make_shared<CNolSchedData>();
+            record->InitNew(nullptr, false, 0, "Nightly");
+            for (const auto& published : PublishedClasses())
+                if (published.kind == ClassKind::Control)
+                    CreateControl(published.sProgId)->LoadData(record, "", std::make_shared<CPaviseNotify>());
+            record->AddNolOverride(MakeOverride("HOM Study"), "HOM Study");
+            EXPECT_EQ(&record->SaveNolOverrides(), record.get());
+        }
+    };
+    std::thread other(edit);
+    edit();
+    other.join();
+    InstallServices({});
 }
 
 TEST(DateTimes, ReadWriteAndSplitToTheNearestSecond) {

@@ -108,7 +108,7 @@ TEST(Fields, MoveTheFocusOnceAndRefuseItWhereNoUserReaches) {
     for (const char32_t key : {U'1', U'2'}) panel.text.Key(key);
     for (int i = 0; i < 2; ++i) panel.box.SetFocus();
     EXPECT_EQ(panel.world.TakeTrace(),
-              "focus box; raised; left box; focus text; raised; raised; left text; focus box; ");
+              "focus box; raised; left box; focus text; raised; raised; left text; focus box; focus box; ");
     panel.frame.SetVisible(false);
     EXPECT_EQ(panel.FocusedField(), nullptr);
     EXPECT_EQ(FailureOf([&] { panel.text.SetFocus(); }),
@@ -141,6 +141,7 @@ TEST(TextBoxes, CountCharactersAndKeepWhatIsNoUtf8) {
         {"", keyBackspace, ""},
         {"a\xC3", keyBackspace, "a"},
         {"\xE2\x82", keyBackspace, "\xE2"},
+        {"\xFF\x80\x80", keyBackspace, "\xFF\x80"},
         {"\xFF\xFE\xC3", U'\U0001F600', "\xFF\xFE\xC3\U0001F600"},
         {"\xFF\xFE\xC3\xF0", U'1', "\xFF\xFE\xC3\xF0"}};
     for (const auto& [text, key, after] : keys) EXPECT_EQ(TextAfterKey(text, key, 4), after) << text;
