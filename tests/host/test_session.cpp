@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QSqlDatabase>
 #include <thread>
 
 #include "host/entry_session.h"
@@ -93,10 +94,14 @@ TEST_F(Sessions, TheSecondSaverIsToldWhoWasFasterAndKeepsItsInput) {
     EXPECT_THROW(second.Save(), OvertakenError);
 }
 
-TEST_F(Sessions, AnotherThreadHasServicesOfItsOwn) {
+TEST_F(Sessions, AnotherThreadHasAConnectionOfItsOwn) {
+    const auto connections = QSqlDatabase::connectionNames().size();
     std::string found;
-    std::thread([&found] { found = CaddisStore().FindDocument({"Scenario"}, 4)->Name; }).join();
-    EXPECT_EQ(found, "Baseline");
+    std::thread([&] {
+        found = CaddisStore().FindDocument({"Scenario"}, 4)->Name;
+        found += " " + std::to_string(QSqlDatabase::connectionNames().size() - connections);
+    }).join();
+    EXPECT_EQ(found, "Baseline 1");
 }
 
 }  // namespace
