@@ -51,8 +51,11 @@ void InsertNolOverride(const CNolOverride& override, std::int32_t nId) {
 void LoadNolOverrides(CNolSchedData& record) {
     const auto rows = LintelDb().OpenRows(
         {.sQuery = "SELECT * FROM NOL_Override WHERE NOL_OverrideId = " + std::to_string(record.Id)});
-    for (; !rows->AtEnd(); rows->MoveNext())
-        record.AddNolOverride(OverrideOfRow(*rows), FieldToText(rows->Fields("Type")));
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+        auto item = OverrideOfRow(*rows);
+        std::string type = item->OverrideType;
+        record.AddNolOverride(std::move(item), std::move(type));
+    }
 }
 
 }  // namespace NolSchedCtls::MSQL

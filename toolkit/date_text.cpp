@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cstddef>
 
@@ -19,31 +20,32 @@ constexpr std::array<std::string_view, 12> monthNames = {"January",   "February"
 constexpr std::array<std::string_view, 3> shortFormats = {"M/D/YYYY", "D/M/YYYY", "YYYY/M/D"};
 
 struct NumberPiece {
-    std::string_view letters;
+    char letter;
+    std::size_t length;  // as many digits are written
     int DateTimeParts::*pPart;
     std::size_t fewestDigits;  // when read
     std::size_t mostDigits;
 };
 
-// As many digits are written as there are letters.
 constexpr std::array numberPieces = {
-    NumberPiece{"M", &DateTimeParts::month, 1, 2}, NumberPiece{"MM", &DateTimeParts::month, 1, 2},
-    NumberPiece{"D", &DateTimeParts::day, 1, 2}, NumberPiece{"DD", &DateTimeParts::day, 1, 2},
-    NumberPiece{"YYYY", &DateTimeParts::year, 4, 4}};
+    NumberPiece{'M', 1, &DateTimeParts::month, 1, 2}, NumberPiece{'M', 2, &DateTimeParts::month, 1, 2},
+    NumberPiece{'D', 1, &DateTimeParts::day, 1, 2}, NumberPiece{'D', 2, &DateTimeParts::day, 1, 2},
+    NumberPiece{'Y', 4, &DateTimeParts::year, 4, 4}};
 
 const NumberPiece* FindNumberPiece(std::string_view piece) {
-    const auto* found = std::find_if(numberPieces.begin(), numberPieces.end(),
-                                     [piece](const NumberPiece& number) { return number.letters == piece; });
-    return found == numberPieces.end() ? nullptr : found;
+    for (const NumberPiece& number : numberPieces)
+        if (number.letter == piece.front() && number.length == piece.size()) return &number;
+    return nullptr;
 }
+
+bool IsName(std::string_view piece) { return piece == "DDDD" || piece == "MMMM"; }
 
 bool IsPatternLetter(char letter) { return letter == 'D' || letter == 'M' || letter == 'Y'; }
 
-// Takes a run of one pattern letter, or one other character, off the front of the pattern.
+// Takes a run of one character off the front of the pattern.
 std::string_view TakePiece(std::string_view& pattern) {
-    const char first = pattern.front();
-    const std::size_t length =
-        IsPatternLetter(first) ? std::min(pattern.find_first_not_of(first), pattern.size()) : 1;
+    std::size_t length = 1;
+    while (length < pattern.size() && pattern[length] == pattern.front()) ++length;
     const std::string_view piece = pattern.substr(0, length);
     pattern.remove_prefix(length);
     return piece;
@@ -58,19 +60,26 @@ std::string_view WeekdayName(const DateTimeParts& parts) {
     return weekdayNames.at(std::chrono::weekday{std::chrono::sys_days{CalendarDay(parts)}}.c_encoding());
 }
 
-std::string Padded(int number, std::size_t digits) {
-    const std::string text = std::to_string(number);
-    return std::string(digits - std::min(digits, text.size()), '0') + text;
+void AppendNumber(std::string& text, int number, std::size_t digits) {
+    std::array<char, 11> written{};
+    const char* const end = std::to_chars(written.begin(), written.end(), number).ptr;
+    const auto length = static_cast<std::size_t>(end - written.data());
+    text.append(digits - std::min(digits, length), '0').append(written.data(), length);
 }
 
-std::string PieceText(std::string_view piece, const DateTimeParts& parts) {
-    if (piece == "DDDD") return std::string(WeekdayName(parts));
-    if (piece == "MMMM") return std::string(monthNames.at(static_cast<std::size_t>(parts.month) - 1));
-    if (const auto* number = FindNumberPiece(piece)) return Padded(parts.*number->pPart, piece.size());
-    if (IsPatternLetter(piece.front()))
-        throw NolSchedError("A date format has no part " + Quoted(piece) +
-                            "; it has DDDD, MMMM, MM, M, DD, D and YYYY.");
-    return std::string(piece);
+void AppendPiece(std::string& text, std::string_view piece, const DateTimeParts& parts) {
+    if (piece == "DDDD") {
+        text += WeekdayName(parts);
+        return;
+    }
+    if (piece == "MMMM") {
+        text += monthNames.at(static_cast<std::size_t>(parts.month) - 1);
+        return;
+    }
+    if (const auto* number = FindNumberPiece(piece))
+        return AppendNumber(text, parts.*number->pPart, piece.size());
+    CheckDatePattern(piece);
+    text += piece;
 }
 
 std::string_view ShortFormat(IDateSettings& settings) {
@@ -167,21 +176,21 @@ std::optional<DateTime> ReadByPattern(std::string_view text, std::string_view pa
 std::string DateText(DateTime date, std::string_view pattern) {
     const DateTimeParts parts = SplitDateTime(date);
     std::string text;
-    while (!pattern.empty()) text += PieceText(TakePiece(pattern), parts);
+    while (!pattern.empty()) AppendPiece(text, TakePiece(pattern), parts);
     return text;
+}
+
+void CheckDatePattern(std::string_view pattern) {
+    while (!pattern.empty()) {
+        const std::string_view piece = TakePiece(pattern);
+        if (!IsPatternLetter(piece.front()) || IsName(piece) || FindNumberPiece(piece) != nullptr) continue;
+        throw NolSchedError("A date format has no part " + Quoted(piece) +
+                            "; it has DDDD, MMMM, MM, M, DD, D and YYYY.");
+    }
 }
 
 std::string ShortDateText(DateTime date, IDateSettings& settings) {
     return DateText(date, ShortFormat(settings));
-}
-
-std::string GeneralDateText(DateTime dateTime, IDateSettings& settings) {
-    const DateTimeParts parts = SplitDateTime(dateTime);
-    std::string text = ShortDateText(dateTime, settings);
-    if (parts.hour == 0 && parts.minute == 0 && parts.second == 0) return text;
-    const int hour = parts.hour % 12 == 0 ? 12 : parts.hour % 12;
-    return text + ' ' + std::to_string(hour) + ':' + Padded(parts.minute, 2) + ':' + Padded(parts.second, 2) +
-           (parts.hour < 12 ? " AM" : " PM");
 }
 
 std::optional<DateTime> ReadDateText(std::string_view text, IDateSettings& settings) {

@@ -16,11 +16,11 @@ inline constexpr std::string_view longDateFormat = "DDDD, MMMM DD, YYYY";
 // stands for itself. Names are English. Raises NolSchedError for another run of these letters.
 std::string DateText(DateTime date, std::string_view pattern);
 
+// Raises NolSchedError for a pattern that DateText cannot write by.
+void CheckDatePattern(std::string_view pattern);
+
 // The regional short form: "3/2/2026" with the month first.
 std::string ShortDateText(DateTime date, IDateSettings& settings = DateSettings());
-
-// The short form, and behind it the time to the second where there is one: "3/2/2026 9:05:00 AM".
-std::string GeneralDateText(DateTime dateTime, IDateSettings& settings = DateSettings());
 
 // Reads the short form, the long form or the edit format, alone or with a time behind a blank: "9:5",
 // "21:05:30" or "9:05:00 PM". Names are read in any case. Nothing for any other text, a day that no calendar

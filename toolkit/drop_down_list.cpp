@@ -9,8 +9,13 @@ void DropDownList::Clear() {
     Refresh.Raise();
 }
 
-void DropDownList::AddItem(std::string item) {
-    entries.push_back(std::move(item));
+void DropDownList::AddItem(std::string_view item) {
+    entries.emplace_back(item);
+    if (listIndex >= 0) Refresh.Raise();
+}
+
+void DropDownList::AddItems(std::span<const std::string> items) {
+    entries.insert(entries.end(), items.begin(), items.end());
     if (listIndex >= 0) Refresh.Raise();
 }
 

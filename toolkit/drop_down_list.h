@@ -1,6 +1,8 @@
 // A drop-down list: its value is one of its entries, or nothing.
 #pragma once
 
+#include <span>
+
 #include "records/services/export.h"
 #include "toolkit/view_field.h"
 
@@ -13,8 +15,9 @@ class NOLSCHED_API DropDownList : public ViewField {
   public:
     DropDownList(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
 
-    void Clear();                    // nothing is selected then; raises no click
-    void AddItem(std::string item);  // at the end; raises no click
+    void Clear();                                       // nothing is selected then; raises no click
+    void AddItem(std::string_view item);                // at the end; raises no click
+    void AddItems(std::span<const std::string> items);  // as one AddItem
     const std::vector<std::string>& Entries() const { return entries; }
     bool Offers(std::string_view text) const { return IndexOf(text) >= 0; }
 

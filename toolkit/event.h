@@ -55,52 +55,52 @@ class Event {
     Event& operator=(const Event&) = delete;
 
     Connection Connect(Handler handler) {
-        if (!slots) slots = std::make_shared<Slots>();
-        if (slots->depth == 0) slots->Sweep();
-        auto isConnected = std::make_shared<bool>(true);
-        slots->list.push_back(std::make_shared<Slot>(Slot{isConnected, std::move(handler)}));
-        return Connection(isConnected);
+        if (!handlers) handlers = std::make_shared<Handlers>();
+        if (handlers->depth == 0) handlers->Sweep();
+        const auto place = std::make_shared<Place>(Place{std::move(handler)});
+        handlers->list.push_back(place);
+        return Connection(std::shared_ptr<bool>(place, &place->isConnected));
     }
 
     void Raise(Arguments... arguments) const {
-        const auto held = slots;  // a handler may end this event
+        const auto held = handlers;  // a handler may end this event
         if (!held) return;
         const Depth depth(*held);
         const std::size_t count = held->list.size();
         for (std::size_t i = 0; i < count; ++i) {
-            const auto slot = held->list[i];  // a handler may connect, which moves the list
-            if (*slot->isConnected) slot->handler(arguments...);
+            const auto place = held->list[i];  // a handler may connect, which moves the list
+            if (place->isConnected) place->handler(arguments...);
         }
     }
 
   private:
-    struct Slot {
-        std::shared_ptr<bool> isConnected;
+    struct Place {
         Handler handler;
+        bool isConnected = true;
     };
 
-    struct Slots {
+    struct Handlers {
         void Sweep() {
-            std::erase_if(list, [](const auto& slot) { return !*slot->isConnected; });
+            std::erase_if(list, [](const auto& place) { return !place->isConnected; });
         }
 
-        std::vector<std::shared_ptr<Slot>> list;
+        std::vector<std::shared_ptr<Place>> list;
         int depth = 0;
     };
 
     // Removes disconnected handlers when the outermost raise ends, by return or by a failure.
     struct Depth {
-        explicit Depth(Slots& slotsA) : slots(slotsA) { ++slots.depth; }
+        explicit Depth(Handlers& handlersA) : handlers(handlersA) { ++handlers.depth; }
         ~Depth() {
-            if (--slots.depth == 0) slots.Sweep();
+            if (--handlers.depth == 0) handlers.Sweep();
         }
         Depth(const Depth&) = delete;
         Depth& operator=(const Depth&) = delete;
 
-        Slots& slots;
+        Handlers& handlers;
     };
 
-    std::shared_ptr<Slots> slots;
+    std::shared_ptr<Handlers> handlers;
 };
 
 }  // namespace NolSchedCtls

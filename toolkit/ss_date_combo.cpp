@@ -6,6 +6,12 @@
 
 namespace NolSchedCtls {
 
+namespace {
+
+constexpr std::string_view today = "Today";
+
+}  // namespace
+
 std::string SSDateCombo::Text() const {
     return displayFormat.empty() ? ShortDateText(DateValue()) : DateText(DateValue(), displayFormat);
 }
@@ -27,16 +33,17 @@ void SSDateCombo::SetDate(DateTime dateA) {
 
 DateTime SSDateCombo::DateValue() const {
     if (date) return *date;
-    return DateOf(ReadDateText(defaultDate).value_or(Clock().Now()));
+    return DateOf(defaultDate == today ? Clock().Now() : ReadDateText(defaultDate).value_or(Clock().Now()));
 }
 
-void SSDateCombo::SetDisplayFormat(const std::string& format) {
-    DateText(DateValue(), format);  // raises where the format cannot be shown
-    Assign(displayFormat, format);
+void SSDateCombo::SetDisplayFormat(std::string_view format) {
+    if (format == displayFormat) return;
+    CheckDatePattern(format);
+    Assign(displayFormat, std::string(format));
 }
 
 void SSDateCombo::SetDefaultDate(const std::string& text) {
-    if (text != "Today" && !ReadDateText(text))
+    if (text != today && !ReadDateText(text))
         throw NolSchedError("The default date " + Quoted(text) + " of the field " + Name() + " is no date.");
     Assign(defaultDate, text);
 }

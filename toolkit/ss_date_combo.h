@@ -27,7 +27,7 @@ class NOLSCHED_API SSDateCombo : public ViewField {
     // A pattern of DateText; empty, as at first, for the regional short form. Raises NolSchedError for a
     // pattern that cannot be shown. Raises no Changed.
     const std::string& DisplayFormat() const { return displayFormat; }
-    void SetDisplayFormat(const std::string& format);
+    void SetDisplayFormat(std::string_view format);
     // The date until one is set: "Today", which follows the clock, or the text of a date. Raises
     // NolSchedError for any other text.
     const std::string& DefaultDate() const { return defaultDate; }

@@ -9,12 +9,18 @@
 #include <vector>
 
 #include "records/services/error.h"
-#include "records/services/export.h"
 
 namespace NolSchedCtls {
 
+constexpr char FoldedLetter(char letter) noexcept {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
 // True if both keys are the same but for the case of the letters A to Z.
-NOLSCHED_API bool EqualKeys(std::string_view left, std::string_view right) noexcept;
+constexpr bool EqualKeys(std::string_view left, std::string_view right) noexcept {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return a == b || FoldedLetter(a) == FoldedLetter(b); });
+}
 
 // Keys compare without regard to case; an empty key is no key. Positions count from 1. References stay good
 // until the next Add or Remove.

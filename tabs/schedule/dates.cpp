@@ -9,10 +9,8 @@ namespace NolSchedCtls {
 
 namespace {
 
-std::string DateOnlyText(DateTime dateTime) {
-    const std::string text = GeneralDateText(dateTime);
-    return text.substr(0, text.find(' '));
-}
+// The general form without its time: no short form holds a blank.
+std::string DateOnlyText(DateTime dateTime) { return ShortDateText(dateTime); }
 
 DateTime ReadField(const SSDateCombo& field, const std::string& text) {
     if (const auto read = ReadDateText(text)) return *read;
@@ -31,25 +29,26 @@ DateTime AtTime(DateTime day, int hour, int minute, int second) {
 
 void XNolScheduleTab::SetCtlsDates() {
     const CNolSchedData& data = Record();
-    ShowProperty("FirstDateTime", std::to_string(data.FirstDateTime), [this] { ShowStart(); });
-    ShowProperty("FinalDateTime", std::to_string(data.FinalDateTime), [this] { ShowEnd(); });
-    SSDStartDate.SetDisplayFormat(std::string(longDateFormat));
-    SSDEndDate.SetDisplayFormat(std::string(longDateFormat));
+    ShowProperty("FirstDateTime", data.FirstDateTime, [this] { ShowStart(); });
+    ShowProperty("FinalDateTime", data.FinalDateTime, [this] { ShowEnd(); });
+    SSDStartDate.SetDisplayFormat(longDateFormat);
+    SSDEndDate.SetDisplayFormat(longDateFormat);
 }
 
 void XNolScheduleTab::ShowStart() {
     const DateTime first = Record().FirstDateTime;
     SSDStartDate.SetText(DateOnlyText(first));
-    dtpStartTime.SetHour(SplitDateTime(first).hour);
-    dtpStartTime.SetMinute(SplitDateTime(first).minute);
+    const DateTimeParts parts = SplitDateTime(first);
+    dtpStartTime.SetHour(parts.hour);
+    dtpStartTime.SetMinute(parts.minute);
 }
 
 void XNolScheduleTab::ShowEnd() {
-    const std::string sFinal = DateOnlyText(Record().FinalDateTime);
-    const bool hasEnd = ReadDateText(sFinal) != MAppConstants::NoEndDate;
-    if (hasEnd) SSDEndDate.SetText(sFinal);
+    const DateTime lastDay = DateOf(Record().FinalDateTime);
+    const bool hasEnd = lastDay != MAppConstants::NoEndDate;
+    if (hasEnd) SSDEndDate.SetText(DateOnlyText(lastDay));
     chkEndDate.SetValue(hasEnd ? 1 : 0);
-    if (!hasEnd) SSDEndDate.SetText(GeneralDateText(Clock().Now()));
+    if (!hasEnd) SSDEndDate.SetText(DateOnlyText(Clock().Now()));
     SSDEndDate.SetVisible(hasEnd);
     txtNoEndDate.SetVisible(!hasEnd);
 }

@@ -67,14 +67,12 @@ void XNolScheduleTab::SaveData() { SetDataFromCtls(); }
 void XNolScheduleTab::SetCtlsFromData() {
     const CNolSchedData& data = Record();
     SetCtlsDates();
-    ShowProperty("Periodicity", Quoted(data.Periodicity),
+    ShowProperty("Periodicity", data.Periodicity,
                  [&] { cboPeriod.SetText(PeriodCodeToText(data.Periodicity)); });
-    ShowProperty("Frequency", std::to_string(data.Frequency), [this] { ShowFrequency(); });
-    ShowProperty("WhichWeekday", std::to_string(data.WhichWeekday),
-                 [this] { cboDayName.SetText(GetDayNameText()); });
+    ShowProperty("Frequency", data.Frequency, [this] { ShowFrequency(); });
+    ShowProperty("WhichWeekday", data.WhichWeekday, [this] { cboDayName.SetText(GetDayNameText()); });
     const bool isWeek = data.Periodicity == codeOfWeekday;
-    ShowProperty(isWeek ? "WhichWeek" : "WhichMonthDate",
-                 std::to_string(isWeek ? data.WhichWeek : data.WhichMonthDate),
+    ShowProperty(isWeek ? "WhichWeek" : "WhichMonthDate", isWeek ? data.WhichWeek : data.WhichMonthDate,
                  [this] { cboDayNum.SetListIndex(GetDayNumIndex()); });
     ShowExclusions();
 }

@@ -79,7 +79,7 @@ void XNolScheduleTab::ConnectDateField(SSDateCombo& field) {
     field.Changed.Connect([this] { NotifyChanged(); });
     field.Clicked.Connect([this] { NotifyChanged(); });
     field.LostFocus.Connect([this, &field] {
-        if (!fLoading) field.SetDisplayFormat(std::string(longDateFormat));
+        if (!fLoading) field.SetDisplayFormat(longDateFormat);
     });
     field.EditFormatRequest.Connect([&field] {
         field.SetDisplayFormat(DateSettings().EditDateFormat());

@@ -25,6 +25,14 @@ enum RowBit : unsigned {
 
 enum ModeIndex : std::size_t { once, hourly, daily, weekly, monthly };
 
+constexpr std::size_t mostFrequencies = 52;
+
+std::array<std::string, mostFrequencies> NumberTexts() {
+    std::array<std::string, mostFrequencies> texts;
+    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = std::to_string(i + 1);
+    return texts;
+}
+
 }  // namespace
 
 struct XNolScheduleTab::FrequencyMode {
@@ -44,8 +52,8 @@ constinit const XNolScheduleTab::FrequencyMode XNolScheduleTab::frequencyModes[5
     {periodOnce, "O", "", 0, 0, {}, true, false, false},
     {periodHourly, "H", "Period(s)", 24, every | frequency | unit, {}, true, true, true},
     {periodDaily, "D", " day(s)", 7, every | frequency | unit, {}, false, true, true},
-    {periodWeekly, "W", " week(s)", 52, on | dayName | every | frequency | unit, DayNames::Weekdays, true,
-     false, true},
+    {periodWeekly, "W", " week(s)", mostFrequencies, on | dayName | every | frequency | unit,
+     DayNames::Weekdays, true, false, true},
     {periodMonthly, "A", " month(s)", 12, onThe | dayNum | dayName | ofEvery | frequency | unit,
      DayNames::Full, true, true, true},
 };
@@ -100,8 +108,9 @@ void XNolScheduleTab::LoadPeriodList() {
 }
 
 void XNolScheduleTab::LoadFrequencyList(int nMax) {
+    static const auto numbers = NumberTexts();
     cboFrequency.Clear();
-    for (int number = 1; number <= nMax; ++number) cboFrequency.AddItem(std::to_string(number));
+    cboFrequency.AddItems({numbers.data(), static_cast<std::size_t>(nMax)});
     cboFrequency.SetListIndex(0);
 }
 

@@ -7,14 +7,17 @@
 
 namespace NolSchedCtls {
 
+inline std::string ValueText(const std::string& sValue) { return Quoted(sValue); }
+inline std::string ValueText(auto number) { return std::to_string(number); }
+
 // Runs the step that shows a property. A view field's failure names what the view lacks; this puts the
 // record's property and value before it.
-template <class Step>
-void ShowProperty(const char* sProperty, const std::string& sValue, Step step) {
+template <class Value, class Step>
+void ShowProperty(const char* sProperty, const Value& value, Step step) {
     try {
         step();
     } catch (const NolSchedError& failure) {
-        throw NolSchedError("The entry's " + std::string(sProperty) + " " + sValue +
+        throw NolSchedError("The entry's " + std::string(sProperty) + " " + ValueText(value) +
                             " cannot be shown: " + failure.what());
     }
 }
