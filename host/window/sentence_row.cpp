@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <optional>
 
 #include "host/window/qt_text.h"
 #include "tabs/schedule/nol_schedule_tab.h"
@@ -16,16 +17,6 @@ int TextWidth(const QWidget& widget, const QString& text) {
     return widget.fontMetrics().horizontalAdvance(text);
 }
 
-// A label's text keeps a little air on both sides, since its neighbours stand flush.
-int NeededBy(const QWidget& widget, const QString& text, const ViewField& field) {
-    const int width = TextWidth(widget, text);
-    if (dynamic_cast<const Label*>(&field) != nullptr) return width + TextWidth(widget, u"n"_s);
-    QStyleOptionComboBox option;
-    option.initFrom(&widget);
-    const QSize content(width, widget.fontMetrics().height());
-    return widget.style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, &widget).width();
-}
-
 QList<QString> TextsOf(const ViewField& field) {
     QList<QString> texts = {WithoutMnemonic(Trimmed(field.Caption()))};
     if (const auto* list = dynamic_cast<const DropDownList*>(&field))
@@ -34,26 +25,50 @@ QList<QString> TextsOf(const ViewField& field) {
     return texts;
 }
 
+// A label's text keeps a little air on both sides, since its neighbours stand flush.
+int NeededBy(const QWidget& widget, const ViewField& field) {
+    int width = 0;
+    for (const QString& text : TextsOf(field)) width = std::max(width, TextWidth(widget, text));
+    if (dynamic_cast<const Label*>(&field) != nullptr) return width + TextWidth(widget, u"n"_s);
+    QStyleOptionComboBox option;
+    option.initFrom(&widget);
+    const QSize content(width, widget.fontMetrics().height());
+    return widget.style()->sizeFromContents(QStyle::CT_ComboBox, &option, content, &widget).width();
+}
+
 void FitMode(const QWidget& widget, const XNolScheduleTab& tab, RowScale& scale, float& widest) {
     for (const auto* field : tab.Fields()) {
         if (field->Container() != &tab.Frame2 || !field->Visible()) continue;
-        for (const QString& text : TextsOf(*field))
-            scale.pixelsPerTwip = std::max(
-                scale.pixelsPerTwip, NeededBy(widget, text, *field) / static_cast<double>(field->Width()));
+        scale.pixelsPerTwip =
+            std::max(scale.pixelsPerTwip, NeededBy(widget, *field) / static_cast<double>(field->Width()));
         widest = std::max(widest, field->Left() + field->Width());
     }
 }
 
-}  // namespace
-
 // A tab of its own goes through the modes, so that nothing here knows their texts.
-RowScale RowScaleOf(const QWidget& widget) {
+RowScale MeasuredScale(const QWidget& widget) {
     XNolScheduleTab tab;
     RowScale scale;
     float widest = 0;
     for (int mode = 0; tab.cboPeriod.PickIndex(mode); ++mode) FitMode(widget, tab, scale, widest);
     scale.width = scale.Pixels(widest) + 1;
     return scale;
+}
+
+}  // namespace
+
+// All pages of a program look alike: what the last one has measured serves the next.
+RowScale RowScaleOf(const QWidget& widget) {
+    struct Look {
+        QFont font;
+        const QStyle* style;
+        int dotsPerInch;
+        bool operator==(const Look&) const = default;
+    };
+    static std::optional<std::pair<Look, RowScale>> last;
+    const Look look{widget.font(), widget.style(), widget.logicalDpiX()};
+    if (!last || last->first != look) last = {look, MeasuredScale(widget)};
+    return last->second;
 }
 
 SentenceRow::SentenceRow(QWidget* parent) : QWidget(parent), scale(RowScaleOf(*this)) {
@@ -75,13 +90,17 @@ void SentenceRow::Add(ViewField& field, QWidget* widget) {
 void SentenceRow::Put(const Place& place) const {
     const int left = scale.Pixels(place.field->Left());
     const int right = scale.Pixels(place.field->Left() + place.field->Width());
-    place.widget->setGeometry(left, 0, right - left, sizeHint().height());
+    place.widget->setGeometry(left, 0, right - left, height());
 }
 
 QSize SentenceRow::sizeHint() const {
     int height = 0;
     for (const Place& place : places) height = std::max(height, place.widget->sizeHint().height());
     return {scale.width, height};
+}
+
+void SentenceRow::resizeEvent(QResizeEvent* /*event*/) {
+    for (const Place& place : places) Put(place);
 }
 
 void SentenceRow::changeEvent(QEvent* event) {

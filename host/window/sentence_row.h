@@ -29,6 +29,7 @@ class SentenceRow : public QWidget {
     QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
