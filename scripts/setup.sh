@@ -1,10 +1,10 @@
 # Sourced by the commands beside it: installs the packages of packages.txt that are missing.
 
-# install_packages [test]
+# install_packages [test] [bench]
 install_packages() {
     local wanted missing=() package privileged=()
-    wanted=$(awk -v scope="${1:-}" '/^#/ || NF == 0 { next }
-        NF == 1 { print $1 } NF == 2 && $1 == scope { print $2 }' scripts/packages.txt)
+    wanted=$(awk -v scopes=" $* " '/^#/ || NF == 0 { next }
+        NF == 1 { print $1 } NF == 2 && index(scopes, " " $1 " ") { print $2 }' scripts/packages.txt)
     for package in $wanted; do
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
     done

@@ -1,0 +1,78 @@
+// The schedule page in a window, beside the same page written by hand.
+#include <QApplication>
+
+#include "bench/claims.h"
+#include "bench/hand_page.h"
+#include "bench/memory_services.h"
+#include "host/window/appearance.h"
+#include "host/window/page_view.h"
+#include "tabs/schedule/nol_schedule_tab.h"
+
+namespace {
+
+using namespace NolSchedCtls;
+using namespace NolSchedCtls::Bench;
+
+constexpr int weekly = 3;
+constexpr int monthly = 4;
+
+struct FieldPage {
+    FieldPage() {
+        tab.LoadData(StoredRecord(), "", std::make_shared<CPaviseNotify>());
+        page = std::make_unique<PageView>(tab, nullptr);
+        period = qobject_cast<QComboBox*>(page->WidgetOf(tab.cboPeriod));
+    }
+    QWidget& Page() { return *page; }
+
+    XNolScheduleTab tab;
+    std::unique_ptr<PageView> page;
+    QComboBox* period = nullptr;
+};
+
+struct WrittenPage {
+    QWidget& Page() { return page; }
+
+    HandPage page;
+    QComboBox* period = page.period;
+};
+
+void Show(QWidget& page) {
+    page.show();
+    QApplication::processEvents();
+}
+
+// As a user does: the list's own signals follow each other in this order.
+void Choose(QComboBox& list, int index) {
+    list.setCurrentIndex(index);
+    Q_EMIT list.activated(index);
+    QApplication::processEvents();
+}
+
+template <class Opened>
+void MeasurePage(const std::string& name) {
+    Measure("build " + name, [] {
+        Opened opened;
+        Show(opened.Page());
+    });
+    const auto opened = std::make_shared<Opened>();
+    Show(opened->Page());
+    Measure("switch " + name, [opened] {
+        Choose(*opened->period, monthly);
+        Choose(*opened->period, weekly);
+    });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    SetAppearance(false);
+    InstallMemoryServices();
+    MeasurePage<FieldPage>("fields");
+    MeasurePage<WrittenPage>("hand");
+    return RunClaims(
+        argc, argv,
+        {{"schedule page: build and show / written by hand", "build fields", "build hand", 1.2},
+         {"schedule page: switch the mode, there and back / by hand", "switch fields", "switch hand", 1.2}});
+}

@@ -1,0 +1,36 @@
+// From the start of `nolsched-editor` to its first painted frame, beside a bare Qt window with a table.
+#include <filesystem>
+
+#include "bench/claims.h"
+#include "bench/process.h"
+
+namespace {
+
+using namespace NolSchedCtls::Bench;
+namespace fs = std::filesystem;
+
+void MeasureStart(const std::string& name, const std::vector<std::string>& command,
+                  const std::string& folder) {
+    Measure(name, [command, folder] {
+        Run(command, {"LD_PRELOAD=" FIRST_FRAME, "QT_QPA_PLATFORM=offscreen", "XDG_CONFIG_HOME=" + folder,
+                      "XDG_RUNTIME_DIR=" + folder});
+    })->Iterations(3);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const fs::path folder = fs::temp_directory_path() / "nolsched-start";
+    fs::remove_all(folder);
+    fs::create_directory(folder);
+    fs::permissions(folder, fs::perms::owner_all);
+    const std::string store = (folder / "entries.db").string();
+    Run({NOLSCHED, "--db", store, "list"});  // makes the store
+    MeasureStart("editor", {NOLSCHED_EDITOR, "--db", store}, folder.string());
+    MeasureStart("bare", {BARE_WINDOW}, folder.string());
+    const int status =
+        RunClaims(argc, argv,
+                  {{"editor, start to first frame / a bare Qt window with a table", "editor", "bare", 1.3}});
+    fs::remove_all(folder);
+    return status;
+}

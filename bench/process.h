@@ -1,0 +1,18 @@
+// Other programs as the thing that is measured.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace NolSchedCtls::Bench {
+
+struct Finished {
+    int status = 0;
+    long nPeakKilobytes = 0;  // at least this program's own, which counts until the other one begins
+};
+
+// Runs the program to its end, its output thrown away; it gets the given lines ("NAME=value") on top of this
+// process's environment. Raises std::runtime_error if it cannot be run or fails.
+Finished Run(const std::vector<std::string>& command, const std::vector<std::string>& environment = {});
+
+}  // namespace NolSchedCtls::Bench
