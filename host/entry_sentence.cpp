@@ -15,4 +15,8 @@ std::string SentenceOf(const std::shared_ptr<CNolSchedData>& record) {
     return ScheduleSentence(tab);
 }
 
+std::string SentenceOf(const ListedEntry& entry) {
+    return entry.sTrouble.empty() ? SentenceOf(entry.record) : "(" + entry.sTrouble + ")";
+}
+
 }  // namespace NolSchedCtls

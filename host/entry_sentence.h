@@ -4,12 +4,13 @@
 #include <memory>
 #include <string>
 
-#include "records/nol_sched_data.h"
+#include "host/entry_store.h"
 
 namespace NolSchedCtls {
 
-// Read off a schedule tab that has loaded the record; for one that no tab can show, the reason in
-// parentheses.
+// Read off a schedule tab that has loaded the record; for one that no tab can show, or no record can hold,
+// the reason in parentheses.
 std::string SentenceOf(const std::shared_ptr<CNolSchedData>& record);
+std::string SentenceOf(const ListedEntry& entry);
 
 }  // namespace NolSchedCtls

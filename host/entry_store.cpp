@@ -83,6 +83,21 @@ void ReadRow(const ILintelRows& rows, CNolSchedData& record) {
     for (const auto& column : AllEntryColumns()) std::visit(FromRow{rows, record}, column);
 }
 
+// What the store itself fails in is no trouble of the row.
+void ReadListed(const ILintelRows& rows, std::int32_t nId, ListedEntry& entry) {
+    entry.sTrouble.clear();
+    try {
+        ReadRow(rows, *entry.record);
+    } catch (const StoreError&) {
+        throw;
+    } catch (const NolSchedError& error) {
+        entry.sTrouble = error.what();
+        entry.record = std::make_shared<CNolSchedData>();
+        entry.record->Id = nId;
+        entry.record->EditorName = FieldToText(rows.Fields("EditorName"));
+    }
+}
+
 InitEditArguments ArgumentsOf(const CNolSchedData& row) {
     InitEditArguments arguments;
     arguments.ScenarioTypeA = std::make_shared<CaddisScenarioType>();
@@ -208,10 +223,10 @@ void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, s
         "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
         "NOL_Override.Type",
         {nAfterId, nMost});
-    ListedEntry entry{std::make_shared<CNolSchedData>(), {}, {}};
+    ListedEntry entry{std::make_shared<CNolSchedData>(), {}, {}, {}};
     while (!rows->AtEnd()) {
         const auto nId = LintelDb().FieldToNumber(rows->Fields("Id"), 0);
-        Opening(nId, [&] { ReadRow(*rows, *entry.record); });
+        ReadListed(*rows, nId, entry);
         entry.sGroup = FieldToText(rows->Fields("GroupName"));
         entry.sKinds.clear();
         do {

@@ -30,9 +30,11 @@ struct StoredEntry {
     std::int32_t nVersion = 0;  // counts the saves
 };
 
-// A row of the list. The record holds the entry's own columns, without overrides.
+// A row of the list. The record holds the entry's own columns, without overrides; of a row that no record can
+// hold it has Id and EditorName alone, and sTrouble says why.
 struct ListedEntry {
     std::shared_ptr<CNolSchedData> record;
+    std::string sTrouble;
     std::string sGroup;               // empty if the group is gone
     std::vector<std::string> sKinds;  // the Type of each override row, in the order of the texts
 };

@@ -58,7 +58,7 @@ void TellEntry(const Run& run, const ListedEntry& entry) {
                        {{"Id", entry.record->Id},
                         {"EditorName", entry.record->EditorName},
                         {"group", entry.sGroup},
-                        {"sentence", SentenceOf(entry.record)},
+                        {"sentence", SentenceOf(entry)},
                         {"overrides", entry.sKinds}}}});
 }
 

@@ -63,6 +63,7 @@ void EntryEditor::MakeButtons() {
     buttons->button(Box::Ok)->setText(u"OK"_s);
     buttons->button(Box::Cancel)->setText(u"Cancel"_s);
     buttons->button(Box::Apply)->setText(u"Apply"_s);
+    for (auto* const button : buttons->buttons()) button->setIcon({});
     buttons->button(Box::Apply)->setShortcut(QKeySequence::Save);
     connect(buttons, &Box::accepted, this, &EntryEditor::accept);
     connect(buttons, &Box::rejected, this, &EntryEditor::reject);

@@ -55,14 +55,15 @@ QString EndText(DateTime end) {
 
 EntryRow RowOf(const ListedEntry& entry) {
     const CNolSchedData& record = *entry.record;
+    const bool isRead = entry.sTrouble.empty();
     EntryRow row{record.Id, record.FirstDateTime, record.FinalDateTime, {}, {}};
     row.texts = {QString::number(record.Id),
                  ToQt(record.EditorName),
                  ToQt(entry.sGroup),
-                 ToQt(SentenceOf(entry.record)),
+                 ToQt(SentenceOf(entry)),
                  KindsText(entry),
-                 ToQt(ShortDateText(row.start)),
-                 EndText(row.end)};
+                 isRead ? ToQt(ShortDateText(row.start)) : QString(),
+                 isRead ? EndText(row.end) : QString()};
     for (const QString& text : row.texts) row.searched += text.toCaseFolded() + u'\n';
     return row;
 }
