@@ -12,7 +12,6 @@ class TemporaryStore {
     TemporaryStore();
     ~TemporaryStore();
     TemporaryStore(const TemporaryStore&) = delete;
-    TemporaryStore& operator=(const TemporaryStore&) = delete;
 
     static bool IsServer();
     const std::string& Address() const { return address; }
@@ -22,7 +21,6 @@ class TemporaryStore {
     std::string Dump() const;
 
   private:
-    std::string name;
     std::string address;
 };
 

@@ -23,16 +23,21 @@ class FakeRows : public ILintelRows {
     std::size_t next = 0;
 };
 
+// What all services of a test share: the world that they answer from and write to.
+template <class Service>
+struct Fake : Service {
+    explicit Fake(World& worldA) : world(worldA) {}
+    World& world;
+};
+
 struct Literal {
     std::string operator()(std::monostate) const { return "NULL"; }
-    std::string operator()(std::int64_t number) const { return std::to_string(number); }
-    std::string operator()(double number) const { return std::to_string(number); }
+    std::string operator()(auto number) const { return std::to_string(number); }
     std::string operator()(const std::string& text) const { return "'" + text + "'"; }
 };
 
-class FakeLintel : public ILintelDb {
-  public:
-    explicit FakeLintel(World& worldA) : world(worldA) {}
+struct FakeLintel : Fake<ILintelDb> {
+    using Fake::Fake;
     void ExecuteStatement(std::string_view sStatement) override { Run(std::string(sStatement)); }
     std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
         const bool plain = arguments == OpenRowsArguments{.sQuery = arguments.sQuery};
@@ -45,29 +50,21 @@ class FakeLintel : public ILintelDb {
         return joined;
     }
     LintelDateTime ImmediateDateTime() const override { return {world.now, true}; }
-
-  private:
     void Run(const std::string& statement) {
         world.trace += statement + "; ";
         if (++world.statements == world.failingStatement) throw NolSchedError("statement refused");
     }
-    World& world;
 };
 
-class FakeReport : public ILintelFailureReport {
-  public:
-    explicit FakeReport(World& worldA) : world(worldA) {}
+struct FakeReport : Fake<ILintelFailureReport> {
+    using Fake::Fake;
     void ReportFailure(std::string_view sText) override {
         world.trace += "report" + std::string(sText) + "; ";
     }
-
-  private:
-    World& world;
 };
 
-class FakeStore : public ICaddisStore {
-  public:
-    explicit FakeStore(World& worldA) : world(worldA) {}
+struct FakeStore : Fake<ICaddisStore> {
+    using Fake::Fake;
     std::shared_ptr<const CaddisDocument> FindDocument(const CaddisDocumentType& type,
                                                        std::int32_t nId) override {
         for (const auto& document : DocumentsOfType(type))
@@ -82,55 +79,24 @@ class FakeStore : public ICaddisStore {
         return found;
     }
     CaddisUser CurrentUser() override { return world.user; }
-
-  private:
-    World& world;
 };
 
-class FakeMessages : public IMessageService {
-  public:
-    explicit FakeMessages(World& worldA) : world(worldA) {}
+struct FakeMessages : Fake<IMessageService> {
+    using Fake::Fake;
     void Show(std::string_view sText, int nFlags, std::string_view sTitle, int nHelpFile,
               int nHelpContext) override {
         world.trace += std::string(sTitle) + "[" + std::to_string(nFlags) + "]: " + std::string(sText) +
                        (nHelpFile == 0 && nHelpContext == 0 ? "; " : " (help); ");
     }
-
-  private:
-    World& world;
 };
 
-class FakeTables : public ICodeTables {
-  public:
-    explicit FakeTables(ServiceProvider& provider, const World& world)
-        : standard(provider.ServiceProvider::CreateCodeTables()) {
-        scheduled.Add({standard->ScheduledDefaults().Item("Download")}, "Download");
-        scheduled.Add({standard->ScheduledDefaults().Item("Purge")}, "Purge");
-        scheduled.Add({world.scheduledDays}, "Days");
-    }
-    const CodeOptionSet& ScheduledDefaults() override { return scheduled; }
-    const CodeOptionSet& ImmediateDefaults() override { return standard->ImmediateDefaults(); }
-    const KeyedCollection<std::string>& MonthDayNames() override { return standard->MonthDayNames(); }
-    const KeyedCollection<std::string>& PeriodNames() override { return standard->PeriodNames(); }
-    const KeyedCollection<CodeRow>& DayNames() override { return standard->DayNames(); }
-
-  private:
-    std::unique_ptr<ICodeTables> standard;
-    CodeOptionSet scheduled;
-};
-
-class FakeClock : public IClock {
-  public:
-    explicit FakeClock(World& worldA) : world(worldA) {}
+struct FakeClock : Fake<IClock> {
+    using Fake::Fake;
     DateTime Now() override { return world.now; }
-
-  private:
-    World& world;
 };
 
-class FakeProvider : public ServiceProvider {
-  public:
-    explicit FakeProvider(World& worldA) : world(worldA) {}
+struct FakeProvider : Fake<ServiceProvider> {
+    using Fake::Fake;
     std::unique_ptr<ILintelDb> CreateLintelDb() override { return std::make_unique<FakeLintel>(world); }
     std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override {
         return std::make_unique<FakeReport>(world);
@@ -139,13 +105,7 @@ class FakeProvider : public ServiceProvider {
     std::unique_ptr<IMessageService> CreateMessageService() override {
         return std::make_unique<FakeMessages>(world);
     }
-    std::unique_ptr<ICodeTables> CreateCodeTables() override {
-        return std::make_unique<FakeTables>(*this, world);
-    }
     std::unique_ptr<IClock> CreateClock() override { return std::make_unique<FakeClock>(world); }
-
-  private:
-    World& world;
 };
 
 }  // namespace

@@ -23,8 +23,7 @@ struct World {
     std::vector<CaddisDocument> documents;  // all types together
     CaddisUser user;                        // no settings
     DateTime now = ComposeDateTime({.year = 2026, .month = 3, .day = 2, .hour = 9, .minute = 5});
-    std::string scheduledDays = "30";  // option "Days" of a scheduled entry
-    int failingStatement = 0;          // this one, counted from 1, raises; 0 for none
+    int failingStatement = 0;  // this one, counted from 1, raises; 0 for none
     int statements = 0;
     int providers = 0;  // how many were made
     std::string trace;  // "DELETE ...; report; Nightly[16]: text; "

@@ -51,36 +51,6 @@ TEST(GeneralTab, LoadsInOrderAndSilencesThePickerAloneAtFirst) {
               "used for this Schedule Entry.; ");
 }
 
-TEST(GeneralTab, ShowsChecksAndKeepsTheGroup) {
-    const std::string missing = "T[16]: A NOL Group is required.; focus fdocRptGroup; refused";
-    const std::string deleted =
-        "T[16]: The report group associated with this temporary schedule entry has been deleted.  "
-        "You can not edit this document.; refused";
-    // Run mode, group, the visible field's text, the answer, the group that the picker then remembers.
-    const std::tuple<const char*, int, const char*, std::string, int> cases[] = {
-        {"S", 5, "picker North", "valid", 5}, {"S", 9, "picker ", missing, 0},
-        {"S", 0, "picker ", missing, 0},      {"I", 5, "text North", "valid", 0},
-        {"I", 9, "text ", deleted, 0},        {"I", 0, "text Zero", deleted, 0}};
-    for (const auto& [mode, group, shown, answer, remembered] : cases) {
-        GeneralPage page;
-        page.record->RunMode = mode;
-        page.record->RptGrpId = group;
-        page.Load(page.tab);
-        const auto& [picker, text] = std::tie(page.tab.fdocRptGroup, page.tab.txtRptGrp);
-        EXPECT_NE(picker.Visible(), text.Visible());
-        EXPECT_EQ(text.Visible() ? "text " + text.Text() : "picker " + picker.Text(), shown);
-        EXPECT_EQ(page.Valid(page.tab), answer) << mode << group;
-        page.tab.SaveState();
-        const auto state = CaddisPickerStates().PickerStates().StatesForType({"NOL Group"});
-        EXPECT_EQ(state->nLastDocumentId, remembered);
-        page.record->RptGrpId = 1;
-        const std::string failure = FailureOf([&] { page.tab.SaveData(); });
-        EXPECT_EQ(Barred(failure, page.record->RptGrpId, page.Flags()),
-                  answer == "valid" ? "no failure|5|N,N,N,N,N|"
-                                    : "The entry \"Nightly\" has no study group to save.|1|,,,,|");
-    }
-}
-
 TEST(GeneralTab, ChecksTheGroupAndThenThePurgeOptions) {
     GeneralPage page;
     page.Load(page.tab);

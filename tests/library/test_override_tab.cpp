@@ -55,17 +55,6 @@ TEST(OverrideTab, ReadsWhatTheTextBoxHolds) {
     EXPECT_EQ(answer(std::string(1 << 20, 'x')), notNumeric);
 }
 
-TEST(OverrideTab, LetsDigitsAndBackspaceThrough) {
-    OverridePage page;
-    page.LoadAndSwitchOn();
-    for (const char32_t key : {U'1', U'a', U'-', U'2', U'3', U'4', U'5', keyBackspace, U'\u0663'})
-        page.txtDuration.Key(key);
-    EXPECT_EQ(page.txtDuration.Text(), "123");
-    EXPECT_EQ(page.trace,
-              "focus txtDuration; MarkChanged; beep txtDuration; beep txtDuration; MarkChanged; MarkChanged; "
-              "MarkChanged; MarkChanged; beep txtDuration; ");
-}
-
 TEST(OverrideTab, ChecksTheScenarioBeforeTheDuration) {
     const std::string deleted =
         "T[16]: HOM Override.\r\nThe Scenario \"Busy\" has been deleted.; ShowTab HOM Study; ";

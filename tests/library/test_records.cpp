@@ -35,12 +35,6 @@ TEST(Records, NewEntryHasTheDefaults) {
     record.InitNew(nullptr, true, 903, "Now");
     EXPECT_EQ(Columns(record),
               "Now|5|2026-03-02T00:00:00|50040|0|1|1|O|1|Y|Y|Y|Y|Y|Y|Y|Y|Y|Y|0|903|I|A|Y|7||N|,,,|1|");
-    InstalledWorld broken;
-    broken.scheduledDays = "30 days";
-    CNolSchedData half;
-    EXPECT_EQ(FailureOf([&] { half.InitNew(nullptr, false, 902, "Nightly"); }),
-              "The option \"Days\" of a new entry is \"30 days\", which is no 32-bit number.");
-    EXPECT_EQ(Columns(half), "Nightly|0|1899-12-30T00:00:00|0|0|0|0||0|||||||||||0|0|S|A|Y|0|||,,,|0|");
 }
 
 TEST(Records, StoredEntryTakesItsColumnsAndRows) {

@@ -39,22 +39,6 @@ TEST(ScheduleEncoding, EveryRecurrenceComesBackWithWhatItsCodeUses) {
     }
 }
 
-TEST(ScheduleEncoding, TheRowReadsAsASentence) {
-    const InstalledWorld world;
-    const std::pair<Record, const char*> cases[] = {
-        {RecordOf("O", 3, 0, 1), "Once"},
-        {RecordOf("H", 6), "Hourly every 6 Period(s)"},
-        {RecordOf("D", 7), "Daily every 7 day(s)"},
-        {RecordOf("W", 2, 0, 0, 6), "Weekly on Friday every 2 week(s)"},
-        {RecordOf("M", 1, 15), "Monthly on the 15th Day of every 1 month(s)"},
-        {RecordOf("M", 3, 22), "Monthly on the 22nd Day of every 3 month(s)"},
-        {RecordOf("M", 3, 0), "Monthly on the Last Day of every 3 month(s)"},
-        {RecordOf("A", 1, 0, 2, 2), "Monthly on the 2nd Monday of every 1 month(s)"},
-        {RecordOf("A", 6, 0, 0, 7), "Monthly on the Last Saturday of every 6 month(s)"},
-    };
-    for (const auto& [record, sentence] : cases) EXPECT_EQ(ScheduleSentence(OpenTab(record).tab), sentence);
-}
-
 TEST(ScheduleEncoding, OnlyAnExactYesIncludesADay) {
     const InstalledWorld world;
     for (std::size_t index = 0; index < includes.size(); ++index)

@@ -1,4 +1,4 @@
-// The four study kinds side by side: one page a kind, over one table.
+// The general tab and the pages of the four study kinds over one record and one notifier.
 #include <gtest/gtest.h>
 
 #include "tabs/general/nol_sched_gen_tab.h"
@@ -8,158 +8,101 @@
 namespace NolSchedCtls::Testing {
 namespace {
 
-struct FieldCase {
-    const char* name;
-    std::size_t characters;
-    std::vector<const char*> good;
-    std::vector<const char*> bad;
-    const char* message;
-    const char* subject;
-};
-
-struct KindCase {
+struct Kind {
     const OverrideKind& kind;
     CheckBox XNolSchedGenTab::*pBox;
-    std::vector<FieldCase> fields;
-    const char* saved;  // after the last good value of each field
 };
 
-const KindCase kindCases[] = {
-    {homOverride,
-     &XNolSchedGenTab::chkHom,
-     {{"txtDuration",
-       4,
-       {"1439", "10"},
-       {"9", "1440", "0"},
-       "Study Duration must be between 10 and 1439 minutes inclusive.",
-       "Study Duration"}},
-     "-1 10 -1 -1"},
-    {plmOverride,
-     &XNolSchedGenTab::chkPlm,
-     {{"txtDuration",
-       4,
-       {"1", "1440"},
-       {"0", "1441"},
-       "Study Duration must be between 1 and 1440 minutes inclusive.",
-       "Study Duration"},
-      {"txtRetrieveDelay",
-       2,
-       {"1", "10", "07"},
-       {"0", "11"},
-       "Retrieve Delay must be between 1 and 10 minutes inclusive.",
-       "Retrieve Delay"}},
-     "-1 1440 -1 7"},
-    {rfcOverride,
-     &XNolSchedGenTab::chkRfc,
-     {{"txtDuration",
-       3,
-       {"15", "240"},
-       {"14", "241"},
-       "Study Duration must be between 15 and 240 minutes inclusive.",
-       "Study Duration"},
-      {"txtPollingInterval",
-       2,
-       {"2", "60"},
-       {"1", "61", "0"},
-       "Polling Interval must be between 2 and 60 seconds inclusive.",
-       "Polling Interval"}},
-     "-1 240 60 -1"},
-    {vcsOverride,
-     &XNolSchedGenTab::chkVcs,
-     {{"txtDuration",
-       3,
-       {"15", "30", "480"},
-       {"14", "16", "466", "495", "0"},
-       "Study Duration must be between 15 and 480 minutes inclusive and \r\n"
-       "expressed in increments of quarter hours (15, 30, 45,etc).",
-       "Study Duration"},
-      {"txtRetrieveDelay",
-       3,
-       {"1", "120"},
-       {"0", "121"},
-       "Retrieve Delay must be between 1 and 120 minutes inclusive.",
-       "Retrieve Delay"}},
-     "-1 480 -1 120"},
-};
+const Kind kinds[] = {{homOverride, &XNolSchedGenTab::chkHom},
+                      {plmOverride, &XNolSchedGenTab::chkPlm},
+                      {rfcOverride, &XNolSchedGenTab::chkRfc},
+                      {vcsOverride, &XNolSchedGenTab::chkVcs}};
 
-class StudyKinds : public testing::TestWithParam<KindCase>, protected OpenEntry {
-  protected:
-    StudyKinds() { TraceControl(*this, tab); }
+struct TwoTabs : OpenEntry {
+    explicit TwoTabs(const Kind& kind = kinds[0])
+        : page(std::make_unique<NolSchedOverrideTab>(kind.kind)),
+          box(general.*kind.pBox),
+          chkOverride(page->Field<CheckBox>("chkOverride")) {}
 
-    std::string Refused(const FieldCase& field, const std::string& text, const std::string& message) {
-        box.SetFocus();
-        tab.Field<TextBox>(field.name).SetText(text);
-        TakeTrace();
-        const std::string expected = "T[16]: " + message + "; focus " + field.name + "; refused";
-        const std::string answered = Valid(tab);
-        return answered == expected ? "as told" : answered;
+    std::string LoadBoth(bool generalFirst) {
+        std::string both = generalFirst ? Load(general) : "";
+        both += Load(*page);
+        return both + (generalFirst ? "" : Load(general));
     }
+    std::string Boxes() {
+        return Barred(box.Value(), chkOverride.Value(),
+                      page->Field<Frame>("fraDuration").Visible() ? "shown" : "hidden");
+    }
+    std::string After(CheckBox& clicked) { return clicked.Click() ? TakeTrace() + Boxes() : "no click"; }
 
-    const KindCase& row = GetParam();
-    const std::string key{row.kind.study.sKey};
-    NolSchedOverrideTab tab{row.kind};
-    CheckBox& box = tab.Field<CheckBox>("chkOverride");
-};
-
-TEST_P(StudyKinds, ChecksItsRangesInOrderAndSavesWhatItShows) {
-    Load(tab);
-    box.Click();
-    TakeTrace();
-    EXPECT_EQ(Valid(tab), "valid") << "all fields empty";
-    tab.SaveData();
-    EXPECT_EQ(OverridesOf(*record), key + "=0 " + key + " -1 -1 -1 -1 ; ");
-    for (auto field = row.fields.rbegin(); field != row.fields.rend(); ++field) {
-        EXPECT_EQ(tab.Field<TextBox>(field->name).MaxLength(), field->characters);
-        for (const char* text : field->bad)
-            EXPECT_EQ(Refused(*field, text, field->message), "as told") << text;
-        EXPECT_EQ(Refused(*field, "x", field->subject + std::string(" must be numeric.")), "as told");
-    }  // from the last to the first: each failure is reported ahead of those of the fields below
-    for (const auto& field : row.fields) tab.Field<TextBox>(field.name).SetText("");
-    TakeTrace();
-    for (const auto& field : row.fields)
-        for (const char* text : field.good) {
-            tab.Field<TextBox>(field.name).SetText(text);
-            TakeTrace();
-            EXPECT_EQ(Valid(tab), "valid") << text;
-        }
-    tab.SaveData();
-    EXPECT_EQ(OverridesOf(*record), key + "=0 " + key + " " + row.saved + " ; ");
-    EXPECT_EQ((*record).*row.kind.study.pFlag, "Y");
-}
-
-TEST_P(StudyKinds, BothBoxesSwitchItAndOnlyItsOwnIsEnabledBesideAnotherKind) {
     XNolSchedGenTab general;
-    Load(general);
-    Load(tab);
-    const auto clicked = [this](CheckBox& clickedBox) {
-        clickedBox.SetFocus();
-        TakeTrace();
-        clickedBox.Click();
-        return TakeTrace();
-    };
-    for (const std::string state : {"on", "off"}) {
-        const std::string set = "SetTabState " + key + " " + state + "; ";
-        const std::string told = "MarkChanged; SetTabOverride " + key + " " + state + "; " + set;
-        EXPECT_EQ(clicked(general.*row.pBox), told + "MarkChanged; " + set);
-        clicked(general.*row.pBox);
-        EXPECT_EQ(clicked(box), set + told + "MarkChanged; ");
-    }
-    record->AddNolOverride(MakeOverride(key), key);
-    record->RunMode = "I";
-    for (const KindCase& other : kindCases) {
-        XNolSchedGenTab again;
-        NolSchedOverrideTab page(other.kind);
-        Load(again);
-        Load(page);
-        const bool isOwn = &other.kind == &row.kind;
-        EXPECT_EQ((again.*other.pBox).Enabled(), isOwn);
-        EXPECT_EQ(page.Field<CheckBox>("chkOverride").Enabled(), isOwn);
+    std::unique_ptr<NolSchedOverrideTab> page;
+    CheckBox& box;
+    CheckBox& chkOverride;
+};
+
+TEST(StudyKinds, OneClickReachesBothSides) {
+    for (const Kind& kind : kinds)
+        for (const bool generalFirst : {true, false}) {
+            TwoTabs tabs(kind);
+            tabs.LoadBoth(generalFirst);
+            for (const std::string state : {"on", "off"}) {
+                const std::string key(kind.kind.study.sKey),
+                    boxes = state == "on" ? "1|1|shown|" : "0|0|hidden|";
+                const std::string set = "SetTabState " + key + " " + state + "; ";
+                const std::string told = "MarkChanged; SetTabOverride " + key + " " + state + "; " + set;
+                EXPECT_EQ(tabs.After(tabs.box), told + "MarkChanged; " + set + boxes);
+                tabs.After(tabs.box);
+                EXPECT_EQ(tabs.After(tabs.chkOverride), set + told + "MarkChanged; " + boxes);
+            }
+        }
+}
+
+TEST(StudyKinds, LoadAnOverrideInEitherOrder) {
+    const std::string general =
+        "MarkChanged; MarkChanged; SetTabOverride HOM Study on; ";  // purge, then the box
+    const std::string hom =  // the box, scenario, duration, and the state at last
+        "SetTabState HOM Study on; MarkChanged; MarkChanged; MarkChanged; SetTabState HOM Study on; ";
+    for (const bool generalFirst : {true, false}) {
+        TwoTabs tabs;
+        tabs.record->PurgeInterval = 30;
+        tabs.record->AddNolOverride(MakeOverride("HOM Study", 12, 60), "HOM Study");
+        EXPECT_EQ(tabs.LoadBoth(generalFirst),
+                  generalFirst ? general + hom : hom + general + "SetTabState HOM Study on; ");
+        EXPECT_EQ(tabs.Boxes(), "1|1|shown|");
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, StudyKinds, testing::ValuesIn(kindCases), [](const auto& named) {
-    return std::string(named.param.kind.study.sKey.substr(0, named.param.kind.study.sKey.find(' ')));
-});
+TEST(StudyKinds, HearTheirExactNameFromThePresentNotifierAlone) {
+    TwoTabs tabs;
+    tabs.LoadBoth(true);
+    const auto former = std::exchange(tabs.notify, std::make_shared<CPaviseNotify>());
+    tabs.LoadBoth(true);
+    for (const char* name : {"PLM Study", "hom study", "HOM Study ", ""}) {
+        tabs.notify->SetTabOverride(name, true);
+        tabs.notify->SetTabState(name, true);
+    }
+    former->SetTabOverride("HOM Study", true);
+    former->SetTabState("HOM Study", true);
+    EXPECT_EQ(tabs.Boxes(), "0|0|hidden|");
+    tabs.page.reset();
+    EXPECT_TRUE(tabs.box.Click());
+    EXPECT_EQ(tabs.record->HomOvr, "Y");
+}
+
+TEST(StudyKinds, OfAnImmediateEntryAreEnabledWhereItHasOverrides) {
+    for (const Kind& own : kinds) {
+        const std::string key(own.kind.study.sKey);
+        for (const Kind& other : kinds) {
+            TwoTabs tabs(other);
+            tabs.record->AddNolOverride(MakeOverride(key), key);
+            tabs.record->RunMode = "I";
+            tabs.LoadBoth(true);
+            const bool isOwn = &other == &own;
+            EXPECT_EQ(Barred(tabs.box.Enabled(), tabs.chkOverride.Enabled()), Barred(isOwn, isOwn)) << key;
+        }
+    }
+}
 
 }  // namespace
 }  // namespace NolSchedCtls::Testing

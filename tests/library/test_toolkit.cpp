@@ -156,45 +156,7 @@ TEST(TextBoxes, CountCharactersAndKeepWhatIsNoUtf8) {
     EXPECT_EQ(panel.text.Text(), "777A");
 }
 
-TEST(Pickers, TellWhyThereIsNoValidDocument) {
-    Panel panel;
-    XMarlet& picker = panel.picker;
-    const std::pair<std::function<void()>, const char*> steps[] = {
-        {[&] { picker.SetDocument(nullptr); }, "|A Scenario is required.|"},
-        {[&] { picker.Paste("North"); }, "North|valid|focus picker; raised; "},
-        {[&] { picker.Pick("Nowhere"); }, "North|valid|"},
-        {[&] { picker.Paste("West"); }, "West|There is no Scenario named \"West\".|raised; "},
-        {[&] { picker.SetPendingFlag(false); }, "|A Scenario is required.|"},
-        {[&] { picker.Pick("South"), picker.Pick("South"); }, "South|valid|raised; "},
-        {[&] { panel.world.documents.clear(); }, "South|The Scenario \"South\" has been deleted.|"},
-        {[&] { picker.Pick(""); }, "|A Scenario is required.|raised; "}};
-    for (const auto& [act, expected] : steps) {
-        act();
-        const std::string reason = picker.ValidDocument() ? "valid" : picker.CheckMessage();
-        EXPECT_EQ(Barred(picker.Text(), reason) + panel.world.TakeTrace(), expected);
-    }
-}
-
-TEST(PurgeOptions, StayInTheUsersRange) {
-    const std::string outside = "T[16]: The purge interval must be between 1 and 90 days inclusive.; ";
-    const std::string required = "T[16]: Automatic purge is required for your user id.; ";
-    // The setting, the loaded purge and days, whether they fit and what is held; then a paste and its check.
-    const std::tuple<const char*, const char*, int, std::string, const char*, std::string> cases[] = {
-        {"N", "N", 1, "1|N|1|", "90", ""},
-        {"N", "Y", 90, "1|Y|90|", "91", outside},
-        {"Y", "Y", 0, "0|Y|90|", "0", outside},
-        {"Y", "N", 91, "0|N|90|", "1", required},
-        {"", "Q", -5, "0|Q|90|", "1.5", outside}};
-    for (const auto& [setting, purge, days, loaded, pasted, trace] : cases) {
-        Panel panel;
-        const CaddisUser user{{{"Max Purge Interval", "90"}, {"AutoPurge Required", setting}}};
-        const bool inRange = panel.purge.LoadPurgeOptions(purge, days, user);
-        EXPECT_EQ(Barred(inRange, panel.purge.AutoPurge(), panel.purge.PurgeDays()), loaded);
-        panel.purge.PasteDays(pasted);
-        panel.world.TakeTrace();
-        EXPECT_EQ(panel.purge.IsPurgeValid("T"), trace.empty());
-        EXPECT_EQ(panel.world.trace, trace);
-    }
+TEST(PurgeOptions, RefuseASettingThatIsNoNumberOfDays) {
     Panel panel;
     for (const char* setting : {"", "0", "-1", "many", "90 ", "2147483648"}) {
         const CaddisUser user{{{"Max Purge Interval", setting}}};

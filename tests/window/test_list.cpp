@@ -1,109 +1,69 @@
-#include <QLabel>
-#include <QLineEdit>
-#include <QStatusBar>
-#include <QTableView>
-
 #include "host/window/main_window.h"
 #include "tests/window/windows.h"
 
 namespace NolSchedCtls::Testing {
 
-namespace {
-
 class Lists : public Windows {
   protected:
-    void StoreEntries(int count) {
-        EntrySession session(workspace, EntrySession::NewEntry{false, 1, "Entry 1"});
-        session.Load();
-        session.Save();
-        const Database database(store.Address());
-        std::string columns = store.Sql("SELECT group_concat(name) FROM pragma_table_info('NOL_Schedule')");
-        columns = columns.substr(3, columns.size() - 4);  // without the Id and the line's end
-        std::string values = columns;
-        values.replace(values.find("EditorName"), 10, "'Entry ' || n");
-        store.Sql("WITH RECURSIVE k(n) AS (SELECT 2 UNION ALL SELECT n + 1 FROM k WHERE n < " +
-                  std::to_string(count) + ") INSERT INTO NOL_Schedule (" + columns + ") SELECT " + values +
-                  " FROM NOL_Schedule, k");
-    }
-    std::unique_ptr<MainWindow> Show() {
-        auto window = std::make_unique<MainWindow>(
-            workspace, Dialogs{[this](QWidget*, const Question&) { return answer; },
-                               [](QWidget*, const QString&, const QString&, const QStringList& offered, int) {
-                                   return offered.value(1);
-                               }});
-        Activate(*window);
-        table = window->findChild<QTableView*>();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !window->IsLoading(); }, 20000));
-        return window;
-    }
-    std::string Names() const {
+    // How many there are and the first three, the chosen one with a star.
+    std::string Listed() {
+        Activate(window);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !window.IsLoading(); }, 20000));
+        const auto& model = *table->model();
         QStringList names;
-        for (int row = 0; row < table->model()->rowCount() && row < 3; ++row)
-            names.append(table->model()->index(row, EntryRow::Name).data().toString());
-        return std::to_string(table->model()->rowCount()) + ": " + names.join(u", "_s).toStdString();
+        for (int row = 0; row < std::min(model.rowCount(), 3); ++row)
+            names.append((row == table->currentIndex().row() ? u"*"_s : QString()) +
+                         model.index(row, EntryRow::Name).data().toString());
+        return std::to_string(model.rowCount()) + ": " + names.join(u", "_s).toStdString();
     }
-    static EntryEditor* Opened(QWidget* exceptFor = nullptr) {
-        for (QWidget* widget : QApplication::topLevelWidgets())
-            if (auto* editor = qobject_cast<EntryEditor*>(widget); editor != nullptr && editor != exceptFor)
-                return editor;
-        return nullptr;
+    static EntryEditor& Opened() {
+        QCoreApplication::processEvents();
+        return dynamic_cast<EntryEditor&>(*QApplication::activeWindow());
     }
 
-    QTableView* table = nullptr;
+    MainWindow window{workspace, dialogs};
+    QTableView* table = window.findChild<QTableView*>();
 };
 
 TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
-    StoreEntries(2000);
-    const auto window = Show();
-    EXPECT_EQ(Names(), "2000: Entry 1, Entry 2, Entry 3");
+    for (int i = 1; i <= 120; ++i) Store("Entry " + std::to_string(i));
+    Press(window, "F5");
+    EXPECT_EQ(Listed(), "120: *Entry 1, Entry 2, Entry 3");
     table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);
-    EXPECT_EQ(Names(), "2000: Entry 999, Entry 998, Entry 997");
-    QTest::keySequence(window.get(), QKeySequence(u"Ctrl+F"_s));
-    QTest::keyClicks(window->focusWidget(), u"once ENTRY 77"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() < 2000; }));
-    EXPECT_EQ(Names(), "38: Entry 977, Entry 877, Entry 779");
-    QTest::keyClicks(window->focusWidget(), u" nowhere"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 0; }));
+    EXPECT_EQ(Listed(), "120: Entry 99, Entry 98, Entry 97");
+    Press(window, "Ctrl+F");
+    QTest::keyClicks(window.focusWidget(), u"once ENTRY 7 3/2/2026 north"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return table->model()->rowCount() < 120; }));
+    EXPECT_EQ(Listed(), "21: *Entry 97, Entry 87, Entry 79");
+    QTest::keyClicks(window.focusWidget(), u" nowhere"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return table->model()->rowCount() == 0; }));
 }
 
-TEST_F(Lists, OpenCopyAndDeleteByKeys) {
-    StoreEntries(3);
-    const auto window = Show();
-    QTest::keyClick(table, Qt::Key_Down);
-    QTest::keyClick(table, Qt::Key_Return);
-    EntryEditor* const editor = Opened();
-    ASSERT_NE(editor, nullptr);
-    Type(*editor, "schedule.cboPeriod", "D");
-    editor->findChild<QLineEdit*>(u"name"_s)->clear();
-    QTest::keyClicks(editor->findChild<QLineEdit*>(u"name"_s), u"Renamed"_s);
-    Press(*editor, QDialogButtonBox::Apply);
-    EXPECT_EQ(Names(), "3: Entry 1, Renamed, Entry 3");
-    EXPECT_EQ(table->model()->index(1, EntryRow::Schedule).data().toString(), u"Daily every 1 day(s)"_s);
-    QTest::keySequence(window.get(), QKeySequence(u"Ctrl+D"_s));
-    EntryEditor* const copy = Opened(editor);
-    ASSERT_NE(copy, nullptr);
-    Press(*copy, QDialogButtonBox::Ok);
-    EXPECT_EQ(table->model()->rowCount(), 4);
-    EXPECT_EQ(store.Sql("SELECT Id, Periodicity FROM NOL_Schedule WHERE EditorName = 'Renamed (copy)'"),
-              "4|D\n");
+TEST_F(Lists, MakeOpenCopyDeleteAndReloadByKeys) {
+    Store("Entry 1");
+    Press(window, "F5");
+    EXPECT_EQ(Listed(), "1: *Entry 1");
+    Press(window, "Ctrl+Shift+N");
+    EXPECT_EQ(Shown(Find(Opened(), "general.txtRptGrp")), "North Cells");
+    Press(Opened(), Box::Ok);
+    EXPECT_EQ(Listed(), "2: Entry 1, *New Immediate Entry");
+    Press(*table, "Up, Return");
+    Type(Opened(), {{"schedule.cboPeriod", "D"}});
+    QTest::keyClicks(Opened().findChild<QLineEdit*>(u"name"_s), u"+"_s);
+    Press(Opened(), Box::Ok);
+    EXPECT_EQ(Listed(), "2: *Entry 1+, New Immediate Entry");
+    Press(window, "Ctrl+D");
+    Press(Opened(), Box::Ok);
+    EXPECT_EQ(Listed(), "3: Entry 1+, New Immediate Entry, *Entry 1+ (copy)");
+    EXPECT_EQ(table->model()->index(2, EntryRow::Schedule).data(), u"Daily every 1 day(s)"_s);
     for (const auto reply : {QMessageBox::Cancel, QMessageBox::Yes}) {
         answer = reply;
-        QTest::keyClick(table, Qt::Key_Delete);
+        Press(*table, "Del");
     }
-    EXPECT_EQ(store.Sql("SELECT COUNT(*) FROM NOL_Schedule"), "3\n");
-    EXPECT_EQ(table->model()->rowCount(), 3);
+    EXPECT_EQ(Listed(), "2: Entry 1+, *New Immediate Entry");
+    store.Sql("UPDATE NOL_Schedule SET EditorName = 'By others' WHERE Id = 1");
+    Press(window, "F5");
+    EXPECT_EQ(Listed(), "2: By others, *New Immediate Entry");
 }
-
-TEST_F(Lists, AskForTheGroupOfAnImmediateEntry) {
-    const auto window = Show();
-    QTest::keySequence(window.get(), QKeySequence(u"Ctrl+Shift+N"_s));
-    EntryEditor* const editor = Opened();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(Find<QLineEdit>(*editor, "general.txtRptGrp").text(), u"North Cells"_s);
-    Press(*editor, QDialogButtonBox::Ok);
-    EXPECT_EQ(Names(), "1: New Immediate Entry");
-}
-
-}  // namespace
 
 }  // namespace NolSchedCtls::Testing

@@ -1,123 +1,107 @@
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-
-#include "tabs/schedule/nol_schedule_tab.h"
 #include "tests/window/windows.h"
 
 namespace NolSchedCtls::Testing {
 
-namespace {
-
-struct TabOrder {
-    const char* page;
-    const char* fields;  // a field of two parts twice
-};
-
-class TabOrders : public Windows, public testing::WithParamInterface<TabOrder> {
-  protected:
-    // The field that holds the focus, or empty for what is no field of the page.
-    static std::string FocusedField(const PageView& view) {
-        const QWidget* widget = QApplication::focusWidget();
-        if (widget == nullptr || !view.isAncestorOf(widget)) return {};
-        while (widget->objectName().isEmpty() || widget->objectName() == u"days"_s)
-            widget = widget->parentWidget();
-        return widget->objectName().toStdString();
+TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
+    EntryEditor& editor = OpenNew();
+    Type(editor, {{"hom.chkOverride", " "}});
+    auto& duration = editor.Session().FindPage("hom")->tab->Field<TextBox>("txtDuration");
+    auto& schedule = dynamic_cast<XNolScheduleTab&>(*editor.Session().FindPage("schedule")->tab);
+    auto& general = dynamic_cast<XNolSchedGenTab&>(*editor.Session().FindPage("general")->tab);
+    const struct {
+        const char* field;
+        std::function<void()> write;
+        const char* written;
+        const char* keys;
+        const char* typed;
+        int changes;
+    } kinds[] = {
+        {"general.chkPlm", [&] { general.chkPlm.SetValue(1); }, "true PLM", " ", "false PLM", 2},
+        {"general.fdocRptGroup", [&] { general.fdocRptGroup.SetDocument({}); }, "", "No", "No", 2},
+        {"general.ctlPurgeOptions", [&] { general.ctlPurgeOptions.LoadPurgeOptions("Y", 3, {}); },
+         "true Purge automatically after 3 days (at most 365)", "2a1",
+         "true Purge automatically after 321 days (at most 365)", 2},
+        {"general.ctlDownloadOptions", [&] { general.ctlDownloadOptions.SetDownloadMode("Z"); },
+         "false Automatic false Manual", " ", "false Automatic true Manual", 1},
+        {"schedule.cboPeriod", [&] { schedule.cboPeriod.SetText("Weekly"); }, "Weekly", "H", "Hourly", 2},
+        {"schedule.SSDStartDate", [&] { schedule.SSDStartDate.SetText("1/5/2027"); },
+         "Tuesday, January 05, 2027", "2/1/2027\t", "Monday, February 01, 2027", 1},
+        {"schedule.dtpStartTime", [&] { schedule.dtpStartTime.SetHour(21); }, "9:00 PM", "7a", "7:00 AM", 2},
+        {"hom.txtDuration", [&] { duration.SetText("longer than the limit"); }, "longer than the limit",
+         "x\b", "long", 1},
+    };
+    for (const auto& [field, write, written, keys, typed, count] : kinds) {
+        write();
+        EXPECT_EQ(Shown(Find(editor, field)), written);
+        int changes = 0;
+        const ScopedConnection counting = editor.Session().Notifier().Changed.Connect([&] { ++changes; });
+        Type(editor, {{field, keys}});
+        EXPECT_EQ(Shown(Find(editor, field)), typed);
+        EXPECT_EQ(changes, count) << field;
     }
-};
-
-TEST_P(TabOrders, AreTheFieldsOwn) {
-    EntryEditor& editor = Open(NewSession());
-    editor.ShowPage(GetParam().page);
-    const Page& page = *editor.Session().FindPage(GetParam().page);
-    if (auto* schedule = dynamic_cast<XNolScheduleTab*>(page.tab.get())) {
-        schedule->cboPeriod.Pick("Monthly");
-        schedule->chkEndDate.Click();
-        schedule->cboDayName.Pick("Monday");
-    } else if (auto* box = dynamic_cast<CheckBox*>(page.tab->FindField("chkOverride"))) {
-        box->Click();
-    }
-    const PageView& view = editor.PageOf(page);
-    std::string order;
-    for (auto* first : page.tab->Fields())
-        if (first->IsUsable() && view.WidgetOf(*first)->focusPolicy() != Qt::NoFocus) {
-            view.WidgetOf(*first)->setFocus();
-            break;
-        }
-    for (std::string name; !(name = FocusedField(view)).empty();) {
-        order += (order.empty() ? "" : " ") + name;
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
-    EXPECT_EQ(order, GetParam().fields);
+    schedule.lblUnit.SetCaption(" one:            two ");
+    EXPECT_EQ(Shown(Find(editor, "schedule.lblUnit")), "one:\ntwo");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, TabOrders,
-    testing::Values(
-        TabOrder{
-            "general",
-            "fdocRptGroup ctlPurgeOptions ctlPurgeOptions ctlDownloadOptions chkPlm chkHom chkRfc chkVcs "
-            "chkCreateFiles"},
-        TabOrder{
-            "schedule",
-            "SSDStartDate chkEndDate SSDEndDate cboPeriod cboDayNum cboDayName cboFrequency dtpStartTime "
-            "cbExcludeDay(7) cbExcludeDay(8)"},
-        TabOrder{"hom", "chkOverride fdocCBScenario txtDuration"},
-        TabOrder{"plm", "chkOverride fdocCBScenario txtDuration txtRetrieveDelay"},
-        TabOrder{"rfc", "chkOverride txtDuration txtPollingInterval"},
-        TabOrder{"vcsa", "chkOverride txtDuration txtRetrieveDelay"}),
-    [](const auto& order) { return order.param.page; });
-
-class Rows : public Windows, public testing::WithParamInterface<int> {};
-
-TEST_P(Rows, StandFlushAndCutNoTextInAnyMode) {
-    const QFont former = QApplication::font();
-    QFont font = former;
-    font.setPointSize(GetParam());
-    QApplication::setFont(font);
-    EntryEditor& editor = Open(NewSession());
-    editor.ShowPage("schedule");
-    const Page& page = *editor.Session().FindPage("schedule");
-    auto& schedule = dynamic_cast<XNolScheduleTab&>(*page.tab);
-    const PageView& view = editor.PageOf(page);
-    for (int mode = 0; schedule.cboPeriod.PickIndex(mode); ++mode) {
-        int edge = -1;
-        for (const ViewField* field : schedule.Fields()) {
-            const QWidget& widget = *view.WidgetOf(*field);
-            if (widget.parentWidget() != view.WidgetOf(schedule.cboPeriod)->parentWidget() ||
-                !field->Visible())
-                continue;
-            EXPECT_TRUE(edge < 0 || edge == widget.x()) << field->Name() << " in mode " << mode;
-            EXPECT_GE(widget.width(), widget.sizeHint().width()) << field->Name() << " in mode " << mode;
-            EXPECT_GE(widget.height(), widget.sizeHint().height()) << field->Name();
-            edge = widget.x() + widget.width();
+TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {
+    const struct {
+        const char* page;
+        Keys keys;          // that bring its fields up
+        const char* order;  // as a screen reader names them
+    } cases[] = {
+        {"general",
+         {},
+         "Study Group, Purge, Purge interval in days, Download, PLM, HOM, RF Call Trace, VCSA, Create "
+         ".efg/.pfg File(s)"},
+        {"schedule",
+         {{"schedule.cboPeriod", "H"}},
+         "Start date, End Date:, Run, Every, Starting at, Sunday, Monday, Tuesday, Wednesday, Thursday, "
+         "Friday, Saturday, Holidays, Day After Holidays, End date"},
+        {"schedule",
+         {{"schedule.cboPeriod", "M"}, {"schedule.chkEndDate", " "}, {"schedule.cboDayName", "M"}},
+         "Start date, End Date:, End date, Run, Day number, Day, Every, Starting at, Holidays, Day After "
+         "Holidays"},
+        {"hom", {{"hom.chkOverride", " "}}, "Override HOM Study, Scenario, Study Duration"},
+        {"plm", {{"plm.chkOverride", " "}}, "Override PLM Study, Scenario, Study Duration, Retrieve Delay"},
+        {"rfc", {{"rfc.chkOverride", " "}}, "Override RF Call Trace Study, Study Duration, Polling Interval"},
+        {"vcsa", {{"vcsa.chkOverride", " "}}, "Override VCSA Study, Study Duration, Collect Data File"},
+    };
+    for (const auto& [page, keys, order] : cases) {
+        EntryEditor& editor = OpenNew();
+        Type(editor, keys);
+        editor.findChild<QTabBar*>()->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const QWidget& view = editor.PageOf(*editor.Session().FindPage(page));
+        QStringList names;
+        for (const QWidget* at; view.isAncestorOf(at = QApplication::focusWidget());) {
+            while (at->accessibleName().isEmpty() && at != &view) at = at->parentWidget();
+            names.append(at->accessibleName());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
-        EXPECT_LE(edge, view.WidgetOf(schedule.cboPeriod)->parentWidget()->width());
+        EXPECT_EQ(names.join(u", "_s).toStdString(), order) << page;
+    }
+}
+
+TEST_F(Windows, TheSentenceStandsFlushAndCutsNoTextInAnyMode) {
+    const QFont former = QApplication::font();
+    for (const int points : {7, 9, 11, 16, 24}) {
+        QApplication::setFont({former.family(), points});
+        EntryEditor& editor = OpenNew();
+        const QWidget& row = *Find(editor, "schedule.cboPeriod").parentWidget();
+        auto& tab = dynamic_cast<XNolScheduleTab&>(*editor.Session().FindPage("schedule")->tab);
+        for (int mode = 0; tab.cboPeriod.PickIndex(mode); ++mode) {
+            int edge = -1;
+            for (const auto* widget : row.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+                if (widget->isHidden()) continue;
+                SCOPED_TRACE(widget->objectName().toStdString() + " in mode " + std::to_string(mode));
+                EXPECT_TRUE(edge < 0 || edge == widget->x());
+                EXPECT_EQ(widget->size(), widget->size().expandedTo(widget->sizeHint()));
+                edge = widget->x() + widget->width();
+            }
+            EXPECT_LE(edge, row.width());
+        }
     }
     QApplication::setFont(former);
 }
-
-INSTANTIATE_TEST_SUITE_P(Points, Rows, testing::Values(7, 9, 11, 16, 24), testing::PrintToStringParamName());
-
-TEST_F(Windows, TheNoteReadsAsTwoNumberedLines) {
-    EntryEditor& editor = Open(NewSession());
-    const QStringList lines = Find<QLabel>(editor, "vcsa.lblNote").text().split(u'\n');
-    ASSERT_EQ(lines.size(), 3);
-    EXPECT_EQ(lines[0], u"Note:"_s);
-    EXPECT_TRUE(lines[1].startsWith(u"(1) "_s) && lines[2].startsWith(u"(2) "_s));
-}
-
-TEST_F(Windows, EveryFieldThatTakesTheFocusHasAnAccessibleName) {
-    EntryEditor& editor = Open(NewSession());
-    for (const Page& page : editor.Session().Pages())
-        for (const ViewField* field : page.tab->Fields()) {
-            const QWidget& widget = *editor.PageOf(page).WidgetOf(*field);
-            if (widget.focusPolicy() == Qt::NoFocus || qobject_cast<const QLabel*>(&widget) != nullptr)
-                continue;
-            EXPECT_FALSE(widget.accessibleName().isEmpty()) << page.sName << '.' << field->Name();
-        }
-}
-
-}  // namespace
 
 }  // namespace NolSchedCtls::Testing

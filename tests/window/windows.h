@@ -3,89 +3,87 @@
 
 #include <gtest/gtest.h>
 
-#include <QPointer>
-#include <QPushButton>
 #include <QTest>
-#include <deque>
+#include <QtWidgets>
 
+#include "host/window/bindings.h"
 #include "host/window/entry_editor.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
+#include "tabs/general/nol_sched_gen_tab.h"
+#include "tabs/schedule/nol_schedule_tab.h"
 #include "tests/host/store.h"
 
 namespace NolSchedCtls::Testing {
 
-inline constexpr DateTime today = 46083.0;  // Monday, March 02, 2026
+using Box = QDialogButtonBox;
+using Keys = std::vector<std::pair<std::string, const char*>>;  // what is typed, by "page.field"
+
+// What a widget shows; one of several parts shows them in a row.
+inline std::string Shown(const QWidget& widget) {
+    QStringList shown;
+    for (const char* property : {"checked", "text", "currentText", "title"})
+        if (widget.property(property).isValid()) shown.append(widget.property(property).toString());
+    if (shown.isEmpty())
+        for (const auto* part : widget.findChildren<QWidget*>()) shown.append(ToQt(Shown(*part)));
+    return shown.join(u' ').toStdString();
+}
 
 class Windows : public testing::Test {
   protected:
-    Windows()
-        : workspace(
-              {store.Address(), "tester", [this](const Message& m) { show(m); }, [] { return today; }}) {}
-
-    std::unique_ptr<EntrySession> NewSession() {
-        return std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{false, 1, "Nightly"});
-    }
-    std::unique_ptr<EntrySession> StoredSession(std::int32_t id = 1) {
-        return std::make_unique<EntrySession>(workspace, id);
-    }
     // Shown and active. Deleted with the test, unless it was closed before.
     EntryEditor& Open(std::unique_ptr<EntrySession> session) {
-        const Dialogs dialogs{[this](QWidget*, const Question& question) {
-                                  asked.append(question.text);
-                                  return answer;
-                              },
-                              {}};
-        auto* const editor = new EntryEditor(std::move(session), dialogs);
-        editors.push_back(editor);
-        Activate(*editor);
-        return *editor;
+        editors.emplace_back(new EntryEditor(std::move(session), dialogs));
+        Activate(*editors.back());
+        return *editors.back();
     }
+    EntryEditor& OpenNew() { return Open(NewSession()); }
+    EntryEditor& OpenStored() { return Open(std::make_unique<EntrySession>(workspace, 1)); }
+    std::unique_ptr<EntrySession> NewSession(const std::string& name = "Nightly") {
+        return std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{false, 1, name});
+    }
+    void Store(const std::string& name = "Nightly") { EntryEditor(NewSession(name), dialogs).Save(); }
+    void TearDown() override { qDeleteAll(editors); }
+
     static void Activate(QWidget& window) {
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-
     // By "page.field"; the page is brought to the front.
-    template <class Widget = QWidget>
-    static Widget& Find(EntryEditor& editor, const std::string& name) {
+    static QWidget& Find(EntryEditor& editor, const std::string& name) {
         const std::size_t dot = name.find('.');
-        editor.ShowPage(name.substr(0, dot));
         const Page& page = *editor.Session().FindPage(name.substr(0, dot));
-        return *dynamic_cast<Widget*>(
-            editor.PageOf(page).WidgetOf(page.tab->Field<ViewField>(name.substr(dot + 1))));
+        editor.ShowPage(page.sName);
+        return *editor.PageOf(page).WidgetOf(page.tab->Field<ViewField>(name.substr(dot + 1)));
     }
-    static void Press(EntryEditor& editor, QDialogButtonBox::StandardButton which) {
+    // Into the last part of a field of several.
+    static void Type(EntryEditor& editor, const Keys& keys) {
+        for (const auto& [name, text] : keys) {
+            QWidget& widget = *TabStops(Find(editor, name)).last();
+            widget.setFocus();
+            QTest::keyClicks(&widget, QString::fromUtf8(text));
+        }
+    }
+    static void Press(QWidget& widget, const char* keys) {
+        QTest::keySequence(&widget, QKeySequence(QString::fromUtf8(keys)));
+    }
+    static void Press(EntryEditor& editor, Box::StandardButton which) {
         QTest::mouseClick(editor.Button(which), Qt::LeftButton);
     }
-    static void Type(EntryEditor& editor, const std::string& name, const char* keys) {
-        QWidget& widget = Find(editor, name);
-        widget.setFocus();
-        QTest::keyClicks(&widget, QString::fromUtf8(keys));
-    }
-    static void Press(EntryEditor& editor, const std::string& name, Qt::Key key) {
-        QWidget& widget = Find(editor, name);
-        widget.setFocus();
-        QTest::keyClick(&widget, key);
-    }
-
     TemporaryStore store;
-    QStringList messages;
-    std::function<void(const Message&)> show = [this](const Message& m) { messages.append(ToQt(m.text)); };
-    QStringList asked;
+    std::string told;  // messages and questions, each in a line
+    std::function<void(const Message&)> show = [this](const Message& m) { told += m.text + '\n'; };
     QMessageBox::StandardButton answer = QMessageBox::Discard;
-    Workspace workspace;
-
-  private:
-    struct Closer {
-        ~Closer() {
-            for (const auto& editor : list) delete editor;
-        }
-        std::deque<QPointer<EntryEditor>> list;
-    };
-    Closer closer;
-    std::deque<QPointer<EntryEditor>>& editors = closer.list;
+    const Dialogs dialogs{
+        [this](QWidget*, const Question& question) {
+            told += question.text.toStdString() + '\n';
+            return answer;
+        },
+        [](QWidget*, const QString&, const QString&, const QStringList& offered, int) { return offered[1]; }};
+    Workspace workspace{
+        {store.Address(), "tester", [this](const Message& m) { show(m); }, [] { return 46083.0; }}};
+    std::vector<QPointer<EntryEditor>> editors;
 };
 
 }  // namespace NolSchedCtls::Testing

@@ -1,0 +1,48 @@
+#include <gtest/gtest.h>
+
+#include "tests/library/test_schedule_tools.h"
+
+namespace NolSchedCtls::Testing {
+namespace {
+
+TEST(ScheduleEvents, DateAndTimeReportWhatChanges) {
+    const InstalledWorld world;
+    OpenTab open(RecordOf("H"));
+    auto& start = open.tab.SSDStartDate;
+    auto& time = open.tab.dtpStartTime;
+    const auto act = [&open](bool done) {
+        return (done ? "done " : "refused ") + std::to_string(std::exchange(open.changes, 0));
+    };
+    EXPECT_EQ(act(start.PickDate(ParseIso("2026-04-01T12:00"))), "done 1");
+    EXPECT_EQ(act(start.PickDate(ParseIso("2026-04-01"))), "done 0");
+    EXPECT_EQ(act(start.TypeDate("12/31/2035")), "done 1");
+    EXPECT_EQ(act(start.TypeDate("1/1/2036")), "refused 0");
+    EXPECT_EQ(act(start.TypeDate("12/31/1989")), "refused 0");
+    EXPECT_EQ(act(start.TypeDate("soon")), "refused 0");
+    EXPECT_EQ(act(start.Click()), "done 1");
+    EXPECT_EQ(act(start.BeginEdit()), "done 0");
+    EXPECT_EQ(act(time.PickTime(0, 59)), "done 1");
+    EXPECT_EQ(act(time.PickTime(0, 59)), "done 0");
+    EXPECT_EQ(act(time.PickTime(24, 0)), "refused 0");
+    EXPECT_EQ(time.Text(), "12:59 AM");
+    EXPECT_THROW(time.SetMinute(60), NolSchedError);
+    EXPECT_THROW(start.SetText("soon"), NolSchedError);
+}
+
+TEST(ScheduleEvents, ADateFieldShowsTheEditFormatWhileItHasTheFocus) {
+    const InstalledWorld world;
+    OpenTab open(RecordOf("H", 1, 0, 0, 1, "2027-01-09"));
+    XNolScheduleTab& tab = open.tab;
+    const auto texts = [&tab] { return tab.SSDStartDate.Text() + "; " + tab.SSDEndDate.Text(); };
+    ASSERT_TRUE(tab.SSDStartDate.BeginEdit());
+    EXPECT_EQ(texts(), "03/02/2026; Saturday, January 09, 2027");
+    ASSERT_TRUE(tab.SSDEndDate.BeginEdit());
+    EXPECT_EQ(texts(), "Monday, March 02, 2026; 01/09/2027");
+    EXPECT_EQ(tab.FocusedField(), &tab.SSDEndDate);
+    EXPECT_EQ(open.Saved(), "H 1 0/0/1 YYYYYYYYY 2026-03-02T09:05:00 2027-01-09T23:59:59");
+    tab.cboFrequency.SetFocus();
+    EXPECT_EQ(texts(), "Monday, March 02, 2026; Saturday, January 09, 2027");
+}
+
+}  // namespace
+}  // namespace NolSchedCtls::Testing
