@@ -42,7 +42,7 @@ std::string Play(const std::filesystem::path& transcript, bool isJson) {
         const std::string command = line.substr(2);
         std::string input;
         while (std::getline(file, line) && !line.starts_with("$ ")) input += WithBytes(line) + '\n';
-        if (!command.empty()) played += "$ " + command + '\n' + Run(store, command, input, isJson);
+        played += "$ " + command + '\n' + Run(store, command, input, isJson);
     }
     return played;
 }

@@ -71,6 +71,7 @@ class Windows : public testing::Test {
     static void Press(EntryEditor& editor, Box::StandardButton which) {
         QTest::mouseClick(editor.Button(which), Qt::LeftButton);
     }
+
     TemporaryStore store;
     std::string told;  // messages and questions, each in a line
     std::function<void(const Message&)> show = [this](const Message& m) { told += m.text + '\n'; };
