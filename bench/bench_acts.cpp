@@ -12,8 +12,6 @@ namespace {
 using namespace NolSchedCtls;
 using namespace NolSchedCtls::Bench;
 
-using Entries = std::vector<std::string>;
-
 struct OpenTab {
     OpenTab() {
         tab.LoadData(StoredRecord(), "", std::make_shared<CPaviseNotify>());
@@ -31,8 +29,6 @@ struct Act {
     DropDownList XNolScheduleTab::*refilled[2];  // none: the mode's longest list stands against it
 };
 
-bool PickPeriod(XNolScheduleTab& tab, const char* text) { return tab.cboPeriod.Pick(text); }
-
 constexpr DropDownList XNolScheduleTab::*none = nullptr;
 constexpr auto frequency = &XNolScheduleTab::cboFrequency;
 constexpr auto dayName = &XNolScheduleTab::cboDayName;
@@ -41,8 +37,8 @@ constexpr auto dayNum = &XNolScheduleTab::cboDayNum;
 constexpr Act acts[] = {
     {"mode to Weekly and to Monthly",
      "Monthly",
-     [](auto& t) { return PickPeriod(t, "Weekly"); },
-     [](auto& t) { return PickPeriod(t, "Monthly"); },
+     [](auto& t) { return t.cboPeriod.Pick("Weekly"); },
+     [](auto& t) { return t.cboPeriod.Pick("Monthly"); },
      {frequency, dayName}},
     {"day name to Monday and to Day",
      "Monthly",
@@ -92,7 +88,7 @@ void Refill(QComboBox& combo, const QStringList& entries) {
     combo.setCurrentIndex(0);
 }
 
-QStringList ToQt(const Entries& entries) {
+QStringList ToQt(const std::vector<std::string>& entries) {
     QStringList texts;
     for (const auto& entry : entries) texts.append(QString::fromStdString(entry));
     return texts;

@@ -8,7 +8,6 @@
 
 #include "bench/claims.h"
 #include "platform/services.h"
-#include "records/app_constants.h"
 #include "records/sql.h"
 #include "records/study_kinds.h"
 
@@ -123,7 +122,7 @@ void PlainLoad(Plain& plain) {
     LoadBy([&plain](CNolSchedData& record) { plain.Load(record); });
 }
 
-// The first step stands outside the measured time.
+// The first save stands outside the measured time.
 template <class Step>
 void MeasureOn(const std::string& name, const std::shared_ptr<Database>& database, Step step) {
     benchmark::RegisterBenchmark(name.c_str(), [database, step](benchmark::State& state) {
@@ -149,9 +148,9 @@ void MeasurePlain(const std::string& name, const std::string& file, int rows) {
         MakeStore(file, rows);
     } else {
         plain->Execute(
-            "CREATE TABLE NOL_Override (NOL_OverrideId INTEGER NOT NULL, Type TEXT NOT NULL, ScenarioId "
-            "INTEGER, "
-            "Duration INTEGER, Polling_Interval INTEGER, Retrieve_Delay INTEGER, ClearLog TEXT);"
+            "CREATE TABLE NOL_Override (NOL_OverrideId INTEGER NOT NULL, Type TEXT NOT NULL, "
+            "ScenarioId INTEGER, Duration INTEGER, Polling_Interval INTEGER, Retrieve_Delay INTEGER, "
+            "ClearLog TEXT);"
             "CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     }
     PlainSave(*plain);

@@ -29,8 +29,7 @@ void Insert(const CNolOverride& override, std::int32_t nId) {
          wrapped(override.Polling_Interval), wrapped(override.Retrieve_Delay), override.ClearLog});
     lintel.ExecuteStatement(
         "INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
-        "Retrieve_Delay, "
-        "ClearLog) VALUES (" +
+        "Retrieve_Delay, ClearLog) VALUES (" +
         values + ")");
 }
 
