@@ -122,24 +122,30 @@ void PlainLoad(Plain& plain) {
     LoadBy([&plain](CNolSchedData& record) { plain.Load(record); });
 }
 
+// A disk takes now more, now less for a durable commit; a median needs many.
+constexpr double secondsOnDisk = 0.4;
+
 // The first save stands outside the measured time.
 template <class Step>
-void MeasureOn(const std::string& name, const std::shared_ptr<Database>& database, Step step) {
-    benchmark::RegisterBenchmark(name.c_str(), [database, step](benchmark::State& state) {
-        Use(database);
-        Save(*database);
-        for (auto _ : state) step(*database);
-    })->UseRealTime();
+benchmark::internal::Benchmark* MeasureOn(const std::string& name, const std::shared_ptr<Database>& database,
+                                          Step step) {
+    return benchmark::RegisterBenchmark(name.c_str(),
+                                        [database, step](benchmark::State& state) {
+                                            Use(database);
+                                            Save(*database);
+                                            for (auto _ : state) step(*database);
+                                        })
+        ->UseRealTime();
 }
 
 void MeasurePlatform(const std::string& name, const std::string& address, int rows) {
     const auto database = MakeStore(address, rows);
-    MeasureOn("save " + name, database, [](Database& store) { Save(store); });
+    MeasureOn("save " + name, database, [](Database& store) { Save(store); })->MinTime(secondsOnDisk);
     MeasureOn("load " + name, database, [](Database&) { Load(); });
     MeasureOn("both " + name, database, [](Database& store) {
         Save(store);
         Load();
-    });
+    })->MinTime(secondsOnDisk);
 }
 
 void MeasurePlain(const std::string& name, const std::string& file, int rows) {
@@ -154,12 +160,12 @@ void MeasurePlain(const std::string& name, const std::string& file, int rows) {
             "CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     }
     PlainSave(*plain);
-    Measure("plain save " + name, [plain] { PlainSave(*plain); });
+    Measure("plain save " + name, [plain] { PlainSave(*plain); })->MinTime(secondsOnDisk);
     Measure("plain load " + name, [plain] { PlainLoad(*plain); });
     Measure("plain both " + name, [plain] {
         PlainSave(*plain);
         PlainLoad(*plain);
-    });
+    })->MinTime(secondsOnDisk);
 }
 
 }  // namespace
@@ -177,8 +183,9 @@ int main(int argc, char** argv) {
     MeasurePlatform("1000000", file("million.db"), 1000000);
     const int status = RunClaims(
         argc, argv,
-        {{"four overrides to a file, durably, and back / plain SQLite", "both file", "plain both file", 1.1},
-         {"the way back alone / plain SQLite", "load file", "plain load file"},
+        {{"save four overrides to a file, durably / plain SQLite", "save file", "plain save file", 1.1},
+         {"save and load them there / plain SQLite", "both file", "plain both file", 1.1},
+         {"load them there / plain SQLite", "load file", "plain load file"},
          {"save four overrides, in memory / plain SQLite", "save memory", "plain save memory", 2},
          {"load four overrides, in memory / plain SQLite", "load memory", "plain load memory", 2},
          {"save four overrides among 1,000,000 / among 1,000", "save 1000000", "save file", 1.3},

@@ -187,6 +187,7 @@ std::int32_t Database::Insert(std::string_view statement, const Values& values) 
 }
 
 std::string Database::Literal(const LintelValue& value) const {
+    if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
     const QVariant variant = std::visit(ToVariant{}, value);
     const bool isText = std::holds_alternative<std::string>(value);
     QSqlField field(QString(), isText ? QMetaType(QMetaType::QString) : variant.metaType());
