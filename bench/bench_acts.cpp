@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QComboBox>
 
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "bench/claims.h"
 #include "bench/memory_services.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <QTemporaryDir>
 #include <array>
 
+#include "NolSchedCtls/records/sql.h"
+#include "NolSchedCtls/records/study_kinds.h"
 #include "bench/claims.h"
 #include "platform/services.h"
-#include "records/sql.h"
-#include "records/study_kinds.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // The schedule page in a window, beside the same page written by hand.
 #include <QApplication>
 
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "bench/claims.h"
 #include "bench/hand_page.h"
 #include "bench/memory_services.h"
 #include "host/window/appearance.h"
 #include "host/window/page_view.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 
 namespace {
 

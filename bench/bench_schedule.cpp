@@ -3,10 +3,10 @@
 #include <array>
 #include <chrono>
 
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "bench/claims.h"
 #include "bench/ical_event.h"
 #include "bench/memory_services.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "bench/memory_services.h"
 
-#include "library/catalogue.h"
-#include "records/app_constants.h"
-#include "records/services/provider.h"
-#include "records/study_kinds.h"
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/library/catalogue.h"
+#include "NolSchedCtls/records/study_kinds.h"
+#include "NolSchedCtls/services/provider.h"
 
 namespace NolSchedCtls::Bench {
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "records/nol_sched_data.h"
-#include "tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/records/nol_sched_data.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
 
 namespace NolSchedCtls::Bench {
 

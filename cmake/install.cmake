@@ -18,14 +18,12 @@ set(private_headers
     tabs/schedule/load_step.h
     tabs/schedule/schedule_texts.h
     toolkit/date_text.h)
-foreach(room records toolkit tabs library)
-    file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${room}/*.h)
-    list(REMOVE_ITEM headers ${private_headers})
-    foreach(header ${headers})
-        cmake_path(GET header PARENT_PATH folder)
-        install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/NolSchedCtls/${folder}
-            COMPONENT library)
-    endforeach()
+list(TRANSFORM private_headers PREPEND NolSchedCtls/)
+file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/NolSchedCtls/*.h)
+list(REMOVE_ITEM headers ${private_headers})
+foreach(header ${headers})
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder} COMPONENT library)
 endforeach()
 
 configure_package_config_file(cmake/NolSchedCtlsConfig.cmake.in NolSchedCtlsConfig.cmake

@@ -4,13 +4,13 @@
 
 #include <stdexcept>
 
-#include "library/catalogue.h"
-#include "tabs/contract/pavise_tab.h"
-#include "tabs/schedule/nol_schedule_tab.h"
-#include "tabs/schedule/schedule_sentence.h"
+#include "NolSchedCtls/library/catalogue.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+#include "NolSchedCtls/tabs/schedule/schedule_sentence.h"
+#include "NolSchedCtls/toolkit/x_ambit.h"
+#include "NolSchedCtls/toolkit/x_marlet.h"
 #include "tests/library/fake_services.h"
-#include "toolkit/x_ambit.h"
-#include "toolkit/x_marlet.h"
 
 using namespace NolSchedCtls;
 

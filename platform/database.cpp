@@ -9,7 +9,7 @@
 #include <atomic>
 #include <optional>
 
-#include "records/services/collection.h"
+#include "NolSchedCtls/base/collection.h"
 
 namespace NolSchedCtls {
 

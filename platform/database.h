@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "records/services/error.h"
-#include "records/services/lintel.h"
-#include "toolkit/event.h"
+#include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/base/event.h"
+#include "NolSchedCtls/services/lintel.h"
 
 namespace NolSchedCtls {
 

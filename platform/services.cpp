@@ -3,7 +3,7 @@
 #include <array>
 #include <exception>
 
-#include "records/app_constants.h"
+#include "NolSchedCtls/base/app_constants.h"
 
 namespace NolSchedCtls {
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "NolSchedCtls/services/provider.h"
 #include "platform/database.h"
-#include "records/services/provider.h"
 
 namespace NolSchedCtls {
 

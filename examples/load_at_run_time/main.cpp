@@ -3,9 +3,9 @@
 
 #include <iostream>
 
-#include "library/component.h"
-#include "tabs/contract/pavise_control.h"
-#include "tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/library/component.h"
+#include "NolSchedCtls/tabs/contract/pavise_control.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
 
 using namespace NolSchedCtls;
 

@@ -4,12 +4,12 @@
 #include <map>
 #include <sstream>
 
-#include "library/catalogue.h"
-#include "records/nol_sched_data.h"
-#include "records/services/provider.h"
-#include "tabs/contract/pavise_tab.h"
-#include "toolkit/check_box.h"
-#include "toolkit/text_box.h"
+#include "NolSchedCtls/library/catalogue.h"
+#include "NolSchedCtls/records/nol_sched_data.h"
+#include "NolSchedCtls/services/provider.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/toolkit/check_box.h"
+#include "NolSchedCtls/toolkit/text_box.h"
 
 using namespace NolSchedCtls;
 

@@ -5,13 +5,13 @@
 #include <array>
 #include <vector>
 
-#include "toolkit/check_box.h"
-#include "toolkit/drop_down_list.h"
-#include "toolkit/dt_picker.h"
-#include "toolkit/ss_date_combo.h"
-#include "toolkit/text_box.h"
-#include "toolkit/x_ambit.h"
-#include "toolkit/x_marlet.h"
+#include "NolSchedCtls/toolkit/check_box.h"
+#include "NolSchedCtls/toolkit/drop_down_list.h"
+#include "NolSchedCtls/toolkit/dt_picker.h"
+#include "NolSchedCtls/toolkit/ss_date_combo.h"
+#include "NolSchedCtls/toolkit/text_box.h"
+#include "NolSchedCtls/toolkit/x_ambit.h"
+#include "NolSchedCtls/toolkit/x_marlet.h"
 
 namespace NolSchedCtls {
 

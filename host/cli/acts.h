@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "NolSchedCtls/toolkit/view_field.h"
 #include "host/cli/answers.h"
-#include "toolkit/view_field.h"
 
 namespace NolSchedCtls {
 

@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <iostream>
 
-#include "host/entry_columns.h"
+#include "NolSchedCtls/records/entry_columns.h"
 
 namespace NolSchedCtls {
 

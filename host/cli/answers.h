@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "records/services/lintel.h"
+#include "NolSchedCtls/services/lintel.h"
 
 namespace NolSchedCtls {
 

@@ -9,13 +9,13 @@
 #include <optional>
 #include <ostream>
 
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/services/provider.h"
 #include "host/cli/acts.h"
 #include "host/cli/command_line.h"
 #include "host/cli/script.h"
-#include "host/entry_sentence.h"
-#include "host/entry_session.h"
-#include "records/app_constants.h"
-#include "records/services/provider.h"
+#include "host/entries/entry_sentence.h"
+#include "host/entries/entry_session.h"
 
 namespace NolSchedCtls {
 

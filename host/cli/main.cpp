@@ -4,7 +4,7 @@
 #include <iostream>
 
 #include "host/cli/commands.h"
-#include "host/process.h"
+#include "host/entries/process.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);

@@ -4,7 +4,7 @@
 #include <iosfwd>
 
 #include "host/cli/answers.h"
-#include "host/entry_session.h"
+#include "host/entries/entry_session.h"
 
 namespace NolSchedCtls {
 

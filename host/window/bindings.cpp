@@ -16,15 +16,15 @@
 #include <QTimeEdit>
 #include <array>
 
+#include "NolSchedCtls/toolkit/check_box.h"
+#include "NolSchedCtls/toolkit/drop_down_list.h"
+#include "NolSchedCtls/toolkit/dt_picker.h"
+#include "NolSchedCtls/toolkit/text_box.h"
+#include "NolSchedCtls/toolkit/x_ambit.h"
+#include "NolSchedCtls/toolkit/x_marlet.h"
 #include "host/window/date_combo.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
-#include "toolkit/check_box.h"
-#include "toolkit/drop_down_list.h"
-#include "toolkit/dt_picker.h"
-#include "toolkit/text_box.h"
-#include "toolkit/x_ambit.h"
-#include "toolkit/x_marlet.h"
 
 namespace NolSchedCtls {
 

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "toolkit/view_field.h"
+#include "NolSchedCtls/toolkit/view_field.h"
 
 namespace NolSchedCtls {
 

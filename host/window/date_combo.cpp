@@ -7,9 +7,9 @@
 #include <QStyleOptionComboBox>
 #include <QVBoxLayout>
 
+#include "NolSchedCtls/toolkit/date_text.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
-#include "toolkit/date_text.h"
 
 namespace NolSchedCtls {
 

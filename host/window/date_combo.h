@@ -5,7 +5,7 @@
 #include <QDate>
 #include <QPointer>
 
-#include "toolkit/ss_date_combo.h"
+#include "NolSchedCtls/toolkit/ss_date_combo.h"
 
 namespace NolSchedCtls {
 

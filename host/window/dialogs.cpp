@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QInputDialog>
 
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/services/provider.h"
 #include "host/window/qt_text.h"
-#include "records/app_constants.h"
-#include "records/services/provider.h"
 
 namespace NolSchedCtls {
 

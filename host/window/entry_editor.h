@@ -5,7 +5,7 @@
 #include <QDialogButtonBox>
 #include <memory>
 
-#include "host/entry_session.h"
+#include "host/entries/entry_session.h"
 #include "host/window/dialogs.h"
 
 class QLineEdit;

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "host/entry_sentence.h"
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/toolkit/date_text.h"
+#include "host/entries/entry_sentence.h"
 #include "host/window/qt_text.h"
-#include "records/app_constants.h"
-#include "toolkit/date_text.h"
 
 namespace NolSchedCtls {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "host/entry_store.h"
+#include "host/entries/entry_store.h"
 
 namespace NolSchedCtls {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "toolkit/view_field.h"
+#include "NolSchedCtls/toolkit/view_field.h"
 
 namespace NolSchedCtls {
 

@@ -2,7 +2,7 @@
 #include <QSettings>
 #include <iostream>
 
-#include "host/process.h"
+#include "host/entries/process.h"
 #include "host/window/appearance.h"
 #include "host/window/main_window.h"
 #include "host/window/options.h"

@@ -14,9 +14,9 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/services/provider.h"
 #include "host/window/qt_text.h"
-#include "records/app_constants.h"
-#include "records/services/provider.h"
 
 namespace NolSchedCtls {
 

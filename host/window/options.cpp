@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "records/services/error.h"
+#include "NolSchedCtls/base/error.h"
 
 namespace NolSchedCtls {
 

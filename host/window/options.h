@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "records/services/date_time.h"
+#include "NolSchedCtls/base/date_time.h"
 
 namespace NolSchedCtls {
 

@@ -6,10 +6,10 @@
 #include <QLineEdit>
 #include <array>
 
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "host/window/bindings.h"
 #include "host/window/qt_text.h"
 #include "host/window/sentence_row.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 
 namespace NolSchedCtls {
 

@@ -4,7 +4,7 @@
 #include <QHash>
 #include <QWidget>
 
-#include "tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
 
 namespace NolSchedCtls {
 

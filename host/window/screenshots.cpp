@@ -5,14 +5,14 @@
 #include <QLineEdit>
 #include <array>
 
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/services/provider.h"
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
+#include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "host/window/main_window.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
-#include "records/app_constants.h"
-#include "records/services/provider.h"
-#include "tabs/general/nol_sched_gen_tab.h"
-#include "tabs/override/nol_sched_override_tab.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 
 namespace NolSchedCtls {
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "host/workspace.h"
+#include "host/entries/workspace.h"
 
 namespace NolSchedCtls {
 

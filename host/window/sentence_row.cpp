@@ -6,8 +6,8 @@
 #include <QStyleOptionComboBox>
 #include <optional>
 
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "host/window/qt_text.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 
 namespace NolSchedCtls {
 

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "toolkit/view_field.h"
+#include "NolSchedCtls/toolkit/view_field.h"
 
 namespace NolSchedCtls {
 

@@ -8,12 +8,12 @@
 #include <QTemporaryFile>
 #include <thread>
 
-#include "host/entry_session.h"
-#include "records/sql.h"
+#include "NolSchedCtls/records/sql.h"
+#include "NolSchedCtls/toolkit/check_box.h"
+#include "NolSchedCtls/toolkit/text_box.h"
+#include "host/entries/entry_session.h"
 #include "tests/host/run.h"
 #include "tests/host/store.h"
-#include "toolkit/check_box.h"
-#include "toolkit/text_box.h"
 
 namespace NolSchedCtls::Testing {
 

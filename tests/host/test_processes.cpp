@@ -8,9 +8,9 @@
 #include <climits>
 #include <random>
 
-#include "host/entry_session.h"
+#include "NolSchedCtls/toolkit/check_box.h"
+#include "host/entries/entry_session.h"
 #include "tests/host/store.h"
-#include "toolkit/check_box.h"
 
 namespace NolSchedCtls::Testing {
 

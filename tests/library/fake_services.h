@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "records/nol_sched_data.h"
-#include "records/services/provider.h"
-#include "tabs/contract/pavise_control.h"
-#include "tabs/contract/pavise_notify.h"
-#include "toolkit/view_field.h"
+#include "NolSchedCtls/records/nol_sched_data.h"
+#include "NolSchedCtls/services/provider.h"
+#include "NolSchedCtls/tabs/contract/pavise_control.h"
+#include "NolSchedCtls/tabs/contract/pavise_notify.h"
+#include "NolSchedCtls/toolkit/view_field.h"
 
 namespace NolSchedCtls::Testing {
 

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "tabs/general/nol_sched_gen_tab.h"
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tabs/override/nol_sched_override_tab.h"
+#include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

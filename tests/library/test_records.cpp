@@ -3,8 +3,8 @@
 #include <limits>
 #include <regex>
 
-#include "records/sql.h"
-#include "records/study_kinds.h"
+#include "NolSchedCtls/records/sql.h"
+#include "NolSchedCtls/records/study_kinds.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

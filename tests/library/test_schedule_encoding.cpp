@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "NolSchedCtls/toolkit/date_text.h"
 #include "tests/library/test_schedule_tools.h"
-#include "toolkit/date_text.h"
 
 namespace NolSchedCtls::Testing {
 namespace {

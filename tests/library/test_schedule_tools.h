@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "tabs/schedule/nol_schedule_tab.h"
-#include "tabs/schedule/schedule_sentence.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+#include "NolSchedCtls/tabs/schedule/schedule_sentence.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

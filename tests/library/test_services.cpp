@@ -4,8 +4,8 @@
 #include <optional>
 #include <thread>
 
-#include "library/catalogue.h"
-#include "tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/library/catalogue.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

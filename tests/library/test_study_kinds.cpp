@@ -1,8 +1,8 @@
 // The general tab and the pages of the four study kinds over one record and one notifier.
 #include <gtest/gtest.h>
 
-#include "tabs/general/nol_sched_gen_tab.h"
-#include "tabs/override/nol_sched_override_tab.h"
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
+#include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "NolSchedCtls/toolkit/check_box.h"
+#include "NolSchedCtls/toolkit/text_box.h"
+#include "NolSchedCtls/toolkit/x_ambit.h"
+#include "NolSchedCtls/toolkit/x_marlet.h"
 #include "tests/library/fake_services.h"
-#include "toolkit/check_box.h"
-#include "toolkit/text_box.h"
-#include "toolkit/x_ambit.h"
-#include "toolkit/x_marlet.h"
 
 namespace NolSchedCtls::Testing {
 namespace {

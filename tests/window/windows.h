@@ -6,12 +6,12 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "host/window/bindings.h"
 #include "host/window/entry_editor.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
-#include "tabs/general/nol_sched_gen_tab.h"
-#include "tabs/schedule/nol_schedule_tab.h"
 #include "tests/host/store.h"
 
 namespace NolSchedCtls::Testing {

@@ -1,0 +1,82 @@
+// A keyed list in order of addition, as the records and the code tables use it.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "NolSchedCtls/base/error.h"
+
+namespace NolSchedCtls {
+
+constexpr char FoldedLetter(char letter) noexcept {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+// True if both keys are the same but for the case of the letters A to Z.
+constexpr bool EqualKeys(std::string_view left, std::string_view right) noexcept {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return a == b || FoldedLetter(a) == FoldedLetter(b); });
+}
+
+// Keys compare without regard to case; an empty key is no key. Positions count from 1. References stay good
+// until the next Add or Remove.
+template <class T>
+class KeyedCollection {
+  public:
+    struct Entry {
+        std::string key;
+        T item;
+    };
+
+    // Raises DuplicateKeyError if the key is present; the collection is then unchanged.
+    void Add(T item, std::string key = {}) {
+        if (!key.empty() && Find(key) != nullptr)
+            throw DuplicateKeyError("The key " + Quoted(key) + " is already in the collection.");
+        entries.push_back({std::move(key), std::move(item)});
+    }
+
+    // Nothing if the key is absent.
+    const T* Find(std::string_view key) const noexcept {
+        const auto found = Position(key);
+        return found == entries.end() ? nullptr : &found->item;
+    }
+
+    // Raises MissingKeyError if the key is absent.
+    const T& Item(std::string_view key) const {
+        if (const T* item = Find(key)) return *item;
+        throw MissingKeyError("The collection has no key " + Quoted(key) + ".");
+    }
+
+    // Raises MissingKeyError outside 1 to Count.
+    const T& Item(std::size_t position) const {
+        if (position >= 1 && position <= entries.size()) return entries[position - 1].item;
+        throw MissingKeyError("The collection has no item " + std::to_string(position) + "; it holds " +
+                              std::to_string(entries.size()) + ".");
+    }
+
+    // Raises MissingKeyError if the key is absent.
+    void Remove(std::string_view key) {
+        const auto found = Position(key);
+        if (found == entries.end()) throw MissingKeyError("The collection has no key " + Quoted(key) + ".");
+        entries.erase(found);
+    }
+
+    std::size_t Count() const noexcept { return entries.size(); }
+    auto begin() const noexcept { return entries.begin(); }
+    auto end() const noexcept { return entries.end(); }
+
+  private:
+    auto Position(std::string_view key) const noexcept {
+        return std::find_if(entries.begin(), entries.end(), [key](const Entry& entry) {
+            return !entry.key.empty() && EqualKeys(entry.key, key);
+        });
+    }
+
+    std::vector<Entry> entries;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,122 @@
+#include "NolSchedCtls/base/date_time.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+
+#include "NolSchedCtls/base/error.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr double secondsPerDay = 86400.0;
+constexpr DateTime firstDay = -657434.0;  // 0100-01-01
+constexpr DateTime lastDay = 2958465.0;   // 9999-12-31
+constexpr std::chrono::sys_days dayZero = std::chrono::year{1899} / 12 / 30;
+
+struct DayAndSecond {
+    int day;
+    int second;
+};
+
+DayAndSecond RoundToSecond(DateTime dateTime) {
+    if (!(dateTime >= firstDay && dateTime < lastDay + 1))
+        throw NolSchedError("The date-time " + std::to_string(dateTime) +
+                            " lies outside the years 100 to 9999.");
+    double day = std::floor(dateTime);
+    double second = std::round((dateTime - day) * secondsPerDay);
+    if (second >= secondsPerDay) {
+        day += 1;
+        second = 0;
+    }
+    return {static_cast<int>(day), static_cast<int>(second)};
+}
+
+std::string Joined(int first, int second, int third, char separator) {
+    return std::to_string(first) + separator + std::to_string(second) + separator + std::to_string(third);
+}
+
+bool IsClockTime(const DateTimeParts& parts) {
+    return parts.hour >= 0 && parts.hour < 24 && parts.minute >= 0 && parts.minute < 60 &&
+           parts.second >= 0 && parts.second < 60;
+}
+
+// Takes exactly `digits` digits off the front of the text.
+bool TakeNumber(std::string_view& text, std::size_t digits, int& number) {
+    if (text.size() < digits) return false;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + digits, number);
+    if (error != std::errc() || end != text.data() + digits || text.front() == '-') return false;
+    text.remove_prefix(digits);
+    return true;
+}
+
+bool TakeOneOf(std::string_view& text, std::string_view letters) {
+    if (text.empty() || letters.find(text.front()) == std::string_view::npos) return false;
+    text.remove_prefix(1);
+    return true;
+}
+
+bool TakeSecond(std::string_view& text, int& second) {
+    if (!TakeOneOf(text, ":")) return true;
+    if (!TakeNumber(text, 2, second)) return false;
+    if (TakeOneOf(text, "."))
+        while (TakeOneOf(text, "0123456789")) continue;
+    return true;
+}
+
+bool ReadIso(std::string_view text, DateTimeParts& parts) {
+    const bool hasDate = TakeNumber(text, 4, parts.year) && TakeOneOf(text, "-") &&
+                         TakeNumber(text, 2, parts.month) && TakeOneOf(text, "-") &&
+                         TakeNumber(text, 2, parts.day);
+    if (!hasDate || text.empty()) return hasDate;
+    return TakeOneOf(text, "T ") && TakeNumber(text, 2, parts.hour) && TakeOneOf(text, ":") &&
+           TakeNumber(text, 2, parts.minute) && TakeSecond(text, parts.second) && text.empty();
+}
+
+}  // namespace
+
+DateTime ComposeDateTime(const DateTimeParts& parts) {
+    const std::chrono::year_month_day date{std::chrono::year{parts.year},
+                                           std::chrono::month{static_cast<unsigned>(parts.month)},
+                                           std::chrono::day{static_cast<unsigned>(parts.day)}};
+    if (parts.year < 100 || parts.year > 9999 || !date.ok())
+        throw NolSchedError("There is no day " + Joined(parts.year, parts.month, parts.day, '-') + ".");
+    if (!IsClockTime(parts))
+        throw NolSchedError("There is no time " + Joined(parts.hour, parts.minute, parts.second, ':') + ".");
+    const auto days = (std::chrono::sys_days{date} - dayZero).count();
+    const int seconds = (parts.hour * 60 + parts.minute) * 60 + parts.second;
+    return static_cast<double>(days) + seconds / secondsPerDay;
+}
+
+DateTimeParts SplitDateTime(DateTime dateTime) {
+    const auto [day, second] = RoundToSecond(dateTime);
+    const std::chrono::year_month_day date{dayZero + std::chrono::days{day}};
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            second / 3600,
+            second / 60 % 60,
+            second % 60};
+}
+
+DateTime DateOf(DateTime dateTime) { return RoundToSecond(dateTime).day; }
+
+std::string IsoText(DateTime dateTime) {
+    const DateTimeParts parts = SplitDateTime(dateTime);
+    std::array<char, 96> text{};
+    const int length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d", parts.year,
+                                     parts.month, parts.day, parts.hour, parts.minute, parts.second);
+    return {text.data(), static_cast<std::size_t>(length)};
+}
+
+DateTime ParseIso(std::string_view text) {
+    DateTimeParts parts;
+    if (!ReadIso(text, parts))
+        throw NolSchedError("The text " + Quoted(text) + " is no date-time of the form YYYY-MM-DDTHH:MM:SS.");
+    return ComposeDateTime(parts);
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,33 @@
+// The one family of failures of this library, and how a value is named in their messages.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "NolSchedCtls/base/export.h"
+
+namespace NolSchedCtls {
+
+// Every failure that the library raises derives from this. The message names the thing and the value.
+class NOLSCHED_API NolSchedError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// Reading or removing a key or position that a collection does not hold.
+class NOLSCHED_API MissingKeyError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
+};
+
+// Adding under a key that a collection already holds.
+class NOLSCHED_API DuplicateKeyError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
+};
+
+// The text in double quotes, cut behind 60 bytes at a character's border, so that a message stays a line.
+NOLSCHED_API std::string Quoted(std::string_view text);
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,44 @@
+// The library as a host loads it at run time: four entry points and what they hand out.
+//
+// A host opens the shared library, looks up DllGetClassObject and asks for a class by its name; once
+// DllRegisterServer has run in the process, by its program identifier too. It may close the library again
+// while DllCanUnloadNow gives componentOk.
+#pragma once
+
+#include <cstdint>
+
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/library/catalogue.h"
+
+namespace NolSchedCtls {
+
+// Hands out one class. Lives as long as the library.
+class NOLSCHED_API IClassObject {
+  public:
+    virtual const PublishedClass& Published() const = 0;
+    // A new object, counted as alive until its last holder ends. Raises what the creation raises.
+    virtual PublishedObject CreateInstance() const = 0;
+
+  protected:
+    ~IClassObject() = default;
+};
+
+inline constexpr const char* classObjectInterface = "IClassObject";
+
+enum ComponentResult : std::int32_t {
+    componentOk = 0,
+    componentNo = 1,            // DllCanUnloadNow: objects are alive
+    componentNoClass = -1,      // no such class, or a program identifier that is not registered
+    componentNoInterface = -2,  // a class object offers classObjectInterface alone
+    componentBadPointer = -3,   // a name or the place for the result is missing
+};
+
+}  // namespace NolSchedCtls
+
+extern "C" {
+NOLSCHED_API std::int32_t DllRegisterServer();
+NOLSCHED_API std::int32_t DllUnregisterServer();
+// Puts a NolSchedCtls::IClassObject* into *ppObject, or nothing on a failure.
+NOLSCHED_API std::int32_t DllGetClassObject(const char* sClass, const char* sInterface, void** ppObject);
+NOLSCHED_API std::int32_t DllCanUnloadNow();
+}

@@ -1,0 +1,117 @@
+#include "NolSchedCtls/records/nol_sched_data.h"
+
+#include <charconv>
+#include <utility>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/records/sql.h"
+#include "NolSchedCtls/records/study_kinds.h"
+#include "NolSchedCtls/services/provider.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+std::int32_t OptionNumber(const CodeOptionSet& options, std::string_view name) {
+    const std::string& text = options.Item(name).Value;
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size())
+        throw NolSchedError("The option " + Quoted(name) + " of a new entry is " + Quoted(text) +
+                            ", which is no 32-bit number.");
+    return number;
+}
+
+}  // namespace
+
+void CNolSchedData::InitNew(std::shared_ptr<const CaddisScenarioType> ScenarioTypeA, bool fIsImmediate,
+                            std::int32_t nRptGrpIdA, std::string sNameA) {
+    RunMode = fIsImmediate ? "I" : "S";
+    const CodeOptionSet& options =
+        fIsImmediate ? CodeTables().ImmediateDefaults() : CodeTables().ScheduledDefaults();
+    ScenarioType = std::move(ScenarioTypeA);
+    EditorName = std::move(sNameA);
+    RetrieveMode = options.Item("Download").Value;
+    AutoPurge = options.Item("Purge").Value;
+    PurgeInterval = OptionNumber(options, "Days");
+    ScheduleActive = "Y";
+    RptGrpId = nRptGrpIdA;
+    SubFolderName.clear();
+    FirstDateTime = DateOf(Clock().Now());
+    FinalDateTime = MAppConstants::NoEndDate;
+    WhichMonthDate = 0;
+    WhichWeek = 1;
+    WhichWeekday = 1;
+    Periodicity = "O";
+    Frequency = 1;
+    IncludeMondays = IncludeTuesdays = IncludeWednesdays = IncludeThursdays = IncludeFridays = "Y";
+    IncludeSaturdays = IncludeSundays = IncludeHolidays = IncludeDayAfterHol = "Y";
+    CreateFiles = "N";
+    IsNew = true;
+}
+
+void CNolSchedData::InitEdit(InitEditArguments arguments) {
+    ScenarioType = std::move(arguments.ScenarioTypeA);
+    EditorName = std::move(arguments.sEditorNameA);
+    Id = arguments.nIdA;
+    FirstDateTime = arguments.dFirstDateTimeA;
+    FinalDateTime = arguments.dFinalDateTimeA;
+    WhichMonthDate = arguments.nWhichMonthDateA;
+    WhichWeek = arguments.nWhichWeekA;
+    WhichWeekday = arguments.nWhichWeekdayA;
+    Periodicity = std::move(arguments.sPeriodicityA);
+    Frequency = arguments.nFrequencyA;
+    ScheduleActive = std::move(arguments.sScheduleActiveA);
+    IncludeMondays = std::move(arguments.sIncludeMondaysA);
+    IncludeTuesdays = std::move(arguments.sIncludeTuesdaysA);
+    IncludeWednesdays = std::move(arguments.sIncludeWednesdaysA);
+    IncludeThursdays = std::move(arguments.sIncludeThursdaysA);
+    IncludeFridays = std::move(arguments.sIncludeFridaysA);
+    IncludeSaturdays = std::move(arguments.sIncludeSaturdaysA);
+    IncludeSundays = std::move(arguments.sIncludeSundaysA);
+    IncludeHolidays = std::move(arguments.sIncludeHolidaysA);
+    IncludeDayAfterHol = std::move(arguments.sIncludeDayAfterHolA);
+    ClientMachineId = arguments.nClientMachineIdA;
+    RptGrpId = arguments.nRptGrpIdA;
+    RunMode = std::move(arguments.sRunModeA);
+    RetrieveMode = std::move(arguments.sRetrieveModeA);
+    AutoPurge = std::move(arguments.sAutoPurgeA);
+    PurgeInterval = arguments.nPurgeIntervalA;
+    SubFolderName = std::move(arguments.sSubFolderNameA);
+    CreateFiles = std::move(arguments.sCreateFilesA);
+    MSQL::LoadNolOverrides(*this);  // selects by Id, so it stands behind it
+    IsNew = false;
+}
+
+LintelDateTime CNolSchedData::DBFirstDateTime() const {
+    return IsOverride() ? LintelDb().ImmediateDateTime() : LintelDb().DateTimeOf(FirstDateTime);
+}
+
+LintelDateTime CNolSchedData::DBFinalDateTime() const { return LintelDb().DateTimeOf(FinalDateTime); }
+
+void CNolSchedData::AddNolOverride(std::shared_ptr<CNolOverride> CData, std::string Key) {
+    if (!CData) throw NolSchedError("There is no override to add under the key " + Quoted(Key) + ".");
+    const StudyKind* kind = FindStudyKind(Key);
+    overrides.Add(std::move(CData), std::move(Key));
+    if (kind != nullptr) this->*kind->pFlag = "Y";
+}
+
+std::shared_ptr<CNolOverride> CNolSchedData::GetOverride(std::string_view sOverride) const {
+    const auto* found = overrides.Find(sOverride);
+    return found == nullptr ? nullptr : *found;
+}
+
+void CNolSchedData::RemoveNolOverride(std::string_view Key) {
+    if (overrides.Find(Key) != nullptr) overrides.Remove(Key);
+}
+
+CNolSchedData& CNolSchedData::SaveNolOverrides() {
+    if (!IsNew) MSQL::DeleteNolOverrides(Id);
+    for (const auto& [key, item] : overrides) {
+        const StudyKind* kind = FindStudyKind(item->OverrideType);
+        if (kind != nullptr && this->*kind->pFlag == "Y") MSQL::InsertNolOverride(*item, Id);
+    }
+    return *this;
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,60 @@
+#include "NolSchedCtls/records/sql.h"
+
+#include <memory>
+#include <string>
+
+#include "NolSchedCtls/records/nol_sched_data.h"
+#include "NolSchedCtls/services/provider.h"
+
+namespace NolSchedCtls::MSQL {
+
+namespace {
+
+std::shared_ptr<CNolOverride> OverrideOfRow(const ILintelRows& rows) {
+    const auto number = [&rows](const char* column) {
+        return LintelDb().FieldToNumber(rows.Fields(column), 0);
+    };
+    const auto text = [&rows](const char* column) { return FieldToText(rows.Fields(column)); };
+    auto item = std::make_shared<CNolOverride>();
+    item->Initialize(number("NOL_OverrideId"), text("Type"), number("ScenarioId"), number("Duration"),
+                     number("Polling_Interval"), number("Retrieve_Delay"), text("ClearLog"));
+    return item;
+}
+
+void Insert(const CNolOverride& override, std::int32_t nId) {
+    ILintelDb& lintel = LintelDb();
+    const auto wrapped = [&lintel](std::int32_t number) { return lintel.NumberToValue(number, -1); };
+    const std::string values = lintel.JoinValues(
+        {std::int64_t{nId}, override.OverrideType, wrapped(override.ScenarioId), wrapped(override.Duration),
+         wrapped(override.Polling_Interval), wrapped(override.Retrieve_Delay), override.ClearLog});
+    lintel.ExecuteStatement(
+        "INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
+        "Retrieve_Delay, ClearLog) VALUES (" +
+        values + ")");
+}
+
+}  // namespace
+
+void DeleteNolOverrides(std::int32_t nId) {
+    LintelDb().ExecuteStatement("DELETE FROM NOL_Override WHERE NOL_OverrideId = " + std::to_string(nId));
+}
+
+void InsertNolOverride(const CNolOverride& override, std::int32_t nId) {
+    try {
+        Insert(override, nId);
+    } catch (...) {
+        LintelFailureReport()->ReportFailure("");
+    }
+}
+
+void LoadNolOverrides(CNolSchedData& record) {
+    const auto rows = LintelDb().OpenRows(
+        {.sQuery = "SELECT * FROM NOL_Override WHERE NOL_OverrideId = " + std::to_string(record.Id)});
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+        auto item = OverrideOfRow(*rows);
+        std::string type = item->OverrideType;
+        record.AddNolOverride(std::move(item), std::move(type));
+    }
+}
+
+}  // namespace NolSchedCtls::MSQL

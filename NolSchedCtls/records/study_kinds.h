@@ -1,0 +1,32 @@
+// The four study kinds: their names and the flags of the record that say whether their override is on.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/records/nol_sched_data.h"
+
+namespace NolSchedCtls {
+
+struct StudyKind {
+    std::string_view sKey;  // at once key in Overrides, OverrideType, and tab name for the notifier
+    std::string CNolSchedData::*pFlag;
+};
+
+inline constexpr std::array studyKinds = {
+    StudyKind{MAppConstants::homStudy, &CNolSchedData::HomOvr},
+    StudyKind{MAppConstants::plmStudy, &CNolSchedData::PlmOvr},
+    StudyKind{MAppConstants::rfcStudy, &CNolSchedData::RfcOvr},
+    StudyKind{MAppConstants::vcsStudy, &CNolSchedData::VcsOvr},
+};
+
+// Nothing for a name that is not exactly a kind's.
+constexpr const StudyKind* FindStudyKind(std::string_view sName) {
+    for (const StudyKind& kind : studyKinds)
+        if (kind.sKey == sName) return &kind;
+    return nullptr;
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,25 @@
+// The user's regional settings for dates.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "NolSchedCtls/base/export.h"
+
+namespace NolSchedCtls {
+
+enum class DateFieldOrder { MonthFirst, DayFirst, YearFirst };
+
+class NOLSCHED_API IDateSettings {
+  public:
+    virtual ~IDateSettings() = default;
+    // The pattern of a date that is being edited (see DateText); its numbers stand in the order of DateOrder.
+    virtual std::string EditDateFormat() = 0;
+    // The order of the short form: "3/2/2026", "2/3/2026" or "2026/3/2".
+    virtual DateFieldOrder DateOrder() = 0;
+};
+
+// Settings of that order with the edit format "MM/DD/YYYY", "DD/MM/YYYY" or "YYYY/MM/DD".
+NOLSCHED_API std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order);
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,27 @@
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/services/provider.h"
+
+namespace NolSchedCtls {
+
+bool PaviseTab::HandleTabProcess(const std::string& /*sProcess*/) { return false; }
+
+void PaviseTab::NotifyChanged() const {
+    if (cpvnNotify) cpvnNotify->MarkChanged();
+}
+
+void PaviseTab::ShowError(const std::string& sText, const std::string& sTitle) {
+    MessageService().Show(sText, MAppConstants::stopSign, sTitle, 0, 0);
+}
+
+void PaviseTab::SetFocusIfShown(ViewField& ctl) const {
+    if (!Visible()) return;
+    try {
+        ctl.SetFocus();
+    } catch (const NolSchedError&) {
+        // A box has told the user already; a field out of reach just does not get the focus.
+    }
+}
+
+}  // namespace NolSchedCtls

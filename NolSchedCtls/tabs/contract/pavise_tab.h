@@ -1,0 +1,30 @@
+// What all six tabs have in common.
+#pragma once
+
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/records/nol_sched_data.h"
+#include "NolSchedCtls/tabs/contract/pavise_control.h"
+#include "NolSchedCtls/tabs/contract/pavise_notify.h"
+#include "NolSchedCtls/toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
+  public:
+    bool HandleTabProcess(const std::string& sProcess) override;  // always false
+    void LoadState() override {}
+    void SaveState() override {}
+
+  protected:
+    // Tells the host of an edit; nothing without a notifier.
+    void NotifyChanged() const;
+    // The tab's own error box with a stop sign.
+    static void ShowError(const std::string& sText, const std::string& sTitle);
+    // Nothing happens if the tab is hidden or the field cannot take the focus.
+    void SetFocusIfShown(ViewField& ctl) const;
+
+    std::shared_ptr<CPaviseNotify> cpvnNotify;
+    std::shared_ptr<CNolSchedData> cSchedData;
+};
+
+}  // namespace NolSchedCtls

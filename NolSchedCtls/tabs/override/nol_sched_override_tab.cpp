@@ -1,0 +1,169 @@
+#include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
+
+#include <limits>
+
+#include "NolSchedCtls/services/provider.h"
+#include "NolSchedCtls/tabs/override/numeric_text.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr std::string_view missingScenario = "A Scenario is required.";  // with anything behind it: allowed
+
+std::string TextOfNumber(std::int32_t number) { return number >= 1 ? std::to_string(number) : std::string(); }
+
+std::string RangeMessage(const NumberField& field) {
+    return std::string(field.sSubject) + " must be between " + std::to_string(field.nLowest) + " and " +
+           std::to_string(field.nHighest) + " " + std::string(field.sUnit) + " inclusive" +
+           std::string(field.sRangeEnd);
+}
+
+// A leading 0 makes an empty text 0; it also leaves a text with a sign no number, which the range then
+// refuses.
+bool IsInRange(const NumberField& field, const std::string& text) {
+    constexpr std::int32_t highest = std::numeric_limits<std::int16_t>::max();
+    const auto number = ToWholeNumber("0" + text, 0, highest);
+    return number && *number >= field.nLowest && *number <= field.nHighest && *number % field.nStep == 0;
+}
+
+std::int32_t NumberOfText(const NumberField& field, const std::string& text) {
+    if (text.empty()) return -1;
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (const auto number = ToWholeNumber(text, Limits::min(), Limits::max())) return *number;
+    throw NolSchedError("The " + std::string(field.sSubject) + " " + Quoted(text) + " is no 32-bit number.");
+}
+
+}  // namespace
+
+NolSchedOverrideTab::Number::Number(UserControl& control, const NumberField& fieldA)
+    : field(fieldA),
+      frame(control, std::string(field.sFrame), std::string(field.sFrameCaption)),
+      text(frame, std::string(field.sTextBox), field.nMaxLength),
+      unit(frame, std::string(field.sUnitLabel), std::string(field.sUnitCaption)) {}
+
+NolSchedOverrideTab::NolSchedOverrideTab(const OverrideKind& kindA)
+    : kind(kindA), chkOverride(*this, "chkOverride", std::string(kind.sBoxCaption)) {
+    chkOverride.Clicked.Connect([this] {
+        SetOverrideState(chkOverride.Value() == 1);
+        NotifyChanged();
+    });
+    if (!kind.sScenarioHeading.empty())
+        scenario.emplace(*this).fdocCBScenario.DocumentChange.Connect([this] { NotifyChanged(); });
+    for (const NumberField& field : kind.numberFields) {
+        TextBox& text = numbers.emplace_back(*this, field).text;
+        text.Changed.Connect([this] { NotifyChanged(); });
+        text.KeyPress.Connect([&text](char32_t& key) { MNolSchedCtls::FilterDigitKey(text, key); });
+    }
+    if (!kind.sNote.empty()) lblNote.emplace(*this, "lblNote", std::string(kind.sNote));
+}
+
+void NolSchedOverrideTab::SetOverrideState(bool fState) {
+    fOverrideOn = fState;
+    chkOverride.SetValue(fState ? 1 : 0);
+    if (scenario) scenario->fraScenario.SetVisible(fState);
+    for (Number& number : numbers) number.frame.SetVisible(fState);
+    if (cpvnNotify) cpvnNotify->SetTabState(sOverrideKey, fState);
+}
+
+void NolSchedOverrideTab::TabOverride(const std::string& TheName, bool TheState) {
+    if (TheName == kind.study.sKey) SetOverrideState(TheState);
+}
+
+void NolSchedOverrideTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::string& /*sName*/,
+                                   std::shared_ptr<CPaviseNotify> dtN) {
+    cpvnNotify = std::move(dtN);
+    tabOverride = !cpvnNotify
+                      ? Connection()
+                      : cpvnNotify->TabOverride.Connect([this](const std::string& TheName, bool TheState) {
+                            TabOverride(TheName, TheState);
+                        });
+    cSchedData = std::move(v);
+    sOverrideKey = kind.study.sKey;
+    if (scenario)
+        scenario->fdocCBScenario.RestoreState(
+            CaddisPickerStates().PickerStates().StatesForType(CaddisScenarios().ScenarioDocumentType()));
+    if (const auto item = cSchedData->GetOverride(sOverrideKey))
+        LoadOverride(*item);
+    else
+        LoadNoOverride();
+}
+
+void NolSchedOverrideTab::LoadNoOverride() {
+    if (scenario) {
+        scenario->fdocCBScenario.SetPendingFlag(false);
+        scenario->fdocCBScenario.SetDocument(nullptr);
+    }
+    SetOverrideState(false);
+    if (cSchedData->Overrides().Count() > 0 && cSchedData->IsOverride()) chkOverride.SetEnabled(false);
+}
+
+void NolSchedOverrideTab::LoadOverride(const CNolOverride& item) {
+    chkOverride.SetValue(1);
+    if (scenario) ShowScenario(item);
+    for (Number& number : numbers) number.text.SetText(TextOfNumber(item.*number.field.pValue));
+    SetOverrideState(true);
+}
+
+void NolSchedOverrideTab::ShowScenario(const CNolOverride& item) {
+    XMarlet& picker = scenario->fdocCBScenario;
+    if (item.ScenarioId < 1) {
+        picker.SetDocument(nullptr);
+        return;
+    }
+    picker.SetDocument(CaddisStore().FindDocument(CaddisScenarios().ScenarioDocumentType(), item.ScenarioId));
+    picker.SetPendingFlag(false);
+}
+
+bool NolSchedOverrideTab::IsTabValid(const std::string& sMsgBoxTitle) {
+    if (!fOverrideOn) return true;
+    if (scenario && !IsScenarioValid(sMsgBoxTitle)) return false;
+    for (Number& number : numbers)
+        if (!number.text.Text().empty() && !IsNumberValid(number, sMsgBoxTitle)) return false;
+    return true;
+}
+
+bool NolSchedOverrideTab::IsScenarioValid(const std::string& sMsgBoxTitle) {
+    XMarlet& picker = scenario->fdocCBScenario;
+    if (picker.ValidDocument()) return true;
+    const std::string message = picker.CheckMessage();
+    if (message.starts_with(missingScenario)) return true;
+    ShowError(std::string(kind.sScenarioHeading) + "\r\n" + message, sMsgBoxTitle);
+    if (cpvnNotify) cpvnNotify->ShowTab(sOverrideKey);
+    SetFocusIfShown(picker);
+    return false;
+}
+
+bool NolSchedOverrideTab::IsNumberValid(Number& number, const std::string& sMsgBoxTitle) {
+    const std::string& text = number.text.Text();
+    const bool numeric = IsNumeric(text);
+    if (numeric && IsInRange(number.field, text)) return true;
+    ShowError(numeric ? RangeMessage(number.field) : std::string(number.field.sSubject) + " must be numeric.",
+              sMsgBoxTitle);
+    SetFocusIfShown(number.text);
+    return false;
+}
+
+std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
+    auto item = std::make_shared<CNolOverride>();
+    item->NOL_OverrideId = cSchedData->Id;
+    item->OverrideType = sOverrideKey;
+    if (scenario && scenario->fdocCBScenario.Document()) {
+        const XMarlet& picker = scenario->fdocCBScenario;
+        item->ScenarioId = picker.Document()->Id;
+        picker.KeepState(*CaddisPickerStates().PickerStates().StatesForType(picker.Document()->DocumentType));
+    }
+    for (const Number& number : numbers)
+        item.get()->*number.field.pValue = NumberOfText(number.field, number.text.Text());
+    return item;
+}
+
+void NolSchedOverrideTab::SaveData() {
+    if (!fOverrideOn) return;
+    auto item = OverrideOfView();
+    (*cSchedData).*kind.study.pFlag = "Y";
+    cSchedData->RemoveNolOverride(sOverrideKey);
+    cSchedData->AddNolOverride(std::move(item), sOverrideKey);
+}
+
+}  // namespace NolSchedCtls

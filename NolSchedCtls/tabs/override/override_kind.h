@@ -1,0 +1,45 @@
+// What makes one override tab differ from the next: everything is told by one row a study kind.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "NolSchedCtls/records/nol_override.h"
+#include "NolSchedCtls/records/study_kinds.h"
+
+namespace NolSchedCtls {
+
+// A text box with its frame, its unit behind it, and its place in the override.
+struct NumberField {
+    std::string_view sFrame;
+    std::string_view sFrameCaption;
+    std::string_view sTextBox;
+    std::string_view sUnitLabel;
+    std::string_view sUnitCaption;
+    std::size_t nMaxLength;     // characters
+    std::string_view sSubject;  // as messages name it
+    std::string_view sUnit;     // as messages name it
+    std::int32_t nLowest;
+    std::int32_t nHighest;
+    std::int32_t nStep;          // a good value is a multiple of it
+    std::string_view sRangeEnd;  // ends the range message
+    std::int32_t CNolOverride::*pValue;
+};
+
+struct OverrideKind {
+    const StudyKind& study;
+    std::string_view sBoxCaption;
+    std::string_view sScenarioHeading;          // of a scenario failure; empty for a kind without a scenario
+    std::span<const NumberField> numberFields;  // top to bottom, in the order of the checks
+    std::string_view sNote;                     // below the frames; empty for none
+};
+
+extern const OverrideKind homOverride;
+extern const OverrideKind plmOverride;
+extern const OverrideKind rfcOverride;
+extern const OverrideKind vcsOverride;
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,68 @@
+// The entry's duration and time of day between record and view.
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/tabs/schedule/load_step.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+#include "NolSchedCtls/tabs/schedule/schedule_texts.h"
+#include "NolSchedCtls/toolkit/date_text.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+// The general form without its time: no short form holds a blank.
+std::string DateOnlyText(DateTime dateTime) { return ShortDateText(dateTime); }
+
+DateTime ReadField(const SSDateCombo& field, const std::string& text) {
+    if (const auto read = ReadDateText(text)) return *read;
+    throw NolSchedError("The field " + field.Name() + " holds " + Quoted(text) + ", which is no date.");
+}
+
+DateTime AtTime(DateTime day, int hour, int minute, int second) {
+    DateTimeParts parts = SplitDateTime(day);
+    parts.hour = hour;
+    parts.minute = minute;
+    parts.second = second;
+    return ComposeDateTime(parts);
+}
+
+}  // namespace
+
+void XNolScheduleTab::SetCtlsDates() {
+    const CNolSchedData& data = Record();
+    ShowProperty("FirstDateTime", data.FirstDateTime, [this] { ShowStart(); });
+    ShowProperty("FinalDateTime", data.FinalDateTime, [this] { ShowEnd(); });
+    SSDStartDate.SetDisplayFormat(longDateFormat);
+    SSDEndDate.SetDisplayFormat(longDateFormat);
+}
+
+void XNolScheduleTab::ShowStart() {
+    const DateTime first = Record().FirstDateTime;
+    SSDStartDate.SetText(DateOnlyText(first));
+    const DateTimeParts parts = SplitDateTime(first);
+    dtpStartTime.SetHour(parts.hour);
+    dtpStartTime.SetMinute(parts.minute);
+}
+
+void XNolScheduleTab::ShowEnd() {
+    const DateTime lastDay = DateOf(Record().FinalDateTime);
+    const bool hasEnd = lastDay != MAppConstants::NoEndDate;
+    if (hasEnd) SSDEndDate.SetText(DateOnlyText(lastDay));
+    chkEndDate.SetValue(hasEnd ? 1 : 0);
+    if (!hasEnd) SSDEndDate.SetText(DateOnlyText(Clock().Now()));
+    SSDEndDate.SetVisible(hasEnd);
+    txtNoEndDate.SetVisible(!hasEnd);
+}
+
+DateTime XNolScheduleTab::GetFirstDateTime() const {
+    return ReadField(SSDStartDate, SSDStartDate.Text() + " " + std::to_string(dtpStartTime.Hour()) + ":" +
+                                       std::to_string(dtpStartTime.Minute()));
+}
+
+DateTime XNolScheduleTab::GetFinalDateTime() const {
+    const DateTime day =
+        chkEndDate.Value() == 0 ? MAppConstants::NoEndDate : ReadField(SSDEndDate, SSDEndDate.Text());
+    if (cboPeriod.Text() == periodHourly) return AtTime(day, 23, 59, 59);
+    return AtTime(day, dtpStartTime.Hour(), dtpStartTime.Minute(), 0);
+}
+
+}  // namespace NolSchedCtls

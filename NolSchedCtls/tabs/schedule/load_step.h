@@ -1,0 +1,25 @@
+// One step of a load.
+#pragma once
+
+#include <string>
+
+#include "NolSchedCtls/base/error.h"
+
+namespace NolSchedCtls {
+
+inline std::string ValueText(const std::string& sValue) { return Quoted(sValue); }
+inline std::string ValueText(auto number) { return std::to_string(number); }
+
+// Runs the step that shows a property. A view field's failure names what the view lacks; this puts the
+// record's property and value before it.
+template <class Value, class Step>
+void ShowProperty(const char* sProperty, const Value& value, Step step) {
+    try {
+        step();
+    } catch (const NolSchedError& failure) {
+        throw NolSchedError("The entry's " + std::string(sProperty) + " " + ValueText(value) +
+                            " cannot be shown: " + failure.what());
+    }
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,25 @@
+// A check box: 0 clear, 1 ticked.
+#pragma once
+
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+class NOLSCHED_API CheckBox : public ViewField {
+  public:
+    CheckBox(FieldPlace placeA, std::string nameA, std::string captionA)
+        : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+
+    int Value() const { return value; }
+    void SetValue(int valueA);  // raises Clicked if the value changes
+
+    bool Click();  // the user turns the box over
+
+    Event<> Clicked;
+
+  private:
+    int value = 0;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,203 @@
+#include "NolSchedCtls/toolkit/date_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstddef>
+
+#include "NolSchedCtls/base/collection.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr std::array<std::string_view, 7> weekdayNames = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                          "Thursday", "Friday", "Saturday"};
+constexpr std::array<std::string_view, 12> monthNames = {"January",   "February", "March",    "April",
+                                                         "May",       "June",     "July",     "August",
+                                                         "September", "October",  "November", "December"};
+constexpr std::array<std::string_view, 3> shortFormats = {"M/D/YYYY", "D/M/YYYY", "YYYY/M/D"};
+
+struct NumberPiece {
+    char letter;
+    std::size_t length;  // as many digits are written
+    int DateTimeParts::*pPart;
+    std::size_t fewestDigits;  // when read
+    std::size_t mostDigits;
+};
+
+constexpr std::array numberPieces = {
+    NumberPiece{'M', 1, &DateTimeParts::month, 1, 2}, NumberPiece{'M', 2, &DateTimeParts::month, 1, 2},
+    NumberPiece{'D', 1, &DateTimeParts::day, 1, 2}, NumberPiece{'D', 2, &DateTimeParts::day, 1, 2},
+    NumberPiece{'Y', 4, &DateTimeParts::year, 4, 4}};
+
+const NumberPiece* FindNumberPiece(std::string_view piece) {
+    for (const NumberPiece& number : numberPieces)
+        if (number.letter == piece.front() && number.length == piece.size()) return &number;
+    return nullptr;
+}
+
+bool IsName(std::string_view piece) { return piece == "DDDD" || piece == "MMMM"; }
+
+bool IsPatternLetter(char letter) { return letter == 'D' || letter == 'M' || letter == 'Y'; }
+
+// Takes a run of one character off the front of the pattern.
+std::string_view TakePiece(std::string_view& pattern) {
+    std::size_t length = 1;
+    while (length < pattern.size() && pattern[length] == pattern.front()) ++length;
+    const std::string_view piece = pattern.substr(0, length);
+    pattern.remove_prefix(length);
+    return piece;
+}
+
+std::chrono::year_month_day CalendarDay(const DateTimeParts& parts) {
+    return {std::chrono::year{parts.year}, std::chrono::month{static_cast<unsigned>(parts.month)},
+            std::chrono::day{static_cast<unsigned>(parts.day)}};
+}
+
+std::string_view WeekdayName(const DateTimeParts& parts) {
+    return weekdayNames.at(std::chrono::weekday{std::chrono::sys_days{CalendarDay(parts)}}.c_encoding());
+}
+
+void AppendNumber(std::string& text, int number, std::size_t digits) {
+    std::array<char, 11> written{};
+    const char* const end = std::to_chars(written.begin(), written.end(), number).ptr;
+    const auto length = static_cast<std::size_t>(end - written.data());
+    text.append(digits - std::min(digits, length), '0').append(written.data(), length);
+}
+
+void AppendPiece(std::string& text, std::string_view piece, const DateTimeParts& parts) {
+    if (piece == "DDDD") {
+        text += WeekdayName(parts);
+        return;
+    }
+    if (piece == "MMMM") {
+        text += monthNames.at(static_cast<std::size_t>(parts.month) - 1);
+        return;
+    }
+    if (const auto* number = FindNumberPiece(piece))
+        return AppendNumber(text, parts.*number->pPart, piece.size());
+    CheckDatePattern(piece);
+    text += piece;
+}
+
+std::string_view ShortFormat(IDateSettings& settings) {
+    return shortFormats.at(static_cast<std::size_t>(settings.DateOrder()));
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool TakeNumber(std::string_view& text, std::size_t fewest, std::size_t most, int& number) {
+    std::size_t count = 0;
+    number = 0;
+    while (count < most && count < text.size() && text[count] >= '0' && text[count] <= '9')
+        number = number * 10 + (text[count++] - '0');
+    text.remove_prefix(count);
+    return count >= fewest;
+}
+
+bool TakeText(std::string_view& text, std::string_view expected) {
+    if (!EqualKeys(text.substr(0, expected.size()), expected)) return false;
+    text.remove_prefix(expected.size());
+    return true;
+}
+
+// Takes one of the names and gives its place among them, or the number of names for none.
+std::size_t TakeName(std::string_view& text, const auto& names) {
+    return static_cast<std::size_t>(
+        std::find_if(names.begin(), names.end(),
+                     [&text](std::string_view name) { return TakeText(text, name); }) -
+        names.begin());
+}
+
+struct DateReading {
+    DateTimeParts parts;
+    std::string_view weekday;  // empty if the text names none
+};
+
+bool TakePieceText(std::string_view& text, std::string_view piece, DateReading& reading) {
+    if (piece == "DDDD") {
+        const std::size_t place = TakeName(text, weekdayNames);
+        if (place < weekdayNames.size()) reading.weekday = weekdayNames[place];
+        return place < weekdayNames.size();
+    }
+    if (piece == "MMMM") {
+        const std::size_t place = TakeName(text, monthNames);
+        reading.parts.month = static_cast<int>(place) + 1;
+        return place < monthNames.size();
+    }
+    if (const auto* number = FindNumberPiece(piece))
+        return TakeNumber(text, number->fewestDigits, number->mostDigits, reading.parts.*number->pPart);
+    return TakeText(text, piece);
+}
+
+bool TakeDate(std::string_view& text, std::string_view pattern, DateReading& reading) {
+    while (!pattern.empty())
+        if (!TakePieceText(text, TakePiece(pattern), reading)) return false;
+    const auto& parts = reading.parts;
+    return parts.year >= 100 && CalendarDay(parts).ok() &&
+           (reading.weekday.empty() || reading.weekday == WeekdayName(parts));
+}
+
+bool TakeHalfOfDay(std::string_view& text, int& hour) {
+    text = WithoutBlanks(text);
+    if (text.empty()) return hour < 24;
+    const bool isAfternoon = TakeText(text, "PM");
+    if ((!isAfternoon && !TakeText(text, "AM")) || hour < 1 || hour > 12) return false;
+    hour = hour % 12 + (isAfternoon ? 12 : 0);
+    return true;
+}
+
+// The time behind a date; none at all is midnight.
+bool ReadTime(std::string_view text, DateTimeParts& parts) {
+    parts.hour = parts.minute = parts.second = 0;
+    if (text.empty()) return true;
+    if (text.front() != ' ') return false;
+    text = WithoutBlanks(text);
+    if (!TakeNumber(text, 1, 2, parts.hour) || !TakeText(text, ":") || !TakeNumber(text, 1, 2, parts.minute))
+        return false;
+    if (TakeText(text, ":") && !TakeNumber(text, 1, 2, parts.second)) return false;
+    return TakeHalfOfDay(text, parts.hour) && text.empty() && parts.minute < 60 && parts.second < 60;
+}
+
+std::optional<DateTime> ReadByPattern(std::string_view text, std::string_view pattern) {
+    DateReading reading;
+    if (!TakeDate(text, pattern, reading) || !ReadTime(text, reading.parts)) return {};
+    return ComposeDateTime(reading.parts);
+}
+
+}  // namespace
+
+std::string DateText(DateTime date, std::string_view pattern) {
+    const DateTimeParts parts = SplitDateTime(date);
+    std::string text;
+    while (!pattern.empty()) AppendPiece(text, TakePiece(pattern), parts);
+    return text;
+}
+
+void CheckDatePattern(std::string_view pattern) {
+    while (!pattern.empty()) {
+        const std::string_view piece = TakePiece(pattern);
+        if (!IsPatternLetter(piece.front()) || IsName(piece) || FindNumberPiece(piece) != nullptr) continue;
+        throw NolSchedError("A date format has no part " + Quoted(piece) +
+                            "; it has DDDD, MMMM, MM, M, DD, D and YYYY.");
+    }
+}
+
+std::string ShortDateText(DateTime date, IDateSettings& settings) {
+    return DateText(date, ShortFormat(settings));
+}
+
+std::optional<DateTime> ReadDateText(std::string_view text, IDateSettings& settings) {
+    text = WithoutBlanks(text);
+    if (const auto read = ReadByPattern(text, ShortFormat(settings))) return read;
+    if (const auto read = ReadByPattern(text, longDateFormat)) return read;
+    return ReadByPattern(text, settings.EditDateFormat());
+}
+
+}  // namespace NolSchedCtls

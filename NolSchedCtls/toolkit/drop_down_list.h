@@ -1,0 +1,49 @@
+// A drop-down list: its value is one of its entries, or nothing.
+#pragma once
+
+#include <span>
+
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+// A refill costs a screen two Refresh: Clear raises one and the selection behind the last AddItem the other.
+// AddItem by itself raises one only while something is selected. A screen that shows the entries of a list
+// without a selection reads them when it opens.
+class NOLSCHED_API DropDownList : public ViewField {
+  public:
+    DropDownList(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+
+    void Clear();                                       // nothing is selected then; raises no click
+    void AddItem(std::string_view item);                // at the end; raises no click
+    void AddItems(std::span<const std::string> items);  // as one AddItem
+    const std::vector<std::string>& Entries() const { return entries; }
+    bool Offers(std::string_view text) const { return IndexOf(text) >= 0; }
+
+    int ListIndex() const { return listIndex; }  // 0-based, -1 for nothing
+    // Raises Clicked if the selection changes. Raises NolSchedError outside the list.
+    void SetListIndex(int index);
+    // Of the selected entry, or empty. The reference is good until the next Clear or AddItem.
+    const std::string& Text() const;
+    // Selects the entry of exactly that text, like SetListIndex. Raises NolSchedError if there is none; the
+    // selection is then unchanged.
+    void SetText(std::string_view text);
+
+    // The user chooses an entry; false for what the list does not offer. Choosing the selected one again
+    // raises no click.
+    bool Pick(std::string_view text) { return PickIndex(IndexOf(text)); }
+    bool PickIndex(int index);
+
+    Event<> Clicked;
+
+  private:
+    int IndexOf(std::string_view text) const;  // -1 for none
+    bool IsInList(int index) const;
+    std::string Offer() const;
+
+    std::vector<std::string> entries;
+    int listIndex = -1;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,43 @@
+#include "NolSchedCtls/toolkit/dt_picker.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+bool IsBelow(int number, int limit) { return number >= 0 && number < limit; }
+
+void Check(const std::string& name, const char* part, int number, int limit) {
+    if (IsBelow(number, limit)) return;
+    throw NolSchedError("The " + std::string(part) + " of " + name + " cannot be " + std::to_string(number) +
+                        "; it is 0 to " + std::to_string(limit - 1) + ".");
+}
+
+}  // namespace
+
+void DTPicker::SetHour(int hourA) {
+    Check(Name(), "hour", hourA, 24);
+    if (Assign(hour, hourA)) Changed.Raise();
+}
+
+void DTPicker::SetMinute(int minuteA) {
+    Check(Name(), "minute", minuteA, 60);
+    if (Assign(minute, minuteA)) Changed.Raise();
+}
+
+std::string DTPicker::Text() const {
+    const int hourOfHalf = hour % 12 == 0 ? 12 : hour % 12;
+    return std::to_string(hourOfHalf) + (minute < 10 ? ":0" : ":") + std::to_string(minute) +
+           (hour < 12 ? " AM" : " PM");
+}
+
+bool DTPicker::PickTime(int hourA, int minuteA) {
+    if (!IsBelow(hourA, 24) || !IsBelow(minuteA, 60) || !BeginUserAct()) return false;
+    if (hourA == hour && minuteA == minute) return true;
+    hour = hourA;
+    minute = minuteA;
+    Refresh.Raise();
+    Changed.Raise();
+    return true;
+}
+
+}  // namespace NolSchedCtls

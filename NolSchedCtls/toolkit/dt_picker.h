@@ -1,0 +1,32 @@
+// A time field: a time of day to the minute, shown as "9:05 AM".
+#pragma once
+
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+class NOLSCHED_API DTPicker : public ViewField {
+  public:
+    DTPicker(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+
+    // 0 to 23 and 0 to 59; midnight at first. Writing raises Changed if the time changes, and NolSchedError
+    // outside these.
+    int Hour() const { return hour; }
+    void SetHour(int hourA);
+    int Minute() const { return minute; }
+    void SetMinute(int minuteA);
+
+    static constexpr std::string_view CustomFormat() { return "h:mm tt"; }
+    std::string Text() const;
+
+    bool PickTime(int hourA, int minuteA);  // one change; false for what is no time of day
+
+    Event<> Changed;
+
+  private:
+    int hour = 0;
+    int minute = 0;
+};
+
+}  // namespace NolSchedCtls

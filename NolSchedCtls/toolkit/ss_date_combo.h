@@ -1,0 +1,55 @@
+// A date field: one day, shown by a pattern, chosen from a calendar or typed.
+#pragma once
+
+#include <optional>
+
+#include "NolSchedCtls/base/date_time.h"
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+// The bounds limit what a user can choose; a date that code writes stands as it is.
+class NOLSCHED_API SSDateCombo : public ViewField {
+  public:
+    SSDateCombo(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+
+    std::string Text() const;  // the date by the display format
+    // Reads any form of ReadDateText and keeps the day alone. Raises Changed if the day changes, and
+    // NolSchedError for what is no date; the date is then unchanged.
+    void SetText(std::string_view text);
+    DateTime DateValue() const;  // without a time of day
+
+    static constexpr DateTime MinDate() { return 32874.0; }  // 1/1/1990
+    DateTime MaxDate() const { return maxDate; }
+    void SetMaxDate(DateTime maxDateA) { Assign(maxDate, maxDateA); }
+
+    // A pattern of DateText; empty, as at first, for the regional short form. Raises NolSchedError for a
+    // pattern that cannot be shown. Raises no Changed.
+    const std::string& DisplayFormat() const { return displayFormat; }
+    void SetDisplayFormat(std::string_view format);
+    // The date until one is set: "Today", which follows the clock, or the text of a date. Raises
+    // NolSchedError for any other text.
+    const std::string& DefaultDate() const { return defaultDate; }
+    void SetDefaultDate(const std::string& text);
+
+    bool PickDate(DateTime dateA);         // from the calendar; false outside the bounds
+    bool TypeDate(std::string_view text);  // false for what is no date or lies outside the bounds
+    bool BeginEdit();                      // asks for the edit format
+    bool Click();                          // on the field, changing nothing
+
+    Event<> Changed;  // by code or by the user
+    Event<> Clicked;
+    Event<> EditFormatRequest;
+
+  private:
+    bool IsOffered(DateTime dateA) const;
+    void SetDate(DateTime dateA);
+
+    std::optional<DateTime> date;
+    DateTime maxDate = 2958465.0;  // 12/31/9999
+    std::string displayFormat;
+    std::string defaultDate = "Today";
+};
+
+}  // namespace NolSchedCtls

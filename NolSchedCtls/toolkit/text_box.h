@@ -1,0 +1,49 @@
+// A text box with a length limit and a key filter.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "NolSchedCtls/base/export.h"
+#include "NolSchedCtls/toolkit/view_field.h"
+
+namespace NolSchedCtls {
+
+inline constexpr char32_t keyBackspace = 8;
+
+// The text without what lies beyond `limit` characters; 0 is no limit. A byte that is no UTF-8 counts as one.
+std::string CutToLength(std::string_view text, std::size_t limit);
+
+// The text after a key at its end: backspace takes the last character away, any other key is added if it
+// fits.
+std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limit);
+
+// The limit binds users alone: what code writes stands as it is, so that no stored value is cut.
+class NOLSCHED_API TextBox : public ViewField {
+  public:
+    TextBox(FieldPlace placeA, std::string nameA, std::size_t maxLengthA = 0)
+        : ViewField(placeA, std::move(nameA)), maxLength(maxLengthA) {}
+
+    const std::string& Text() const { return text; }  // UTF-8
+    void SetText(const std::string& textA);           // raises Changed if the text changes
+    std::size_t MaxLength() const { return maxLength; }
+
+    // A locked box takes the focus, but nothing from a user.
+    bool Locked() const { return locked; }
+    void SetLocked(bool lockedA) { Assign(locked, lockedA); }
+
+    bool Key(char32_t key);             // at the text's end, through the filter
+    bool Paste(std::string_view text);  // replaces the text, past the filter
+    // What is left of a key after the filter, 0 if it was swallowed; for a screen that edits by itself.
+    char32_t FilterKey(char32_t key);
+
+    Event<char32_t&> KeyPress;  // a handler that sets the key to 0 swallows it
+    Event<> Changed;
+
+  private:
+    std::string text;
+    std::size_t maxLength;
+    bool locked = false;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,117 @@
+#include "NolSchedCtls/toolkit/x_ambit.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/services/provider.h"
+#include "NolSchedCtls/toolkit/text_box.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr std::size_t daysLimit = 5;
+
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return {};
+    return number;
+}
+
+std::int32_t MaximumOf(const CaddisUser& user) {
+    const auto setting = user.Settings.find(MAppConstants::maxPurgeInterval);
+    if (setting == user.Settings.end()) return maximumWithoutSetting;
+    const auto number = WholeNumber(setting->second);
+    if (!number || *number < 1)
+        throw NolSchedError("The setting " + Quoted(MAppConstants::maxPurgeInterval) + " is " +
+                            Quoted(setting->second) + ", which is no number of days.");
+    return *number;
+}
+
+bool IsRequiredFor(const CaddisUser& user) {
+    const auto setting = user.Settings.find(MAppConstants::autoPurgeRequired);
+    return setting != user.Settings.end() && setting->second == "Y";
+}
+
+}  // namespace
+
+bool XAmbitPurge::LoadPurgeOptions(const std::string& AutoPurgeA, std::int32_t PurgeIntervalA,
+                                   const CaddisUser& user) {
+    maximumDays = MaximumOf(user);
+    isRequired = IsRequiredFor(user);
+    const bool inRange = PurgeIntervalA >= 1 && PurgeIntervalA <= maximumDays;
+    const std::string newDays = std::to_string(inRange ? PurgeIntervalA : maximumDays);
+    const bool changed = AutoPurgeA != autoPurge || newDays != days;
+    autoPurge = AutoPurgeA;
+    days = newDays;
+    Refresh.Raise();
+    if (changed) Changed.Raise();
+    return inRange;
+}
+
+void XAmbitPurge::Refused(std::string_view text, const std::string& title) const {
+    MessageService().Show(text, MAppConstants::stopSign, title, 0, 0);
+}
+
+bool XAmbitPurge::IsPurgeValid(const std::string& title) const {
+    if (isRequired && !IsOn()) {
+        Refused("Automatic purge is required for your user id.", title);
+        return false;
+    }
+    if (PurgeDays() >= 1 && PurgeDays() <= maximumDays) return true;
+    Refused("The purge interval must be between 1 and " + std::to_string(maximumDays) + " days inclusive.",
+            title);
+    return false;
+}
+
+std::int32_t XAmbitPurge::PurgeDays() const { return WholeNumber(days).value_or(0); }
+
+void XAmbitPurge::SetDays(const std::string& text) {
+    if (Assign(days, text)) Changed.Raise();
+}
+
+bool XAmbitPurge::Click() {
+    if (!BeginUserAct()) return false;
+    Assign(autoPurge, std::string(IsOn() ? "N" : "Y"));
+    Changed.Raise();
+    return true;
+}
+
+bool XAmbitPurge::Key(char32_t key) {
+    if (!BeginUserAct()) return false;
+    if (key == keyBackspace || (key >= U'0' && key <= U'9'))
+        SetDays(TextAfterKey(days, key, daysLimit));
+    else
+        Control().Beep.Raise(*this);
+    return true;
+}
+
+bool XAmbitPurge::PasteDays(std::string_view text) {
+    if (!BeginUserAct()) return false;
+    SetDays(CutToLength(text, daysLimit));
+    return true;
+}
+
+void XAmbitDownload::SetDownloadMode(const std::string& codeA) {
+    if (Assign(code, codeA)) Changed.Raise();
+}
+
+std::string_view XAmbitDownload::Text() const {
+    for (const auto& entry : downloadModes)
+        if (entry.code == code) return entry.text;
+    return {};
+}
+
+bool XAmbitDownload::Pick(std::string_view text) {
+    const auto* entry = std::find_if(downloadModes.begin(), downloadModes.end(),
+                                     [text](const auto& e) { return e.text == text; });
+    if (entry == downloadModes.end() || !BeginUserAct()) return false;
+    SetDownloadMode(std::string(entry->code));
+    return true;
+}
+
+}  // namespace NolSchedCtls

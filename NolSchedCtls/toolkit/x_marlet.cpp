@@ -1,0 +1,77 @@
+#include "NolSchedCtls/toolkit/x_marlet.h"
+
+#include <algorithm>
+
+#include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/services/provider.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+std::int32_t IdOf(const XMarlet::DocumentPointer& document) { return document ? document->Id : 0; }
+
+}  // namespace
+
+void XMarlet::RestoreState(std::shared_ptr<MarletState> stateA) {
+    state = std::move(stateA);
+    Refresh.Raise();
+}
+
+void XMarlet::KeepState(MarletState& stateA) const {
+    if (document) stateA.nLastDocumentId = document->Id;
+}
+
+void XMarlet::SetDocument(DocumentPointer documentA) { Choose(std::move(documentA), {}); }
+
+void XMarlet::Choose(DocumentPointer documentA, std::string typedA) {
+    const bool changed = IdOf(documentA) != IdOf(document) || typedA != typed;
+    document = std::move(documentA);
+    typed = std::move(typedA);
+    Refresh.Raise();
+    if (changed) DocumentChange.Raise();
+}
+
+void XMarlet::SetPendingFlag(bool pending) {
+    if (!pending) Assign(typed, std::string());
+}
+
+XMarlet::DocumentPointer XMarlet::ValidDocument() const {
+    return document ? CaddisStore().FindDocument(document->DocumentType, document->Id) : nullptr;
+}
+
+std::string XMarlet::TypeName() const { return state ? state->DocumentType.Name : "document"; }
+
+std::string XMarlet::CheckMessage() const {
+    if (document) return "The " + TypeName() + " " + Quoted(document->Name) + " has been deleted.";
+    if (!typed.empty()) return "There is no " + TypeName() + " named " + Quoted(typed) + ".";
+    return "A " + TypeName() + " is required.";
+}
+
+std::vector<XMarlet::DocumentPointer> XMarlet::Entries() const {
+    if (!state) return {};
+    return CaddisStore().DocumentsOfType(state->DocumentType);
+}
+
+XMarlet::DocumentPointer XMarlet::EntryNamed(std::string_view sName) const {
+    const auto entries = Entries();
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [sName](const auto& entry) { return entry->Name == sName; });
+    return found == entries.end() ? nullptr : *found;
+}
+
+bool XMarlet::Pick(std::string_view sName) {
+    const auto entry = sName.empty() ? nullptr : EntryNamed(sName);
+    if ((!entry && !sName.empty()) || !BeginUserAct()) return false;
+    SetDocument(entry);
+    return true;
+}
+
+bool XMarlet::Paste(std::string_view sName) {
+    if (!BeginUserAct()) return false;
+    const auto entry = EntryNamed(sName);
+    Choose(entry, entry ? std::string() : std::string(sName));
+    return true;
+}
+
+}  // namespace NolSchedCtls

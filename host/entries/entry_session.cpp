@@ -1,0 +1,88 @@
+#include "host/entries/entry_session.h"
+
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
+#include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+std::vector<Page> MakePages() {
+    std::vector<Page> pages;
+    pages.push_back({"general", "General", std::make_unique<XNolSchedGenTab>()});
+    pages.push_back({"schedule", "Schedule", std::make_unique<XNolScheduleTab>()});
+    pages.push_back({"hom", MAppConstants::homStudy, std::make_unique<XNolSchedHomOvr>()});
+    pages.push_back({"plm", MAppConstants::plmStudy, std::make_unique<XNolSchedPlmOvr>()});
+    pages.push_back({"rfc", MAppConstants::rfcStudy, std::make_unique<XNolSchedRfcOvr>()});
+    pages.push_back({"vcsa", MAppConstants::vcsStudy, std::make_unique<XNolSchedVcsOvr>()});
+    return pages;
+}
+
+StoredEntry NewRecord(const EntrySession::NewEntry& entry) {
+    auto record = std::make_shared<CNolSchedData>();
+    record->InitNew(std::make_shared<CaddisScenarioType>(), entry.fIsImmediate, entry.nRptGrpId, entry.sName);
+    return {std::move(record), 0};
+}
+
+}  // namespace
+
+EntrySession::EntrySession(Workspace& workspaceA, StoredEntry entry)
+    : workspace(workspaceA), record(std::move(entry.record)), nVersion(entry.nVersion), pages(MakePages()) {
+    changed = notifier->Changed.Connect([this] { ++nChanges; });
+}
+
+EntrySession::EntrySession(Workspace& workspaceA, const NewEntry& entry)
+    : EntrySession(workspaceA, NewRecord(entry)) {}
+
+EntrySession::EntrySession(Workspace& workspaceA, std::int32_t nId)
+    : EntrySession(workspaceA, workspaceA.Entries().Load(nId)) {}
+
+void EntrySession::Load() {
+    workspace.Entries().Opening(record->Id, [this] {
+        for (const Page& page : pages) page.tab->LoadData(record, record->EditorName, notifier);
+    });
+    nChanges = 0;
+}
+
+const Page* EntrySession::FindPage(std::string_view sName) const {
+    for (const Page& page : pages)
+        if (page.sName == sName || page.sTitle == sName) return &page;
+    return nullptr;
+}
+
+const Page* EntrySession::FirstRefusal() {
+    for (const Page& page : pages)
+        if (!page.tab->IsTabValid(record->EditorName)) return &page;
+    return nullptr;
+}
+
+EntrySession::SaveResult EntrySession::Save() {
+    if (const Page* page = FirstRefusal()) return {page};
+    const auto nFormerId = record->Id;
+    const bool fWasNew = record->IsNew;
+    try {
+        for (const Page& page : pages) page.tab->SaveData();
+        Store();
+    } catch (...) {
+        record->Id = nFormerId;
+        record->IsNew = fWasNew;
+        throw;
+    }
+    record->IsNew = false;
+    nSavedChanges = nChanges;
+    for (const Page& page : pages) page.tab->SaveState();
+    return {};
+}
+
+void EntrySession::Store() {
+    workspace.TakeFailure();
+    Transaction transaction(workspace.Store());
+    const auto nNewVersion = workspace.Entries().Write(*record, nVersion);
+    record->SaveNolOverrides();
+    if (const auto failure = workspace.TakeFailure()) throw StoreError(*failure);
+    transaction.Commit();
+    nVersion = nNewVersion;
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,71 @@
+// The editing of one entry: a record, a notifier and a fresh set of tabs, from opening to the last save.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
+#include "host/entries/workspace.h"
+
+namespace NolSchedCtls {
+
+// A tab with its short name ("hom") and the title of its page ("HOM Study").
+struct Page {
+    std::string_view sName;
+    std::string_view sTitle;
+    std::unique_ptr<PaviseTab> tab;
+};
+
+// Lives no longer than its workspace. Messages of the tabs bear the entry's name as title.
+class EntrySession {
+  public:
+    struct NewEntry {
+        bool fIsImmediate = false;
+        std::int32_t nRptGrpId = 0;  // 0 for no group yet
+        std::string sName;
+    };
+
+    // The tabs are made here and filled by Load, so that a host can listen in between.
+    EntrySession(Workspace& workspaceA, const NewEntry& entry);
+    // Raises RequestError, or StoreError for a row that no record can hold.
+    EntrySession(Workspace& workspaceA, std::int32_t nId);
+
+    // Once, before all below. What the tabs report while they load does not count as a change.
+    void Load();
+
+    const std::vector<Page>& Pages() const { return pages; }
+    // By short name or by title; nothing for another.
+    const Page* FindPage(std::string_view sName) const;
+    CNolSchedData& Record() { return *record; }
+    CPaviseNotify& Notifier() { return *notifier; }
+    // How often the tabs have reported a change since the load.
+    int Changes() const { return nChanges; }
+    bool HasUnsavedChanges() const { return nChanges != nSavedChanges; }
+
+    // Asks the pages in their order; the first that refuses has shown why. Nothing if all are valid.
+    const Page* FirstRefusal();
+
+    struct SaveResult {
+        const Page* refusedBy = nullptr;  // nothing: the entry is saved
+    };
+    // Asks all pages, then stores row and overrides in one transaction. If the store fails or another user
+    // was faster, raises StoreError or OvertakenError; the store, Id and IsNew are then as before.
+    SaveResult Save();
+
+  private:
+    explicit EntrySession(Workspace& workspaceA, StoredEntry entry);
+    void Store();
+
+    Workspace& workspace;
+    std::shared_ptr<CNolSchedData> record;
+    std::int32_t nVersion = 0;
+    std::shared_ptr<CPaviseNotify> notifier = std::make_shared<CPaviseNotify>();
+    int nChanges = 0;
+    int nSavedChanges = 0;
+    std::vector<Page> pages;
+    ScopedConnection changed;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,241 @@
+#include "host/entries/entry_store.h"
+
+#include "NolSchedCtls/records/entry_columns.h"
+#include "NolSchedCtls/services/provider.h"
+#include "platform/services.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr const char* tableName = "NOL_Schedule";
+
+// A column's type by the property's; both engines know these words.
+struct TypeWord {
+    const char* operator()(const Column<std::int32_t>&) const { return "INTEGER NOT NULL"; }
+    const char* operator()(const Column<std::string>&) const { return "TEXT NOT NULL"; }
+    const char* operator()(const Column<DateTime>&) const { return "TIMESTAMP"; }
+};
+
+// "name1<between>name2<between>..." over all columns but Id.
+std::string JoinedColumns(const char* behindName) {
+    std::string joined;
+    const auto& columns = AllEntryColumns();
+    for (std::size_t i = 1; i < columns.size(); ++i)
+        joined += std::string(NameOf(columns[i])) + behindName + ", ";
+    return joined;
+}
+
+std::string CreateStatement(const Database& database) {
+    std::string statement =
+        "CREATE TABLE IF NOT EXISTS NOL_Schedule (Id " + std::string(database.IdColumn()) + ", ";
+    const auto& columns = AllEntryColumns();
+    for (std::size_t i = 1; i < columns.size(); ++i)
+        statement += std::string(NameOf(columns[i])) + " " + std::visit(TypeWord{}, columns[i]) + ", ";
+    return statement + "Version INTEGER NOT NULL, SavedBy TEXT NOT NULL, SavedAt TIMESTAMP NOT NULL)";
+}
+
+LintelValue DateValue(DateTime dateTime) {
+    if (dateTime == 0) return {};  // not set
+    std::string text = IsoText(dateTime);
+    text[text.find('T')] = ' ';
+    return text;
+}
+
+// The row's value of a property.
+struct ToRowValue {
+    const CNolSchedData& record;
+
+    LintelValue operator()(const Column<std::int32_t>& column) const {
+        return std::int64_t{record.*column.pProperty};
+    }
+    LintelValue operator()(const Column<std::string>& column) const { return record.*column.pProperty; }
+    LintelValue operator()(const Column<DateTime>& column) const {
+        if (column.pProperty == &CNolSchedData::FirstDateTime)
+            return DateValue(record.DBFirstDateTime().Value);
+        if (column.pProperty == &CNolSchedData::FinalDateTime)
+            return DateValue(record.DBFinalDateTime().Value);
+        return DateValue(record.*column.pProperty);
+    }
+};
+
+struct FromRow {
+    const ILintelRows& rows;
+    CNolSchedData& record;
+
+    void operator()(const Column<std::int32_t>& column) const {
+        record.*column.pProperty = LintelDb().FieldToNumber(rows.Fields(column.sName), 0);
+    }
+    void operator()(const Column<std::string>& column) const {
+        record.*column.pProperty = FieldToText(rows.Fields(column.sName));
+    }
+    void operator()(const Column<DateTime>& column) const {
+        const std::string text = FieldToText(rows.Fields(column.sName));
+        try {
+            record.*column.pProperty = text.empty() ? 0 : ParseIso(text);
+        } catch (const NolSchedError& error) {
+            throw NolSchedError("The column " + std::string(column.sName) + " is no date: " + error.what());
+        }
+    }
+};
+
+void ReadRow(const ILintelRows& rows, CNolSchedData& record) {
+    for (const auto& column : AllEntryColumns()) std::visit(FromRow{rows, record}, column);
+}
+
+// What the store itself fails in is no trouble of the row.
+void ReadListed(const ILintelRows& rows, std::int32_t nId, ListedEntry& entry) {
+    entry.sTrouble.clear();
+    try {
+        ReadRow(rows, *entry.record);
+    } catch (const StoreError&) {
+        throw;
+    } catch (const NolSchedError& error) {
+        entry.sTrouble = error.what();
+        entry.record = std::make_shared<CNolSchedData>();
+        entry.record->Id = nId;
+        entry.record->EditorName = FieldToText(rows.Fields("EditorName"));
+    }
+}
+
+InitEditArguments ArgumentsOf(const CNolSchedData& row) {
+    InitEditArguments arguments;
+    arguments.ScenarioTypeA = std::make_shared<CaddisScenarioType>();
+    for (const auto& entryColumn : AllEntryColumns())
+        std::visit(
+            [&](const auto& column) {
+                if (column.pArgument != nullptr) arguments.*column.pArgument = row.*column.pProperty;
+            },
+            entryColumn);
+    return arguments;
+}
+
+Database::Values RowValues(const CNolSchedData& record, std::int32_t nVersion, const std::string& sUser) {
+    Database::Values values;
+    const auto& columns = AllEntryColumns();
+    for (std::size_t i = 1; i < columns.size(); ++i)
+        values.push_back(std::visit(ToRowValue{record}, columns[i]));
+    values.insert(values.end(), {std::int64_t{nVersion}, sUser, DateValue(Clock().Now())});
+    return values;
+}
+
+const std::string& InsertStatement() {
+    static const std::string statement = [] {
+        std::string marks;
+        for (std::size_t i = 1; i < AllEntryColumns().size(); ++i) marks += "?, ";
+        return "INSERT INTO NOL_Schedule (" + JoinedColumns("") + "Version, SavedBy, SavedAt) VALUES (" +
+               marks + "?, ?, ?)";
+    }();
+    return statement;
+}
+
+const std::string& UpdateStatement() {
+    static const std::string statement = "UPDATE NOL_Schedule SET " + JoinedColumns(" = ?") +
+                                         "Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
+    return statement;
+}
+
+}  // namespace
+
+EntryStore::EntryStore(std::shared_ptr<Database> databaseA, std::string sUserA)
+    : database(std::move(databaseA)), sUser(std::move(sUserA)) {}
+
+void EntryStore::Prepare() {
+    if (database->HasTable(tableName)) {
+        CheckServiceTables(*database);
+        return;
+    }
+    Transaction transaction(*database);
+    database->LockTableMaking();
+    if (database->HasTable(tableName)) return;  // another process was faster
+    CreateServiceTables(*database);
+    database->Execute(CreateStatement(*database));
+    transaction.Commit();
+}
+
+void EntryStore::Opening(std::int32_t nId, const std::function<void()>& step) const {
+    try {
+        step();
+    } catch (const StoreError&) {
+        throw;
+    } catch (const NolSchedError& error) {
+        const std::string entry = nId == 0 ? "new entry" : "entry " + std::to_string(nId);
+        throw StoreError(database->Name() + ": " + entry + ": " + error.what());
+    }
+}
+
+StoredEntry EntryStore::Load(std::int32_t nId) const {
+    CNolSchedData row;
+    std::int32_t nVersion = 0;
+    auto record = std::make_shared<CNolSchedData>();
+    {
+        const auto rows = database->Open("SELECT * FROM NOL_Schedule WHERE Id = ?", {std::int64_t{nId}});
+        if (rows->AtEnd())
+            throw RequestError("There is no entry " + std::to_string(nId) + " in " + database->Name() + ".");
+        Opening(nId, [&] {
+            ReadRow(*rows, row);
+            nVersion = LintelDb().FieldToNumber(rows->Fields("Version"), 0);
+        });
+    }
+    Opening(nId, [&] { record->InitEdit(ArgumentsOf(row)); });
+    record->NextRunDate = row.NextRunDate;
+    record->LastRunDate = row.LastRunDate;
+    return {std::move(record), nVersion};
+}
+
+std::int32_t EntryStore::Write(CNolSchedData& record, std::int32_t nVersion) {
+    if (record.IsNew) {
+        record.Id = database->Insert(InsertStatement(), RowValues(record, 1, sUser));
+        return 1;
+    }
+    auto values = RowValues(record, nVersion + 1, sUser);
+    values.insert(values.end(), {std::int64_t{record.Id}, std::int64_t{nVersion}});
+    if (database->Execute(UpdateStatement(), values) != 1) TellOvertaken(record);
+    return nVersion + 1;
+}
+
+void EntryStore::TellOvertaken(const CNolSchedData& record) const {
+    const auto rows =
+        database->Open("SELECT SavedBy, SavedAt FROM NOL_Schedule WHERE Id = ?", {std::int64_t{record.Id}});
+    const std::string entry = "The entry " + Quoted(record.EditorName) + " was ";
+    if (rows->AtEnd()) throw OvertakenError(entry + "deleted by another user since it was opened.");
+    throw OvertakenError(entry + "saved by " + FieldToText(rows->Fields("SavedBy")) + " at " +
+                         FieldToText(rows->Fields("SavedAt")) + ", after it was opened here.");
+}
+
+void EntryStore::Delete(std::int32_t nId) {
+    if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{nId}}) != 1)
+        throw RequestError("There is no entry " + std::to_string(nId) + " in " + database->Name() + ".");
+    database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{nId}});
+}
+
+std::int64_t EntryStore::Count() const {
+    const auto rows = database->Open("SELECT COUNT(*) AS Entries FROM NOL_Schedule");
+    return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);
+}
+
+void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, std::int64_t nAfterId,
+                         std::int64_t nMost) const {
+    const auto rows = database->Open(
+        "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
+        "(SELECT * FROM NOL_Schedule WHERE Id > ? ORDER BY Id LIMIT ?) AS Entry "
+        "LEFT JOIN NOL_Document ON NOL_Document.Id = Entry.RptGrpId AND NOL_Document.Type = 'NOL Group' "
+        "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
+        "NOL_Override.Type",
+        {nAfterId, nMost});
+    ListedEntry entry{std::make_shared<CNolSchedData>(), {}, {}, {}};
+    while (!rows->AtEnd()) {
+        const auto nId = LintelDb().FieldToNumber(rows->Fields("Id"), 0);
+        ReadListed(*rows, nId, entry);
+        entry.sGroup = FieldToText(rows->Fields("GroupName"));
+        entry.sKinds.clear();
+        do {
+            const std::string kind = FieldToText(rows->Fields("OverrideType"));
+            if (!kind.empty()) entry.sKinds.push_back(kind);
+            rows->MoveNext();
+        } while (!rows->AtEnd() && LintelDb().FieldToNumber(rows->Fields("Id"), 0) == nId);
+        visit(entry);
+    }
+}
+
+}  // namespace NolSchedCtls

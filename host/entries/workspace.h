@@ -1,0 +1,49 @@
+// What both hosts stand on: one store, prepared, with the library's services over it.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/entries/entry_store.h"
+#include "platform/services.h"
+
+namespace NolSchedCtls {
+
+struct WorkspaceOptions {
+    std::string sAddress;  // as Database takes it
+    std::string sUser;     // who saves
+    std::function<void(const Message&)> showMessage;
+    std::function<DateTime()> now;  // empty for the system's clock
+};
+
+// Installs the services of the process for as long as it stands: one at a time. Raises StoreError if the
+// store cannot be opened or prepared.
+class Workspace {
+  public:
+    explicit Workspace(WorkspaceOptions options);
+    ~Workspace();
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+
+    Database& Store() { return *database; }
+    EntryStore& Entries() { return entries; }
+    // The first failure that was reported since the last call, and swallowed behind the report.
+    std::optional<std::string> TakeFailure();
+
+    std::vector<CaddisDocument> Documents();
+    // Both raise RequestError: for a name that stands already, or that does not stand.
+    void AddDocument(const CaddisDocumentType& type, const std::string& sName);
+    void DeleteDocument(const CaddisDocumentType& type, const std::string& sName);
+    // Raises RequestError that names what there is.
+    std::shared_ptr<const CaddisDocument> DocumentNamed(const CaddisDocumentType& type,
+                                                        const std::string& sName);
+
+  private:
+    std::shared_ptr<Database> database;
+    std::shared_ptr<std::optional<std::string>> failure;
+    EntryStore entries;
+};
+
+}  // namespace NolSchedCtls
