@@ -9,7 +9,7 @@
 
 namespace NolSchedCtls {
 
-// Every failure that the library raises derives from this. The message names the thing and the value.
+// Every failure that the library throws derives from this. The message names the thing and the value.
 class NOLSCHED_API NolSchedError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -27,7 +27,18 @@ class NOLSCHED_API DuplicateKeyError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
-// The text in double quotes, cut behind 60 bytes at a character's border, so that a message stays a line.
+// The text in double quotes, cut after 60 bytes at a character's border, so that a message stays a line.
 NOLSCHED_API std::string Quoted(std::string_view text);
+
+// Gives what the step gives. A NolSchedError of the step is thrown again as Error, with what `about` gives
+// (asked only then) before its message.
+template <class Error = NolSchedError, class Step, class About>
+decltype(auto) Explained(Step&& step, About&& about) {
+    try {
+        return step();
+    } catch (const NolSchedError& error) {
+        throw Error(about() + error.what());
+    }
+}
 
 }  // namespace NolSchedCtls
