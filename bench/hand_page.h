@@ -25,7 +25,7 @@ class HandPage : public QWidget {
     void DayNameChosen();
     void DayNumChosen();
 
-    QComboBox* const start = new QComboBox;  // a date as a text, with a calendar behind the arrow
+    QComboBox* const start = new QComboBox;  // a date as a text, with a calendar under the arrow
     QCheckBox* const hasEnd = new QCheckBox(QStringLiteral("&End Date:"));
     QComboBox* const end = new QComboBox;
     QLineEdit* const noEnd = new QLineEdit(QStringLiteral("No End Date"));

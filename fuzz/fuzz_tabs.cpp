@@ -34,7 +34,7 @@ Tabs LoadedTabs(const std::shared_ptr<CNolSchedData>& record) {
     return tabs;
 }
 
-// Codes that are mostly good, so that the acts behind the load are reached.
+// Codes that are mostly good, so that the acts after the load are reached.
 std::shared_ptr<CNolSchedData> RecordOf(FuzzedDataProvider& bytes) {
     auto record = std::make_shared<CNolSchedData>();
     record->InitNew(nullptr, bytes.ConsumeBool(), bytes.ConsumeIntegralInRange(0, 3),

@@ -32,7 +32,7 @@ class KeyedCollection {
         T item;
     };
 
-    // Raises DuplicateKeyError if the key is present; the collection is then unchanged.
+    // Throws DuplicateKeyError if the key is present; the collection is then unchanged.
     void Add(T item, std::string key = {}) {
         if (!key.empty() && Find(key) != nullptr)
             throw DuplicateKeyError("The key " + Quoted(key) + " is already in the collection.");
@@ -45,20 +45,20 @@ class KeyedCollection {
         return found == entries.end() ? nullptr : &found->item;
     }
 
-    // Raises MissingKeyError if the key is absent.
+    // Throws MissingKeyError if the key is absent.
     const T& Item(std::string_view key) const {
         if (const T* item = Find(key)) return *item;
         throw MissingKeyError("The collection has no key " + Quoted(key) + ".");
     }
 
-    // Raises MissingKeyError outside 1 to Count.
+    // Throws MissingKeyError outside 1 to Count.
     const T& Item(std::size_t position) const {
         if (position >= 1 && position <= entries.size()) return entries[position - 1].item;
         throw MissingKeyError("The collection has no item " + std::to_string(position) + "; it holds " +
                               std::to_string(entries.size()) + ".");
     }
 
-    // Raises MissingKeyError if the key is absent.
+    // Throws MissingKeyError if the key is absent.
     void Remove(std::string_view key) {
         const auto found = Position(key);
         if (found == entries.end()) throw MissingKeyError("The collection has no key " + Quoted(key) + ".");

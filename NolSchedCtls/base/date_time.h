@@ -22,10 +22,10 @@ struct DateTimeParts {
     bool operator==(const DateTimeParts&) const = default;
 };
 
-// Raises NolSchedError for a day or a time that no calendar or clock has.
+// Throws NolSchedError for a day or a time that no calendar or clock has.
 NOLSCHED_API DateTime ComposeDateTime(const DateTimeParts& parts);
 
-// To the nearest second, so that 9:05 never reads 9:04:59. Raises NolSchedError outside the years above.
+// To the nearest second, so that 9:05 never reads 9:04:59. Throws NolSchedError outside the years above.
 NOLSCHED_API DateTimeParts SplitDateTime(DateTime dateTime);
 
 // The day alone, rounded like SplitDateTime.
@@ -34,8 +34,8 @@ NOLSCHED_API DateTime DateOf(DateTime dateTime);
 // "2026-03-02T09:05:00".
 NOLSCHED_API std::string IsoText(DateTime dateTime);
 
-// Reads "YYYY-MM-DD", and behind it "THH:MM" or "THH:MM:SS" (a blank may stand for the T; digits behind the
-// seconds' point are dropped). Raises NolSchedError for anything else.
+// Reads "YYYY-MM-DD", and after it "THH:MM" or "THH:MM:SS" (a blank may stand for the T; digits after the
+// seconds' point are dropped). Throws NolSchedError for anything else.
 NOLSCHED_API DateTime ParseIso(std::string_view text);
 
 }  // namespace NolSchedCtls

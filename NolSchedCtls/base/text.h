@@ -11,7 +11,7 @@
 
 namespace NolSchedCtls {
 
-// A whole number in plain digits, behind a minus at most; nothing for any other text or a number that Number
+// A whole number in plain digits, after a minus at most; nothing for any other text or a number that Number
 // does not hold.
 template <class Number = std::int32_t>
 std::optional<Number> ParseWhole(std::string_view text) {

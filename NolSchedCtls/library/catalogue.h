@@ -40,7 +40,7 @@ NOLSCHED_API std::span<const PublishedClass> PublishedClasses();
 // By class name or program identifier, exactly; nothing for another.
 NOLSCHED_API const PublishedClass* FindPublishedClass(std::string_view sName);
 
-// Raises NolSchedError for what is no control's program identifier, and what the control's creation raises:
+// Throws NolSchedError for what is no control's program identifier, and what the control's creation throws:
 // the schedule tab reads its lists from the services, which have to be installed.
 NOLSCHED_API std::shared_ptr<PaviseTab> CreateControl(std::string_view sProgId);
 

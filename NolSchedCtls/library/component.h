@@ -16,7 +16,7 @@ namespace NolSchedCtls {
 class NOLSCHED_API IClassObject {
   public:
     virtual const PublishedClass& Published() const = 0;
-    // A new object, counted as alive until its last holder ends. Raises what the creation raises.
+    // A new object, counted as alive until its last holder ends. Throws what the creation throws.
     virtual PublishedObject CreateInstance() const = 0;
 
   protected:

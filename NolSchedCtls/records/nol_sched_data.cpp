@@ -1,9 +1,9 @@
 #include "NolSchedCtls/records/nol_sched_data.h"
 
-#include <charconv>
 #include <utility>
 
 #include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
@@ -14,12 +14,9 @@ namespace {
 
 std::int32_t OptionNumber(const CodeOptionSet& options, std::string_view name) {
     const std::string& text = options.Item(name).Value;
-    std::int32_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size())
-        throw NolSchedError("The option " + Quoted(name) + " of a new entry is " + Quoted(text) +
-                            ", which is no 32-bit number.");
-    return number;
+    if (const auto number = ParseWhole(text)) return *number;
+    throw NolSchedError("The option " + Quoted(name) + " of a new entry is " + Quoted(text) +
+                        ", which is no 32-bit number.");
 }
 
 }  // namespace
@@ -79,7 +76,7 @@ void CNolSchedData::InitEdit(InitEditArguments arguments) {
     PurgeInterval = arguments.nPurgeIntervalA;
     SubFolderName = std::move(arguments.sSubFolderNameA);
     CreateFiles = std::move(arguments.sCreateFilesA);
-    MSQL::LoadNolOverrides(*this);  // selects by Id, so it stands behind it
+    MSQL::LoadNolOverrides(*this);  // selects by Id, so it comes after it
     IsNew = false;
 }
 

@@ -95,12 +95,12 @@ class NOLSCHED_API CNolSchedData {
     std::string RfcOvr;
     std::string VcsOvr;
 
-    // Fills the record with a new entry's values. Raises what CodeTables or the clock raise, and
+    // Fills the record with a new entry's values. Throws what CodeTables or the clock throw, and
     // NolSchedError for a default that is no number; the steps before stay in force.
     void InitNew(std::shared_ptr<const CaddisScenarioType> ScenarioTypeA, bool fIsImmediate,
                  std::int32_t nRptGrpIdA, std::string sNameA);
     // Fills the record from a stored entry's columns and reads its override rows. Once for each record: a
-    // second call raises DuplicateKeyError where there are rows. On a failure the columns stay copied and
+    // second call throws DuplicateKeyError where there are rows. On a failure the columns stay copied and
     // IsNew as it was.
     void InitEdit(InitEditArguments arguments);
 
@@ -112,13 +112,13 @@ class NOLSCHED_API CNolSchedData {
     // In order of addition; owned by the record, the objects shared with whoever added them.
     OverrideCollection& Overrides() { return overrides; }
     const OverrideCollection& Overrides() const { return overrides; }
-    // Under a study kind's exact name the kind's flag becomes "Y". Raises DuplicateKeyError if the key is
+    // Under a study kind's exact name the kind's flag becomes "Y". Throws DuplicateKeyError if the key is
     // present (in any letter case) and NolSchedError for nothing; no flag changes then.
     void AddNolOverride(std::shared_ptr<CNolOverride> CData, std::string Key);
     std::shared_ptr<CNolOverride> GetOverride(std::string_view sOverride) const;  // nothing if it is absent
     void RemoveNolOverride(std::string_view Key);                                 // the flag stays
 
-    // Replaces the override rows of Id by those that are on; a new entry (IsNew) has none to delete. Raises
+    // Replaces the override rows of Id by those that are on; a new entry (IsNew) has none to delete. Throws
     // if the delete fails. A failing insert is told through LintelFailureReport alone and the next is tried:
     // a host wraps this in a transaction and watches the reports. Leaves IsNew to the host.
     CNolSchedData& SaveNolOverrides();

@@ -10,14 +10,14 @@ class CNolSchedData;
 
 namespace MSQL {
 
-// All rows of the entry. Raises what LintelDb raises.
+// All rows of the entry. Throws what LintelDb throws.
 void DeleteNolOverrides(std::int32_t nId);
 
 // One row for the entry nId, whatever the override's own NOL_OverrideId. A failure is told through
 // LintelFailureReport and goes no further.
 void InsertNolOverride(const CNolOverride& override, std::int32_t nId);
 
-// Adds the rows of the record's Id to the record. A number column without a value reads as 0. Raises what
+// Adds the rows of the record's Id to the record. A number column without a value reads as 0. Throws what
 // LintelDb raises, and DuplicateKeyError for two rows of one Type.
 void LoadNolOverrides(CNolSchedData& record);
 

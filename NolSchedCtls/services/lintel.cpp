@@ -1,10 +1,10 @@
 #include "NolSchedCtls/services/lintel.h"
 
-#include <charconv>
 #include <limits>
 #include <optional>
 
 #include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/base/text.h"
 
 namespace NolSchedCtls {
 
@@ -20,10 +20,7 @@ struct ToInteger {
         return whole;
     }
     std::optional<std::int64_t> operator()(const std::string& text) const {
-        std::int64_t number = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-        if (error != std::errc() || end != text.data() + text.size()) return {};
-        return number;
+        return ParseWhole<std::int64_t>(text);
     }
 };
 

@@ -27,9 +27,9 @@ class NOLSCHED_API ILintelRows {
   public:
     virtual ~ILintelRows() = default;
     virtual bool AtEnd() const = 0;
-    // Call only while not AtEnd. Raises NolSchedError if the next row cannot be fetched.
+    // Call only while not AtEnd. Throws NolSchedError if the next row cannot be fetched.
     virtual void MoveNext() = 0;
-    // Column names compare without regard to case. Raises NolSchedError for a column that is not there.
+    // Column names compare without regard to case. Throws NolSchedError for a column that is not there.
     virtual LintelField Fields(std::string_view sColumn) const = 0;
 };
 
@@ -56,7 +56,7 @@ class NOLSCHED_API ILintelDb {
   public:
     virtual ~ILintelDb() = default;
 
-    // Raises NolSchedError if the statement fails.
+    // Throws NolSchedError if the statement fails.
     virtual void ExecuteStatement(std::string_view sStatement) = 0;
     virtual std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) = 0;
     // The values as comma-separated statement literals, in their order; quoting is the database's own.
@@ -66,7 +66,7 @@ class NOLSCHED_API ILintelDb {
 
     // No value if the number equals `nNoValue`.
     LintelValue NumberToValue(std::int32_t nNumber, std::int32_t nNoValue) const;
-    // The fallback if the field has no value. Raises NolSchedError for what is no 32-bit number.
+    // The fallback if the field has no value. Throws NolSchedError for what is no 32-bit number.
     std::int32_t FieldToNumber(const LintelField& field, std::int32_t nFallback) const;
     LintelDateTime DateTimeOf(DateTime dDateTime) const { return {dDateTime, false}; }
 };
@@ -78,7 +78,7 @@ NOLSCHED_API std::string FieldToText(const LintelField& field);
 class NOLSCHED_API ILintelFailureReport {
   public:
     virtual ~ILintelFailureReport() = default;
-    // Makes the failure known and returns; must not raise.
+    // Makes the failure known and returns; must not throw.
     virtual void ReportFailure(std::string_view sText) = 0;
 };
 

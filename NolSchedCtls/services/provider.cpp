@@ -21,7 +21,7 @@ Installation& TheInstallation() {
     return installation;
 }
 
-// The provider stands first, so that it ends behind the services that it made.
+// The provider stands first, so that it ends after the services that it made.
 struct ThreadServices {
     std::unique_ptr<ServiceProvider> provider;
     std::uint64_t generation = 0;

@@ -43,7 +43,7 @@ using ProviderFactory = std::function<std::unique_ptr<ServiceProvider>()>;
 // end at once, those of another thread at its next use of any. May be called from any thread.
 NOLSCHED_API void InstallServices(ProviderFactory factory);
 
-// The calling thread's services, good until the next InstallServices. Each raises NolSchedError while none
+// The calling thread's services, good until the next InstallServices. Each throws NolSchedError while none
 // are installed.
 NOLSCHED_API ILintelDb& LintelDb();
 NOLSCHED_API ICaddisStore& CaddisStore();

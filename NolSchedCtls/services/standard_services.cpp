@@ -87,7 +87,7 @@ class EnglishCodeTables : public ICodeTables {
     KeyedCollection<CodeRow> days = AllDayNames();
 };
 
-// A weekday's number is its place behind "Day" in the day list.
+// A weekday's number is its place after "Day" in the day list.
 class DayListConversion : public IDayConversion {
   public:
     std::string DayNameOfNumber(std::int32_t nNumber) override {

@@ -10,6 +10,7 @@ class NOLSCHED_API CheckBox : public ViewField {
   public:
     CheckBox(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+    FieldKind Kind() override { return this; }
 
     int Value() const { return value; }
     void SetValue(int valueA);  // raises Clicked if the value changes

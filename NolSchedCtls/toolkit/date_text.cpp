@@ -7,6 +7,7 @@
 #include <cstddef>
 
 #include "NolSchedCtls/base/collection.h"
+#include "NolSchedCtls/base/text.h"
 
 namespace NolSchedCtls {
 
@@ -86,12 +87,6 @@ std::string_view ShortFormat(IDateSettings& settings) {
     return shortFormats.at(static_cast<std::size_t>(settings.DateOrder()));
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 bool TakeNumber(std::string_view& text, std::size_t fewest, std::size_t most, int& number) {
     std::size_t count = 0;
     number = 0;
@@ -145,7 +140,7 @@ bool TakeDate(std::string_view& text, std::string_view pattern, DateReading& rea
 }
 
 bool TakeHalfOfDay(std::string_view& text, int& hour) {
-    text = WithoutBlanks(text);
+    text = Trimmed(text);
     if (text.empty()) return hour < 24;
     const bool isAfternoon = TakeText(text, "PM");
     if ((!isAfternoon && !TakeText(text, "AM")) || hour < 1 || hour > 12) return false;
@@ -153,12 +148,12 @@ bool TakeHalfOfDay(std::string_view& text, int& hour) {
     return true;
 }
 
-// The time behind a date; none at all is midnight.
+// The time after a date; none at all is midnight.
 bool ReadTime(std::string_view text, DateTimeParts& parts) {
     parts.hour = parts.minute = parts.second = 0;
     if (text.empty()) return true;
     if (text.front() != ' ') return false;
-    text = WithoutBlanks(text);
+    text = Trimmed(text);
     if (!TakeNumber(text, 1, 2, parts.hour) || !TakeText(text, ":") || !TakeNumber(text, 1, 2, parts.minute))
         return false;
     if (TakeText(text, ":") && !TakeNumber(text, 1, 2, parts.second)) return false;
@@ -194,7 +189,7 @@ std::string ShortDateText(DateTime date, IDateSettings& settings) {
 }
 
 std::optional<DateTime> ReadDateText(std::string_view text, IDateSettings& settings) {
-    text = WithoutBlanks(text);
+    text = Trimmed(text);
     if (const auto read = ReadByPattern(text, ShortFormat(settings))) return read;
     if (const auto read = ReadByPattern(text, longDateFormat)) return read;
     return ReadByPattern(text, settings.EditDateFormat());

@@ -8,12 +8,13 @@
 
 namespace NolSchedCtls {
 
-// A refill costs a screen two Refresh: Clear raises one and the selection behind the last AddItem the other.
+// A refill costs a screen two Refresh: Clear raises one and the selection after the last AddItem the other.
 // AddItem by itself raises one only while something is selected. A screen that shows the entries of a list
 // without a selection reads them when it opens.
 class NOLSCHED_API DropDownList : public ViewField {
   public:
     DropDownList(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    FieldKind Kind() override { return this; }
 
     void Clear();                                       // nothing is selected then; raises no click
     void AddItem(std::string_view item);                // at the end; raises no click
@@ -22,11 +23,11 @@ class NOLSCHED_API DropDownList : public ViewField {
     bool Offers(std::string_view text) const { return IndexOf(text) >= 0; }
 
     int ListIndex() const { return listIndex; }  // 0-based, -1 for nothing
-    // Raises Clicked if the selection changes. Raises NolSchedError outside the list.
+    // Raises Clicked if the selection changes. Throws NolSchedError outside the list.
     void SetListIndex(int index);
     // Of the selected entry, or empty. The reference is good until the next Clear or AddItem.
     const std::string& Text() const;
-    // Selects the entry of exactly that text, like SetListIndex. Raises NolSchedError if there is none; the
+    // Selects the entry of exactly that text, like SetListIndex. Throws NolSchedError if there is none; the
     // selection is then unchanged.
     void SetText(std::string_view text);
 

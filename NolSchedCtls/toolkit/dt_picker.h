@@ -9,9 +9,10 @@ namespace NolSchedCtls {
 class NOLSCHED_API DTPicker : public ViewField {
   public:
     DTPicker(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    FieldKind Kind() override { return this; }
 
-    // 0 to 23 and 0 to 59; midnight at first. Writing raises Changed if the time changes, and NolSchedError
-    // outside these.
+    // 0 to 23 and 0 to 59; midnight at first. Writing raises Changed if the time changes, and throws
+    // NolSchedError outside these.
     int Hour() const { return hour; }
     void SetHour(int hourA);
     int Minute() const { return minute; }

@@ -13,10 +13,11 @@ namespace NolSchedCtls {
 class NOLSCHED_API SSDateCombo : public ViewField {
   public:
     SSDateCombo(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    FieldKind Kind() override { return this; }
 
     std::string Text() const;  // the date by the display format
     // Reads any form of ReadDateText and keeps the day alone. Raises Changed if the day changes, and
-    // NolSchedError for what is no date; the date is then unchanged.
+    // throws NolSchedError for what is no date; the date is then unchanged.
     void SetText(std::string_view text);
     DateTime DateValue() const;  // without a time of day
 
@@ -24,11 +25,11 @@ class NOLSCHED_API SSDateCombo : public ViewField {
     DateTime MaxDate() const { return maxDate; }
     void SetMaxDate(DateTime maxDateA) { Assign(maxDate, maxDateA); }
 
-    // A pattern of DateText; empty, as at first, for the regional short form. Raises NolSchedError for a
+    // A pattern of DateText; empty, as at first, for the regional short form. Throws NolSchedError for a
     // pattern that cannot be shown. Raises no Changed.
     const std::string& DisplayFormat() const { return displayFormat; }
     void SetDisplayFormat(std::string_view format);
-    // The date until one is set: "Today", which follows the clock, or the text of a date. Raises
+    // The date until one is set: "Today", which follows the clock, or the text of a date. Throws
     // NolSchedError for any other text.
     const std::string& DefaultDate() const { return defaultDate; }
     void SetDefaultDate(const std::string& text);

@@ -23,6 +23,7 @@ class NOLSCHED_API TextBox : public ViewField {
   public:
     TextBox(FieldPlace placeA, std::string nameA, std::size_t maxLengthA = 0)
         : ViewField(placeA, std::move(nameA)), maxLength(maxLengthA) {}
+    FieldKind Kind() override { return this; }
 
     const std::string& Text() const { return text; }  // UTF-8
     void SetText(const std::string& textA);           // raises Changed if the text changes

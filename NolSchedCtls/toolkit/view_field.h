@@ -6,8 +6,10 @@
 // event.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "NolSchedCtls/base/error.h"
@@ -16,9 +18,23 @@
 
 namespace NolSchedCtls {
 
+class CheckBox;
+class DropDownList;
+class DTPicker;
 class Frame;
+class Label;
+class SSDateCombo;
+class TextBox;
 class UserControl;
 class ViewField;
+class XAmbitDownload;
+class XAmbitPurge;
+class XMarlet;
+
+// A field as what it is. These are all the kinds there are: whoever treats them apart visits the variant (or
+// calls VisitField of toolkit/fields.h), and does not compile before every kind is thought of.
+using FieldKind = std::variant<CheckBox*, DropDownList*, TextBox*, Label*, Frame*, SSDateCombo*, DTPicker*,
+                               XMarlet*, XAmbitPurge*, XAmbitDownload*>;
 
 // Where a field stands: on the control itself or in one of its frames.
 struct FieldPlace {
@@ -34,6 +50,8 @@ class NOLSCHED_API ViewField {
     ViewField(const ViewField&) = delete;
     ViewField& operator=(const ViewField&) = delete;
     virtual ~ViewField() = default;
+
+    virtual FieldKind Kind() = 0;
 
     // Unique in its control; an array's with the index, as "cbExcludeDay(3)".
     const std::string& Name() const { return name; }
@@ -57,7 +75,7 @@ class NOLSCHED_API ViewField {
     float Width() const { return width; }
     void SetWidth(float widthA);
 
-    // Moves the control's focus here. Raises NolSchedError on a field that is not usable.
+    // Moves the control's focus here. Throws NolSchedError on a field that is not usable.
     void SetFocus();
     bool HasFocus() const;
 
@@ -93,12 +111,14 @@ class NOLSCHED_API Frame : public ViewField {
   public:
     Frame(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+    FieldKind Kind() override { return this; }
 };
 
 class NOLSCHED_API Label : public ViewField {
   public:
     Label(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+    FieldKind Kind() override { return this; }
     void SetCaption(const std::string& captionA) { Assign(caption, captionA); }
 };
 
@@ -114,10 +134,13 @@ class NOLSCHED_API UserControl {
     // Nothing if there is no field of that exact name.
     ViewField* FindField(std::string_view name) const;
 
-    // Raises NolSchedError if there is no such field, or if it is of another kind.
+    // Throws NolSchedError if there is no such field, or if it is of another kind.
     template <class Kind>
     Kind& Field(std::string_view name) const {
-        if (auto* field = dynamic_cast<Kind*>(FindField(name))) return *field;
+        if (ViewField* const field = FindField(name)) {
+            const FieldKind kind = field->Kind();
+            if (auto* const* found = std::get_if<Kind*>(&kind)) return **found;
+        }
         throw NolSchedError("The control has no such field " + Quoted(name) + ".");
     }
 

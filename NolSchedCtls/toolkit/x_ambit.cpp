@@ -1,11 +1,10 @@
 #include "NolSchedCtls/toolkit/x_ambit.h"
 
 #include <algorithm>
-#include <charconv>
-#include <optional>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 
@@ -15,17 +14,10 @@ namespace {
 
 constexpr std::size_t daysLimit = 5;
 
-std::optional<std::int32_t> WholeNumber(std::string_view text) {
-    std::int32_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
-    return number;
-}
-
 std::int32_t MaximumOf(const CaddisUser& user) {
     const auto setting = user.Settings.find(MAppConstants::maxPurgeInterval);
     if (setting == user.Settings.end()) return maximumWithoutSetting;
-    const auto number = WholeNumber(setting->second);
+    const auto number = ParseWhole(setting->second);
     if (!number || *number < 1)
         throw NolSchedError("The setting " + Quoted(MAppConstants::maxPurgeInterval) + " is " +
                             Quoted(setting->second) + ", which is no number of days.");
@@ -68,7 +60,7 @@ bool XAmbitPurge::IsPurgeValid(const std::string& title) const {
     return false;
 }
 
-std::int32_t XAmbitPurge::PurgeDays() const { return WholeNumber(days).value_or(0); }
+std::int32_t XAmbitPurge::PurgeDays() const { return ParseWhole(days).value_or(0); }
 
 void XAmbitPurge::SetDays(const std::string& text) {
     if (Assign(days, text)) Changed.Raise();

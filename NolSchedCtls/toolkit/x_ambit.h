@@ -17,9 +17,10 @@ inline constexpr std::int32_t maximumWithoutSetting = 365;  // days
 class NOLSCHED_API XAmbitPurge : public ViewField {
   public:
     XAmbitPurge(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    FieldKind Kind() override { return this; }
 
     // Shows the values and takes the user's range. False if the interval lies outside it; the control then
-    // holds the maximum. Raises NolSchedError for a user's setting that is no number of days.
+    // holds the maximum. Throws NolSchedError for a user's setting that is no number of days.
     bool LoadPurgeOptions(const std::string& AutoPurgeA, std::int32_t PurgeIntervalA, const CaddisUser& user);
     // Shows a message of its own, under the title, where the content is refused.
     bool IsPurgeValid(const std::string& title) const;
@@ -58,6 +59,7 @@ inline constexpr std::array downloadModes = {DownloadModeEntry{"A", "Automatic"}
 class NOLSCHED_API XAmbitDownload : public ViewField {
   public:
     XAmbitDownload(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    FieldKind Kind() override { return this; }
 
     const std::string& DownloadMode() const { return code; }
     void SetDownloadMode(const std::string& codeA);  // raises Changed if the mode changes

@@ -14,6 +14,7 @@ class NOLSCHED_API XMarlet : public ViewField {
     using DocumentPointer = std::shared_ptr<const CaddisDocument>;
 
     XMarlet(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    FieldKind Kind() override { return this; }
 
     // The state names the type of document that the picker offers; comes before all else.
     void RestoreState(std::shared_ptr<MarletState> stateA);

@@ -24,7 +24,7 @@ struct Target {
     ViewField& field;
 };
 
-// Raises UsageError that names the field and what is offered, for an act that a user could not do.
+// Throws UsageError that names the field and what is offered, for an act that a user could not do.
 void DoAct(std::string_view verb, const Target& target, const std::string& text);
 
 // {"name": ..., "kind": ..., "visible": ..., "enabled": ..., and what the kind shows}.

@@ -3,7 +3,7 @@
 
 namespace NolSchedCtls {
 
-// Call once, behind the making of the application.
+// Call once, after the making of the application.
 void SetAppearance(bool isDark);
 
 }  // namespace NolSchedCtls

@@ -21,7 +21,7 @@ class EntryEditor : public QDialog {
     Q_OBJECT
 
   public:
-    // Loads the session. Raises what EntrySession::Load does.
+    // Loads the session. Throws what EntrySession::Load does.
     EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogsA);
     ~EntryEditor() override;
 

@@ -29,9 +29,9 @@ class EntryList : public QAbstractTableModel {
     using QAbstractTableModel::QAbstractTableModel;
 
     void Clear();
-    // Behind the others, wherever the list is sorted to; Sort puts them into their places.
+    // After the others, wherever the list is sorted to; Sort puts them into their places.
     void Append(const std::vector<EntryRow>& added);
-    // In the place of the row of that id, or behind the others.
+    // In the place of the row of that id, or after the others.
     void Put(const EntryRow& row);
     void Remove(std::int32_t id);
     // Shows the rows that hold each of the words somewhere. Resets the model.

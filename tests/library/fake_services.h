@@ -68,7 +68,7 @@ std::shared_ptr<CNolOverride> MakeOverride(const std::string& type, std::int32_t
 std::string FlagsOf(const CNolSchedData& record);
 std::string OverridesOf(const CNolSchedData& record);
 
-// The values with a bar behind each.
+// The values with a bar after each.
 template <class... Values>
 std::string Barred(const Values&... values) {
     std::ostringstream text;

@@ -64,7 +64,7 @@ TEST(GeneralTab, ChecksTheGroupAndThenThePurgeOptions) {
 }
 
 TEST(GeneralTab, ShowsExactFlagsAndEnablesTheKindsOfTheOverrides) {
-    // The overrides by key and type, and the boxes, with "-" behind a disabled one.
+    // The overrides by key and type, and the boxes, with "-" after a disabled one.
     const std::pair<std::map<std::string, std::string>, const char*> cases[] = {
         {{}, "10000"},
         {{{"HOM Study", "HOM Study"}}, "10-0-0-0"},

@@ -1,6 +1,6 @@
 // What every tab offers its host.
 //
-// Call order: LoadData first. SaveData only behind an IsTabValid that gave true, since it converts texts
+// Call order: LoadData first. SaveData only after an IsTabValid that gave true, since it converts texts
 // unchecked. All calls come on the thread that made the tab. No tab relies on an order among the tabs.
 #pragma once
 

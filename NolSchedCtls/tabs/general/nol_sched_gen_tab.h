@@ -15,7 +15,7 @@ class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
     XNolSchedGenTab();
 
     bool IsTabValid(const std::string& sMsgBoxTitle) override;
-    // Raises NolSchedError without a chosen group, before the record is touched.
+    // Throws NolSchedError without a chosen group, before the record is touched.
     void SaveData() override;
     void LoadData(std::shared_ptr<CNolSchedData> v, const std::string& sName,
                   std::shared_ptr<CPaviseNotify> dtN) override;

@@ -9,8 +9,6 @@ namespace NolSchedCtls {
 
 namespace {
 
-constexpr std::string_view missingScenario = "A Scenario is required.";  // with anything behind it: allowed
-
 std::string TextOfNumber(std::int32_t number) { return number >= 1 ? std::to_string(number) : std::string(); }
 
 std::string RangeMessage(const NumberField& field) {
@@ -44,18 +42,28 @@ NolSchedOverrideTab::Number::Number(UserControl& control, const NumberField& fie
 
 NolSchedOverrideTab::NolSchedOverrideTab(const OverrideKind& kindA)
     : kind(kindA), chkOverride(*this, "chkOverride", std::string(kind.sBoxCaption)) {
+    if (!kind.sScenarioHeading.empty()) scenario.emplace(*this);
+    for (const NumberField& field : kind.numberFields) numbers.emplace_back(*this, field);
+    if (!kind.sNote.empty()) note.emplace(*this, "lblNote", std::string(kind.sNote));
+    ConnectFields();
+}
+
+XNolSchedHomOvr::XNolSchedHomOvr() : NolSchedOverrideTab(homOverride) {}
+XNolSchedPlmOvr::XNolSchedPlmOvr() : NolSchedOverrideTab(plmOverride) {}
+XNolSchedRfcOvr::XNolSchedRfcOvr() : NolSchedOverrideTab(rfcOverride) {}
+XNolSchedVcsOvr::XNolSchedVcsOvr() : NolSchedOverrideTab(vcsOverride) {}
+
+void NolSchedOverrideTab::ConnectFields() {
     chkOverride.Clicked.Connect([this] {
         SetOverrideState(chkOverride.Value() == 1);
         NotifyChanged();
     });
-    if (!kind.sScenarioHeading.empty())
-        scenario.emplace(*this).fdocCBScenario.DocumentChange.Connect([this] { NotifyChanged(); });
-    for (const NumberField& field : kind.numberFields) {
-        TextBox& text = numbers.emplace_back(*this, field).text;
+    if (scenario) scenario->fdocCBScenario.DocumentChange.Connect([this] { NotifyChanged(); });
+    for (Number& number : numbers) {
+        TextBox& text = number.text;
         text.Changed.Connect([this] { NotifyChanged(); });
         text.KeyPress.Connect([&text](char32_t& key) { MNolSchedCtls::FilterDigitKey(text, key); });
     }
-    if (!kind.sNote.empty()) lblNote.emplace(*this, "lblNote", std::string(kind.sNote));
 }
 
 void NolSchedOverrideTab::SetOverrideState(bool fState) {
@@ -127,7 +135,7 @@ bool NolSchedOverrideTab::IsScenarioValid(const std::string& sMsgBoxTitle) {
     XMarlet& picker = scenario->fdocCBScenario;
     if (picker.ValidDocument()) return true;
     const std::string message = picker.CheckMessage();
-    if (message.starts_with(missingScenario)) return true;
+    if (message.starts_with("A Scenario is required.")) return true;  // none chosen: the study's own is used
     ShowError(std::string(kind.sScenarioHeading) + "\r\n" + message, sMsgBoxTitle);
     if (cpvnNotify) cpvnNotify->ShowTab(sOverrideKey);
     SetFocusIfShown(picker);

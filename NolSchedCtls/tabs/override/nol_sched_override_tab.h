@@ -1,6 +1,7 @@
 // The page of one study kind's override: a box that switches it on, and the settings that it then has.
 #pragma once
 
+#include <array>
 #include <deque>
 #include <optional>
 
@@ -13,20 +14,26 @@
 
 namespace NolSchedCtls {
 
-// One class serves all kinds. While the state is off the tab checks nothing and writes nothing; the fields
-// keep what they hold. The fields differ by kind and are reached by name: Field<TextBox>("txtDuration").
+// One class serves all kinds: it makes its fields from the kind's row, and a kind's own class names them.
+// While the state is off the tab checks nothing and writes nothing; the fields keep what they hold.
 class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
   public:
     explicit NolSchedOverrideTab(const OverrideKind& kindA);
 
     bool IsTabValid(const std::string& sMsgBoxTitle) override;
-    // Puts a new override, made from the view alone, in the place of the record's. Raises NolSchedError for a
+    // Puts a new override, made from the view alone, in the place of the record's. Throws NolSchedError for a
     // text that is no 32-bit number, before the record is touched.
     void SaveData() override;
     void LoadData(std::shared_ptr<CNolSchedData> v, const std::string& sName,
                   std::shared_ptr<CPaviseNotify> dtN) override;
 
   private:
+    const OverrideKind& kind;
+
+  public:
+    CheckBox chkOverride;
+
+  protected:
     struct Scenario {
         explicit Scenario(UserControl& control) : fraScenario(control, "fraScenario", "References  ") {}
 
@@ -44,6 +51,13 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
         Label unit;
     };
 
+    // In tab order.
+    std::optional<Scenario> scenario;
+    std::deque<Number> numbers;
+    std::optional<Label> note;
+
+  private:
+    void ConnectFields();
     void SetOverrideState(bool fState);
     void TabOverride(const std::string& TheName, bool TheState);
     void LoadOverride(const CNolOverride& item);
@@ -53,11 +67,6 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
     bool IsNumberValid(Number& number, const std::string& sMsgBoxTitle);
     std::shared_ptr<CNolOverride> OverrideOfView() const;
 
-    const OverrideKind& kind;
-    CheckBox chkOverride;
-    std::optional<Scenario> scenario;
-    std::deque<Number> numbers;
-    std::optional<Label> lblNote;
     std::string sOverrideKey;  // from the first load on
     bool fOverrideOn = false;
     ScopedConnection tabOverride;
@@ -65,22 +74,51 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
 
 class NOLSCHED_API XNolSchedHomOvr : public NolSchedOverrideTab {
   public:
-    XNolSchedHomOvr() : NolSchedOverrideTab(homOverride) {}
+    XNolSchedHomOvr();
+
+    Frame& fraScenario = scenario->fraScenario;
+    Label& lblScenario = scenario->lblScenario;
+    XMarlet& fdocCBScenario = scenario->fdocCBScenario;
+    Frame& fraDuration = numbers[0].frame;
+    TextBox& txtDuration = numbers[0].text;
+    Label& Label1 = numbers[0].unit;
 };
 
 class NOLSCHED_API XNolSchedPlmOvr : public NolSchedOverrideTab {
   public:
-    XNolSchedPlmOvr() : NolSchedOverrideTab(plmOverride) {}
+    XNolSchedPlmOvr();
+
+    Frame& fraScenario = scenario->fraScenario;
+    Label& lblScenario = scenario->lblScenario;
+    XMarlet& fdocCBScenario = scenario->fdocCBScenario;
+    Frame& fraDuration = numbers[0].frame;
+    TextBox& txtDuration = numbers[0].text;
+    Frame& fraRetrieveDelay = numbers[1].frame;
+    TextBox& txtRetrieveDelay = numbers[1].text;
+    std::array<Label*, 2> Label1 = {&numbers[0].unit, &numbers[1].unit};
 };
 
 class NOLSCHED_API XNolSchedRfcOvr : public NolSchedOverrideTab {
   public:
-    XNolSchedRfcOvr() : NolSchedOverrideTab(rfcOverride) {}
+    XNolSchedRfcOvr();
+
+    Frame& fraDuration = numbers[0].frame;
+    TextBox& txtDuration = numbers[0].text;
+    Frame& fraPollingInterval = numbers[1].frame;
+    TextBox& txtPollingInterval = numbers[1].text;
+    std::array<Label*, 2> Label1 = {&numbers[0].unit, &numbers[1].unit};
 };
 
 class NOLSCHED_API XNolSchedVcsOvr : public NolSchedOverrideTab {
   public:
-    XNolSchedVcsOvr() : NolSchedOverrideTab(vcsOverride) {}
+    XNolSchedVcsOvr();
+
+    Frame& fraDuration = numbers[0].frame;
+    TextBox& txtDuration = numbers[0].text;
+    Frame& fraRetrieveDelay = numbers[1].frame;
+    TextBox& txtRetrieveDelay = numbers[1].text;
+    std::array<Label*, 2> Label1 = {&numbers[0].unit, &numbers[1].unit};
+    Label& lblNote = *note;
 };
 
 }  // namespace NolSchedCtls

@@ -4,19 +4,15 @@
 #include <cmath>
 #include <limits>
 
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 
 namespace NolSchedCtls {
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-// Nothing for what is no number; infinite for a number beyond all bounds.
+// Nothing for what is no number; infinite for a number beyond all bounds. A number too small for a double
+// ("1e-999") is infinite too: from_chars tells one range error for both ends, and no field takes either.
 std::optional<double> ReadNumber(std::string_view text) {
     text = Trimmed(text);
     const bool hasSign = text.starts_with('+') || text.starts_with('-');

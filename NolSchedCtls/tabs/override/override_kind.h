@@ -12,7 +12,7 @@
 
 namespace NolSchedCtls {
 
-// A text box with its frame, its unit behind it, and its place in the override.
+// A text box with its frame, its unit after it, and its place in the override.
 struct NumberField {
     std::string_view sFrame;
     std::string_view sFrameCaption;

@@ -40,7 +40,7 @@ std::string_view PeriodTextToCode(std::string_view sText, bool fDay) {
     return {};
 }
 
-// 0 stands for the last entry. The number behind the highest would select that entry too, and be stored as 0.
+// 0 stands for the last entry. The number after the highest would select that entry too, and be stored as 0.
 int IndexOfNumber(std::int32_t nNumber, int nLastIndex) {
     if (nNumber < 0 || nNumber > nLastIndex)
         throw NolSchedError("it is 1 to " + std::to_string(nLastIndex) + ", or 0 for the last.");

@@ -91,7 +91,7 @@ void XNolScheduleTab::SetCtls(const FrequencyMode& mode) {
     if (mode.nFrequencies > 0) LoadFrequencyList(mode.nFrequencies);
 }
 
-// Flush behind cboPeriod; what is hidden stays where it was.
+// Flush after cboPeriod; what is hidden stays where it was.
 void XNolScheduleTab::PackRow() {
     const ViewField* before = &cboPeriod;
     for (ViewField* field : row) {

@@ -23,9 +23,9 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
 
     // Refuses only what can never run; moves the focus to SSDStartDate then.
     bool IsTabValid(const std::string& sMsgBoxTitle) override;
-    // Raises NolSchedError before the first load.
+    // Throws NolSchedError before the first load.
     void SaveData() override;
-    // Every write to a field acts as a user's edit would. Raises NolSchedError with the record's field and
+    // Every write to a field acts as a user's edit would. Throws NolSchedError with the record's field and
     // value where one cannot be shown; the steps before stay in force.
     void LoadData(std::shared_ptr<CNolSchedData> v, const std::string& sName,
                   std::shared_ptr<CPaviseNotify> dtN) override;

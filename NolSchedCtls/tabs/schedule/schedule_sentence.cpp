@@ -2,20 +2,17 @@
 
 #include <algorithm>
 
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 
 namespace NolSchedCtls {
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
-std::string_view TextOf(const ViewField& field) {
-    const auto* list = dynamic_cast<const DropDownList*>(&field);
-    return Trimmed(list != nullptr ? list->Text() : field.Caption());
+std::string_view TextOf(ViewField& field) {
+    const FieldKind kind = field.Kind();
+    DropDownList* const* const list = std::get_if<DropDownList*>(&kind);
+    return Trimmed(list != nullptr ? (*list)->Text() : field.Caption());
 }
 
 }  // namespace
