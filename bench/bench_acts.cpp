@@ -5,7 +5,7 @@
 
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "bench/claims.h"
-#include "bench/memory_services.h"
+#include "bench/open_entry.h"
 
 namespace {
 
@@ -130,7 +130,7 @@ void MeasureAct(const Act& act) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    InstallMemoryServices();
+    UseMemory();
     std::vector<Claim> claims;
     for (const Act& act : acts) {
         MeasureAct(act);

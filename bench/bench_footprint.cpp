@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "bench/claims.h"
-#include "bench/memory_services.h"
+#include "bench/open_entry.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ void Count(const char* name, double (*bytes)()) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    InstallMemoryServices();
+    UseMemory();
     Count("memory", BytesOfOpenEntry);
     Count("library", BytesOfStrippedLibrary);
     return RunClaims(argc, argv,

@@ -4,7 +4,7 @@
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "bench/claims.h"
 #include "bench/hand_page.h"
-#include "bench/memory_services.h"
+#include "bench/open_entry.h"
 #include "host/window/appearance.h"
 #include "host/window/page_view.h"
 
@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     SetAppearance(false);
-    InstallMemoryServices();
+    UseMemory();
     MeasurePage<FieldPage>("fields");
     MeasurePage<WrittenPage>("hand");
     return RunClaims(

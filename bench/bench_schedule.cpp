@@ -6,7 +6,7 @@
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "bench/claims.h"
 #include "bench/ical_event.h"
-#include "bench/memory_services.h"
+#include "bench/open_entry.h"
 
 namespace {
 
@@ -86,7 +86,7 @@ void MeasureKind(const Kind& kind) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    InstallMemoryServices();
+    UseMemory();
     std::vector<Claim> claims;
     for (const Kind& kind : kinds) {
         const std::string name(kind.name);

@@ -1,12 +1,12 @@
 // Opening an entry in six fresh tabs and closing it again. It is held to what its first version took.
 #include "bench/claims.h"
 #include "bench/ical_event.h"
-#include "bench/memory_services.h"
+#include "bench/open_entry.h"
 
 int main(int argc, char** argv) {
     using namespace NolSchedCtls::Bench;
     constexpr double firstVersion = 3.69;
-    InstallMemoryServices();
+    UseMemory();
     Measure("session", [] { const OpenEntry entry; });
     Measure("ical", [event = EventOf("RRULE:FREQ=WEEKLY;INTERVAL=2;BYDAY=MO\r\n")] { ParseAndPrint(event); });
     return RunClaims(

@@ -8,8 +8,7 @@
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/tabs/schedule/schedule_sentence.h"
-#include "NolSchedCtls/toolkit/x_ambit.h"
-#include "NolSchedCtls/toolkit/x_marlet.h"
+#include "NolSchedCtls/toolkit/fields.h"
 #include "tests/library/fake_services.h"
 
 using namespace NolSchedCtls;
@@ -58,28 +57,31 @@ std::shared_ptr<CNolSchedData> RecordOf(FuzzedDataProvider& bytes) {
     return record;
 }
 
-template <class Kind, class Act>
-bool Try(ViewField& field, Act act) {
-    auto* const kind = dynamic_cast<Kind*>(&field);
-    const bool reachable = field.IsUsable();
-    if (kind != nullptr) Require(!act(*kind) || reachable, "an act on a field out of reach");
-    return kind != nullptr;
-}
+// What a user may do to each kind of field with those bytes.
+struct Act {
+    std::string text;
+    int number;
+    char32_t key;
+
+    bool operator()(CheckBox& box) const { return box.Click(); }
+    bool operator()(DropDownList& list) const { return list.PickIndex(number); }
+    bool operator()(TextBox& box) const { return number % 2 == 0 ? box.Paste(text) : box.Key(key); }
+    bool operator()(Label& /*label*/) const { return false; }
+    bool operator()(Frame& /*frame*/) const { return false; }
+    bool operator()(SSDateCombo& date) const {
+        return date.PickDate(46000.0 + number * 40) || date.BeginEdit();
+    }
+    bool operator()(DTPicker& time) const { return time.PickTime(number, number / 2); }
+    bool operator()(XMarlet& picker) const { return number < 0 ? picker.Paste(text) : picker.Pick("Busy"); }
+    bool operator()(XAmbitPurge& purge) const { return number < 0 ? purge.PasteDays(text) : purge.Key(key); }
+    bool operator()(XAmbitDownload& download) const { return download.Pick(number < 0 ? "Manual" : text); }
+};
 
 void ActOn(ViewField& field, FuzzedDataProvider& bytes) {
-    const std::string text = bytes.ConsumeRandomLengthString(6);
-    const int number = bytes.ConsumeIntegral<std::int8_t>();
-    const auto key = static_cast<char32_t>(bytes.ConsumeIntegralInRange(1, 0x10FFFF));
-    Try<CheckBox>(field, [](auto& box) { return box.Click(); }) ||
-        Try<DropDownList>(field, [&](auto& list) { return list.PickIndex(number); }) ||
-        Try<TextBox>(field, [&](auto& box) { return number % 2 == 0 ? box.Paste(text) : box.Key(key); }) ||
-        Try<SSDateCombo>(
-            field, [&](auto& date) { return date.PickDate(46000.0 + number * 40) || date.BeginEdit(); }) ||
-        Try<DTPicker>(field, [&](auto& time) { return time.PickTime(number, number / 2); }) ||
-        Try<XMarlet>(field,
-                     [&](auto& picker) { return number < 0 ? picker.Paste(text) : picker.Pick("Busy"); }) ||
-        Try<XAmbitPurge>(field,
-                         [&](auto& purge) { return number < 0 ? purge.PasteDays(text) : purge.Key(key); });
+    const Act act{bytes.ConsumeRandomLengthString(6), bytes.ConsumeIntegral<std::int8_t>(),
+                  static_cast<char32_t>(bytes.ConsumeIntegralInRange(1, 0x10FFFF))};
+    const bool isReachable = field.IsUsable();
+    Require(!VisitField(field, act) || isReachable, "an act on a field out of reach");
 }
 
 std::string SentenceOf(const Tabs& tabs) {

@@ -1,5 +1,7 @@
 #include "NolSchedCtls/base/error.h"
 
+#include <exception>
+
 namespace NolSchedCtls {
 
 namespace {
@@ -15,6 +17,17 @@ std::string Quoted(std::string_view text) {
     std::size_t end = longestQuote;
     while (end > 0 && IsContinuationByte(text[end])) --end;
     return '"' + std::string(text.substr(0, end)) + "...\"";
+}
+
+std::string PresentFailure() {
+    try {
+        if (const auto failure = std::current_exception()) std::rethrow_exception(failure);
+    } catch (const std::exception& failure) {
+        return failure.what();
+    } catch (...) {
+        return "a failure that bears no text";
+    }
+    return "no failure";
 }
 
 }  // namespace NolSchedCtls

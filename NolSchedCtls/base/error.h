@@ -30,6 +30,9 @@ class NOLSCHED_API DuplicateKeyError : public NolSchedError {
 // The text in double quotes, cut after 60 bytes at a character's border, so that a message stays a line.
 NOLSCHED_API std::string Quoted(std::string_view text);
 
+// What the failure that is being handled says; "no failure" outside a handler.
+NOLSCHED_API std::string PresentFailure();
+
 // Gives what the step gives. A NolSchedError of the step is thrown again as Error, with what `about` gives
 // (asked only then) before its message.
 template <class Error = NolSchedError, class Step, class About>

@@ -26,12 +26,4 @@ decltype(auto) VisitField(const ViewField& field, Visitor&& visitor) {
                       [&visitor](const auto& kind) -> decltype(auto) { return visitor(kind); });
 }
 
-// A visitor of one function a kind; a generic one stands for the kinds without their own.
-template <class... Functions>
-struct ByKind : Functions... {
-    using Functions::operator()...;
-};
-template <class... Functions>
-ByKind(Functions...) -> ByKind<Functions...>;
-
 }  // namespace NolSchedCtls

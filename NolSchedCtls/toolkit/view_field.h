@@ -122,6 +122,14 @@ class NOLSCHED_API Label : public ViewField {
     void SetCaption(const std::string& captionA) { Assign(caption, captionA); }
 };
 
+// The field if it is of that kind, else nothing.
+template <class Kind>
+Kind* FieldAs(ViewField& field) {
+    const FieldKind kind = field.Kind();
+    Kind* const* const found = std::get_if<Kind*>(&kind);
+    return found == nullptr ? nullptr : *found;
+}
+
 // A control with view fields, which register themselves in tab order and end with it.
 class NOLSCHED_API UserControl {
   public:
@@ -137,10 +145,8 @@ class NOLSCHED_API UserControl {
     // Throws NolSchedError if there is no such field, or if it is of another kind.
     template <class Kind>
     Kind& Field(std::string_view name) const {
-        if (ViewField* const field = FindField(name)) {
-            const FieldKind kind = field->Kind();
-            if (auto* const* found = std::get_if<Kind*>(&kind)) return **found;
-        }
+        ViewField* const field = FindField(name);
+        if (Kind* const found = field == nullptr ? nullptr : FieldAs<Kind>(*field)) return *found;
         throw NolSchedError("The control has no such field " + Quoted(name) + ".");
     }
 

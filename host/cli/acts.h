@@ -1,11 +1,11 @@
-// A user's acts on view fields by name, and what each field shows.
+// A user's acts on view fields by name.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "NolSchedCtls/toolkit/view_field.h"
-#include "host/cli/answers.h"
 
 namespace NolSchedCtls {
 
@@ -15,8 +15,10 @@ class UsageError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
-// True for a word that stands for an act on a field: click, pick, type, paste, ...
-bool IsAct(std::string_view verb);
+enum class Verb { Click, Pick, Type, Paste, Date, Time };
+
+// Nothing for a word that stands for no act on a field.
+std::optional<Verb> VerbNamed(std::string_view word);
 
 // A field as a script names it: "hom.txtDuration".
 struct Target {
@@ -25,9 +27,6 @@ struct Target {
 };
 
 // Throws UsageError that names the field and what is offered, for an act that a user could not do.
-void DoAct(std::string_view verb, const Target& target, const std::string& text);
-
-// {"name": ..., "kind": ..., "visible": ..., "enabled": ..., and what the kind shows}.
-Json Describe(const ViewField& field);
+void DoAct(Verb verb, const Target& target, const std::string& text);
 
 }  // namespace NolSchedCtls

@@ -1,9 +1,12 @@
 #include "host/cli/answers.h"
 
+#include <algorithm>
 #include <array>
 #include <iomanip>
 #include <iostream>
+#include <stdexcept>
 
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
 
 namespace NolSchedCtls {
@@ -18,18 +21,13 @@ std::string TextOf(const Json& value) {
     return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-std::string Joined(const Json& texts) {
-    std::string joined;
-    for (const auto& text : texts) joined += (joined.empty() ? "" : ", ") + TextOf(text);
-    return joined;
-}
-
 // Line breaks of a box, so that each line stands under the first.
 void WriteMessage(std::ostream& stream, const Json& answer) {
-    const Json& message = answer["message"];
-    const std::string head = TextOf(message["title"]) + (message["flags"] == 48 ? " (!): " : " (stop): ");
+    const Json& message = answer.at("message");
+    const std::string head =
+        TextOf(message.at("title")) + (message.at("flags") == 48 ? " (!): " : " (stop): ");
     stream << head;
-    for (const char letter : TextOf(message["text"])) {
+    for (const char letter : TextOf(message.at("text"))) {
         if (letter == '\r') continue;
         stream << letter;
         if (letter == '\n') stream << std::string(head.size(), ' ');
@@ -39,23 +37,23 @@ void WriteMessage(std::ostream& stream, const Json& answer) {
 
 // "  name              kind        details", hidden and disabled fields marked.
 void WriteField(std::ostream& stream, const Json& field) {
-    stream << "  " << std::left << std::setw(20) << TextOf(field["name"]) << std::setw(10)
-           << TextOf(field["kind"]);
+    stream << "  " << std::left << std::setw(20) << TextOf(field.at("name")) << std::setw(10)
+           << TextOf(field.at("kind"));
     std::string details;
     for (const auto& [key, value] : field.items()) {
         if (key == "name" || key == "kind" || key == "visible" || key == "enabled" || key == "entries")
             continue;
         details += " " + key + "=" + (value.is_string() ? '"' + TextOf(value) + '"' : TextOf(value));
     }
-    if (field.contains("entries")) details += " of " + std::to_string(field["entries"].size());
-    if (field["visible"] == false) details += " hidden";
-    if (field["enabled"] == false) details += " disabled";
+    if (field.contains("entries")) details += " of " + std::to_string(field.at("entries").size());
+    if (field.at("visible") == false) details += " hidden";
+    if (field.at("enabled") == false) details += " disabled";
     stream << details << '\n';
 }
 
 void WriteLook(std::ostream& stream, const Json& answer) {
-    stream << TextOf(answer["look"]) << '\n';
-    for (const auto& field : answer["fields"]) WriteField(stream, field);
+    stream << TextOf(answer.at("look")) << '\n';
+    for (const auto& field : answer.at("fields")) WriteField(stream, field);
 }
 
 void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
@@ -68,50 +66,50 @@ void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
 }
 
 void WriteRecord(std::ostream& stream, const Json& answer) {
-    for (const auto& [key, value] : answer["record"].items())
+    for (const auto& [key, value] : answer.at("record").items())
         stream << std::left << std::setw(20) << key << TextOf(value) << '\n';
     if (answer.contains("sentence"))
-        stream << std::left << std::setw(20) << "sentence" << TextOf(answer["sentence"]) << '\n';
-    if (answer.contains("overrides")) WriteRows(stream, answer["overrides"], "override");
-    if (answer.contains("rows")) WriteRows(stream, answer["rows"], "row");
+        stream << std::left << std::setw(20) << "sentence" << TextOf(answer.at("sentence")) << '\n';
+    if (answer.contains("overrides")) WriteRows(stream, answer.at("overrides"), "override");
+    if (answer.contains("rows")) WriteRows(stream, answer.at("rows"), "row");
 }
 
 void WriteValid(std::ostream& stream, const Json& answer) {
-    if (answer["valid"] == true) {
+    if (answer.at("valid") == true) {
         stream << "valid\n";
         return;
     }
-    stream << "not valid: " << TextOf(answer["tab"]);
-    if (!answer["focus"].is_null()) stream << ", the focus is on " << TextOf(answer["focus"]);
+    stream << "not valid: " << TextOf(answer.at("tab"));
+    if (!answer.at("focus").is_null()) stream << ", the focus is on " << TextOf(answer.at("focus"));
     stream << '\n';
 }
 
 void WriteSaved(std::ostream& stream, const Json& answer) {
-    if (answer["saved"] == true)
-        stream << "saved " << TextOf(answer["Id"]) << '\n';
+    if (answer.at("saved") == true)
+        stream << "saved " << TextOf(answer.at("Id")) << '\n';
     else
         stream << "not saved\n";
 }
 
 void WriteEntry(std::ostream& stream, const Json& answer) {
-    const Json& entry = answer["entry"];
-    const std::string overrides = Joined(entry["overrides"]);
-    stream << std::left << std::setw(5) << TextOf(entry["Id"]) << ' ' << std::setw(22)
-           << TextOf(entry["EditorName"]) << ' ' << std::setw(14) << TextOf(entry["group"]) << ' '
-           << std::setw(overrides.empty() ? 0 : 50) << TextOf(entry["sentence"])
+    const Json& entry = answer.at("entry");
+    const std::string overrides = Joined(entry.at("overrides"), TextOf);
+    stream << std::left << std::setw(5) << TextOf(entry.at("Id")) << ' ' << std::setw(22)
+           << TextOf(entry.at("EditorName")) << ' ' << std::setw(14) << TextOf(entry.at("group")) << ' '
+           << std::setw(overrides.empty() ? 0 : 50) << TextOf(entry.at("sentence"))
            << (overrides.empty() ? "" : " " + overrides) << '\n';
 }
 
 void WriteDocument(std::ostream& stream, const Json& answer) {
-    const Json& document = answer["document"];
-    stream << std::left << std::setw(6) << TextOf(document["Id"]) << std::setw(12) << TextOf(document["Type"])
-           << TextOf(document["Name"]) << '\n';
+    const Json& document = answer.at("document");
+    stream << std::left << std::setw(6) << TextOf(document.at("Id")) << std::setw(12)
+           << TextOf(document.at("Type")) << TextOf(document.at("Name")) << '\n';
 }
 
 // "key: value" for an answer of one value.
 template <const char* key>
 void WriteValue(std::ostream& stream, const Json& answer) {
-    stream << key << ": " << TextOf(answer[key]) << '\n';
+    stream << key << ": " << TextOf(answer.at(key)) << '\n';
 }
 
 constexpr char beep[] = "beep";
@@ -175,12 +173,11 @@ void Answers::Tell(const Json& answer) {
         return;
     }
     const auto& key = answer.begin().key();
-    for (const auto& kind : answerKinds) {
-        if (kind.key != key) continue;
-        std::ostream& stream = kind.isMessage ? err : out;
-        kind.write(stream, answer);
-        stream.flush();
-    }
+    const auto* const kind = std::ranges::find(answerKinds, key, &AnswerKind::key);
+    if (kind == answerKinds.end()) throw std::logic_error("There is no text for the answer " + key + ".");
+    std::ostream& stream = kind->isMessage ? err : out;
+    kind->write(stream, answer);
+    stream.flush();
 }
 
 Json JsonOf(const LintelValue& value) { return std::visit(ToJson{}, value); }

@@ -3,7 +3,7 @@
 #include <istream>
 #include <ostream>
 
-#include "host/cli/acts.h"
+#include "host/cli/field_view.h"
 
 namespace NolSchedCtls {
 
@@ -80,13 +80,13 @@ void Script::Line(std::string_view line) {
     const std::string_view verb = TakeWord(line);
     for (const Question& question : questions)
         if (question.verb == verb) return (this->*question.answer)(line);
-    if (IsAct(verb)) return Act(verb, line);
+    if (const auto act = VerbNamed(verb)) return Act(*act, verb, line);
     throw UsageError(
         "There is no command " + Quoted(verb) +
         "; there are click, pick, type, paste, date, time, look, record, changed, valid and save.");
 }
 
-void Script::Act(std::string_view verb, std::string_view rest) {
+void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
     rest = WithoutLeadingBlanks(rest);
     const std::string_view target = TakeWord(rest);
     const std::size_t dot = target.find('.');
@@ -100,8 +100,8 @@ void Script::Act(std::string_view verb, std::string_view rest) {
         throw UsageError("The tab " + std::string(page.sName) + " has no field " +
                          Quoted(target.substr(dot + 1)) + "; it has " + names + ".");
     }
-    if (verb == "click") RefuseRest(verb, rest);
-    DoAct(verb, {std::string(target), *field}, std::string(rest));
+    if (act == Verb::Click) RefuseRest(verb, rest);
+    DoAct(act, {std::string(target), *field}, std::string(rest));
 }
 
 const Page& Script::PageNamed(std::string_view name) const {

@@ -3,6 +3,7 @@
 
 #include <iosfwd>
 
+#include "host/cli/acts.h"
 #include "host/cli/answers.h"
 #include "host/entries/entry_session.h"
 
@@ -26,7 +27,7 @@ class Script {
     static const Question questions[5];
 
     void Line(std::string_view line);
-    void Act(std::string_view verb, std::string_view rest);
+    void Act(Verb act, std::string_view verb, std::string_view rest);
     void Look(std::string_view rest);
     void ShowRecord(std::string_view rest);
     void ShowChanged(std::string_view rest);

@@ -14,14 +14,8 @@
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QTimeEdit>
-#include <array>
 
-#include "NolSchedCtls/toolkit/check_box.h"
-#include "NolSchedCtls/toolkit/drop_down_list.h"
-#include "NolSchedCtls/toolkit/dt_picker.h"
-#include "NolSchedCtls/toolkit/text_box.h"
-#include "NolSchedCtls/toolkit/x_ambit.h"
-#include "NolSchedCtls/toolkit/x_marlet.h"
+#include "NolSchedCtls/toolkit/fields.h"
 #include "host/window/date_combo.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
@@ -30,7 +24,7 @@ namespace NolSchedCtls {
 
 namespace {
 
-QWidget* BindCheckBox(CheckBox& field, QWidget* parent) {
+QWidget* Bind(CheckBox& field, QWidget* parent) {
     auto* const box = new QCheckBox(Trimmed(field.Caption()), parent);
     auto* const link = FieldLink::Tie(field, *box, [&field, box] { box->setChecked(field.Value() != 0); });
     QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
@@ -49,7 +43,7 @@ void ShowEntries(const DropDownList& field, QComboBox& list) {
     list.setCurrentIndex(field.ListIndex());
 }
 
-QWidget* BindDropDownList(DropDownList& field, QWidget* parent) {
+QWidget* Bind(DropDownList& field, QWidget* parent) {
     auto* const list = new QComboBox(parent);
     list->setMaxVisibleItems(15);
     auto* const link = FieldLink::Tie(field, *list, [&field, list] { ShowEntries(field, *list); });
@@ -94,7 +88,7 @@ void ShowText(const QString& text, std::size_t limit, QLineEdit& edit) {
     if (edit.text() != text) edit.setText(text);
 }
 
-QWidget* BindTextBox(TextBox& field, QWidget* parent) {
+QWidget* Bind(TextBox& field, QWidget* parent) {
     auto* const edit = new QLineEdit(parent);
     auto* const link = FieldLink::Tie(field, *edit, [&field, edit] {
         edit->setReadOnly(field.Locked());
@@ -113,20 +107,20 @@ QString LabelText(const Label& field) {
     return Trimmed(field.Caption()).replace(runOfBlanks, u"\n"_s);
 }
 
-QWidget* BindLabel(Label& field, QWidget* parent) {
+QWidget* Bind(Label& field, QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     FieldLink::Tie(field, *label, [&field, label] { label->setText(LabelText(field)); });
     return label;
 }
 
-QWidget* BindFrame(Frame& field, QWidget* parent) {
+QWidget* Bind(Frame& field, QWidget* parent) {
     auto* const group = new QGroupBox(Trimmed(field.Caption()), parent);
     FieldLink::Tie(field, *group, {});
     return group;
 }
 
-QWidget* BindDate(SSDateCombo& field, QWidget* parent) { return new DateCombo(field, parent); }
+QWidget* Bind(SSDateCombo& field, QWidget* parent) { return new DateCombo(field, parent); }
 
 // Tab leaves the field at once; the arrow keys go from part to part. "a" and "p" choose the half of the day
 // wherever the cursor stands.
@@ -146,7 +140,7 @@ class TimeEdit : public QTimeEdit {
     }
 };
 
-QWidget* BindTime(DTPicker& field, QWidget* parent) {
+QWidget* Bind(DTPicker& field, QWidget* parent) {
     auto* const edit = new TimeEdit(parent);
     edit->setDisplayFormat(u"h:mm AP"_s);
     auto* const link = FieldLink::Tie(field, *edit, [&field, edit] {
@@ -206,7 +200,7 @@ class PickerCombo : public QComboBox {
     FieldLink* link = nullptr;
 };
 
-QWidget* BindPicker(XMarlet& field, QWidget* parent) { return new PickerCombo(field, parent); }
+QWidget* Bind(XMarlet& field, QWidget* parent) { return new PickerCombo(field, parent); }
 
 // A field of several widgets in a row, each of which takes the focus by itself.
 class Parts : public QWidget {
@@ -225,7 +219,7 @@ bool PassesDays(XAmbitPurge& field, char32_t key) {
     return passes;
 }
 
-QWidget* BindPurge(XAmbitPurge& field, QWidget* parent) {
+QWidget* Bind(XAmbitPurge& field, QWidget* parent) {
     auto* const widget = new Parts(parent);
     auto* const box = new QCheckBox(u"Purge automatically after"_s, widget);
     auto* const days = new QLineEdit(widget);
@@ -258,7 +252,7 @@ void ShowMode(const XAmbitDownload& field, QButtonGroup& modes) {
     modes.setExclusive(true);
 }
 
-QWidget* BindDownload(XAmbitDownload& field, QWidget* parent) {
+QWidget* Bind(XAmbitDownload& field, QWidget* parent) {
     auto* const widget = new Parts(parent);
     auto* const modes = new QButtonGroup(widget);
     for (const auto& entry : downloadModes) {
@@ -277,26 +271,10 @@ QWidget* BindDownload(XAmbitDownload& field, QWidget* parent) {
     return widget;
 }
 
-template <class Kind, auto bind>
-QWidget* BindAs(ViewField& field, QWidget* parent) {
-    auto* const kind = dynamic_cast<Kind*>(&field);
-    return kind == nullptr ? nullptr : bind(*kind, parent);
-}
-
-constexpr std::array kinds = {
-    BindAs<CheckBox, BindCheckBox>, BindAs<DropDownList, BindDropDownList>,
-    BindAs<TextBox, BindTextBox>,   BindAs<Label, BindLabel>,
-    BindAs<Frame, BindFrame>,       BindAs<SSDateCombo, BindDate>,
-    BindAs<DTPicker, BindTime>,     BindAs<XMarlet, BindPicker>,
-    BindAs<XAmbitPurge, BindPurge>, BindAs<XAmbitDownload, BindDownload>,
-};
-
 }  // namespace
 
 QWidget* BindField(ViewField& field, QWidget* parent) {
-    for (const auto bind : kinds)
-        if (QWidget* const widget = bind(field, parent)) return widget;
-    throw NolSchedError("The field " + field.Name() + " is of no known kind.");
+    return VisitField(field, [parent](auto& kind) { return Bind(kind, parent); });
 }
 
 QList<QWidget*> TabStops(QWidget& bound) {

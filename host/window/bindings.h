@@ -9,7 +9,7 @@ namespace NolSchedCtls {
 
 // Makes the widget of the field's kind under the parent. It shows what the field holds, at once and from then
 // on, and turns what a user does to it into the field's own acts. It may end before the field does, not the
-// other way round. Throws NolSchedError for a field of an unknown kind.
+// other way round.
 QWidget* BindField(ViewField& field, QWidget* parent);
 
 // The widgets of a field that take the focus by Tab, in their order.

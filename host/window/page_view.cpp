@@ -92,12 +92,12 @@ PageView::PageView(PaviseTab& tabA, QWidget* parent) : QWidget(parent), tab(tabA
     connections.emplace_back(tab.Beep.Connect([](const ViewField&) { QApplication::beep(); }));
 }
 
-void PageView::NameWidget(const ViewField& field, QWidget& widget) const {
+void PageView::NameWidget(ViewField& field, QWidget& widget) {
     const FieldText* const text = FindText(field);
     QString name = text == nullptr ? QString() : QString::fromUtf8(text->name);
     if (name.isEmpty()) name = WithoutMnemonic(Trimmed(field.Caption()));
     if (name.isEmpty() && field.Container() != nullptr) name = Trimmed(field.Container()->Caption());
-    if (dynamic_cast<const Label*>(&field) == nullptr) widget.setAccessibleName(name);
+    if (FieldAs<Label>(field) == nullptr) widget.setAccessibleName(name);
     if (text != nullptr) widget.setAccessibleDescription(QString::fromUtf8(text->description));
 }
 
@@ -121,11 +121,10 @@ QLayout* PageView::RowOf(const Frame& frame) const {
 void PageView::LayOut() {
     if (const auto* schedule = dynamic_cast<const XNolScheduleTab*>(&tab)) return LayOutSchedule(*schedule);
     auto* const column = new QVBoxLayout(this);
-    for (const ViewField* field : tab.Fields()) {
+    for (ViewField* field : tab.Fields()) {
         if (field->Container() != nullptr) continue;
         QWidget* const widget = WidgetOf(*field);
-        if (const auto* frame = dynamic_cast<const Frame*>(field))
-            FillFrame(*widget, RowOf(*frame), FrameIndent(*this));
+        if (const auto* frame = FieldAs<Frame>(*field)) FillFrame(*widget, RowOf(*frame), FrameIndent(*this));
         if (auto* const label = qobject_cast<QLabel*>(widget)) label->setWordWrap(true);
         column->addWidget(widget);
     }

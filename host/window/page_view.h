@@ -27,7 +27,7 @@ class PageView : public QWidget {
     QLayout* ExcludeLayout(const XNolScheduleTab& schedule) const;
     QLayout* RowOf(const Frame& frame) const;
     void LinkLabels();
-    void NameWidget(const ViewField& field, QWidget& widget) const;
+    static void NameWidget(ViewField& field, QWidget& widget);
     void SetTabOrder();
     void MoveFocus(const ViewField& field);
 

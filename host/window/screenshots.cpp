@@ -50,11 +50,11 @@ void MakeGeneral(PaviseTab& tab) {
 }
 
 void SwitchOn(PaviseTab& tab) {
-    tab.Field<CheckBox>("chkOverride").Click();
+    dynamic_cast<NolSchedOverrideTab&>(tab).chkOverride.Click();
     for (ViewField* field : tab.Fields()) {
-        if (auto* const text = dynamic_cast<TextBox*>(field))
+        if (auto* const text = FieldAs<TextBox>(*field))
             text->Paste(text->Name() == "txtDuration" ? "60" : "5");
-        auto* const picker = dynamic_cast<XMarlet*>(field);
+        auto* const picker = FieldAs<XMarlet>(*field);
         if (picker != nullptr && !picker->Entries().empty()) picker->Pick(picker->Entries().front()->Name);
     }
 }

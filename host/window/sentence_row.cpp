@@ -17,19 +17,19 @@ int TextWidth(const QWidget& widget, const QString& text) {
     return widget.fontMetrics().horizontalAdvance(text);
 }
 
-QList<QString> TextsOf(const ViewField& field) {
+QList<QString> TextsOf(ViewField& field) {
     QList<QString> texts = {WithoutMnemonic(Trimmed(field.Caption()))};
-    if (const auto* list = dynamic_cast<const DropDownList*>(&field))
+    if (const auto* list = FieldAs<DropDownList>(field))
         for (const auto& entry : list->Entries()) texts.append(ToQt(entry));
-    if (dynamic_cast<const DTPicker*>(&field) != nullptr) texts.append(u"12:59 AM"_s);
+    if (FieldAs<DTPicker>(field) != nullptr) texts.append(u"12:59 AM"_s);
     return texts;
 }
 
 // A label's text keeps a little air on both sides, since its neighbours stand flush.
-int NeededBy(const QWidget& widget, const ViewField& field) {
+int NeededBy(const QWidget& widget, ViewField& field) {
     int width = 0;
     for (const QString& text : TextsOf(field)) width = std::max(width, TextWidth(widget, text));
-    if (dynamic_cast<const Label*>(&field) != nullptr) return width + TextWidth(widget, u"n"_s);
+    if (FieldAs<Label>(field) != nullptr) return width + TextWidth(widget, u"n"_s);
     QStyleOptionComboBox option;
     option.initFrom(&widget);
     const QSize content(width, widget.fontMetrics().height());
@@ -37,7 +37,7 @@ int NeededBy(const QWidget& widget, const ViewField& field) {
 }
 
 void FitMode(const QWidget& widget, const XNolScheduleTab& tab, RowScale& scale, float& widest) {
-    for (const auto* field : tab.Fields()) {
+    for (ViewField* field : tab.Fields()) {
         if (field->Container() != &tab.Frame2 || !field->Visible()) continue;
         scale.pixelsPerTwip =
             std::max(scale.pixelsPerTwip, NeededBy(widget, *field) / static_cast<double>(field->Width()));

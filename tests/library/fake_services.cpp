@@ -1,88 +1,50 @@
 #include "tests/library/fake_services.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace NolSchedCtls::Testing {
 
 namespace {
 
-class FakeRows : public ILintelRows {
-  public:
-    explicit FakeRows(std::vector<Row> rowsA) : rows(std::move(rowsA)) {}
-    bool AtEnd() const override { return next == rows.size(); }
-    void MoveNext() override { ++next; }
-    LintelField Fields(std::string_view sColumn) const override {
-        for (const auto& field : rows.at(next))
-            if (EqualKeys(field.Name, sColumn)) return field;
-        throw NolSchedError("no column " + std::string(sColumn));
-    }
-
-  private:
-    std::vector<Row> rows;
-    std::size_t next = 0;
-};
-
-// What all services of a test share: the world that they answer from and write to.
+// What the traced services share: the world that they write to.
 template <class Service>
-struct Fake : Service {
-    explicit Fake(World& worldA) : world(worldA) {}
+struct Traced : Service {
+    explicit Traced(World& worldA) : world(worldA) {}
     World& world;
 };
 
-struct Literal {
-    std::string operator()(std::monostate) const { return "NULL"; }
-    std::string operator()(auto number) const { return std::to_string(number); }
-    std::string operator()(const std::string& text) const { return "'" + text + "'"; }
-};
-
-struct FakeLintel : Fake<ILintelDb> {
-    using Fake::Fake;
-    void ExecuteStatement(std::string_view sStatement) override { Run(std::string(sStatement)); }
+struct TracedLintel : Traced<ILintelDb> {
+    TracedLintel(World& worldA, std::unique_ptr<ILintelDb> memoryA)
+        : Traced(worldA), memory(std::move(memoryA)) {}
+    void ExecuteStatement(std::string_view sStatement) override {
+        Trace(std::string(sStatement));
+        memory->ExecuteStatement(sStatement);
+    }
     std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
         const bool plain = arguments == OpenRowsArguments{.sQuery = arguments.sQuery};
-        Run(arguments.sQuery + (plain ? "" : " (other arguments)"));
-        return std::make_unique<FakeRows>(world.rows);
+        Trace(arguments.sQuery + (plain ? "" : " (other arguments)"));
+        return memory->OpenRows(arguments);
     }
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
-        std::string joined;
-        for (const auto& value : values) joined += (joined.empty() ? "" : ",") + std::visit(Literal{}, value);
-        return joined;
+        return memory->JoinValues(values);
     }
-    LintelDateTime ImmediateDateTime() const override { return {world.now, true}; }
-    void Run(const std::string& statement) {
+    LintelDateTime ImmediateDateTime() const override { return memory->ImmediateDateTime(); }
+    void Trace(const std::string& statement) const {
         world.trace += statement + "; ";
         if (++world.statements == world.failingStatement) throw NolSchedError("statement refused");
     }
+    std::unique_ptr<ILintelDb> memory;
 };
 
-struct FakeReport : Fake<ILintelFailureReport> {
-    using Fake::Fake;
+struct TracedReport : Traced<ILintelFailureReport> {
+    using Traced::Traced;
     void ReportFailure(std::string_view sText) override {
         world.trace += "report" + std::string(sText) + "; ";
     }
 };
 
-struct FakeStore : Fake<ICaddisStore> {
-    using Fake::Fake;
-    std::shared_ptr<const CaddisDocument> FindDocument(const CaddisDocumentType& type,
-                                                       std::int32_t nId) override {
-        for (const auto& document : DocumentsOfType(type))
-            if (document->Id == nId) return document;
-        return nullptr;
-    }
-    std::vector<std::shared_ptr<const CaddisDocument>> DocumentsOfType(
-        const CaddisDocumentType& type) override {
-        std::vector<std::shared_ptr<const CaddisDocument>> found;
-        for (const auto& document : world.documents)
-            if (document.DocumentType == type) found.push_back(std::make_shared<CaddisDocument>(document));
-        return found;
-    }
-    CaddisUser CurrentUser() override { return world.user; }
-};
-
-struct FakeMessages : Fake<IMessageService> {
-    using Fake::Fake;
+struct TracedMessages : Traced<IMessageService> {
+    using Traced::Traced;
     void Show(std::string_view sText, int nFlags, std::string_view sTitle, int nHelpFile,
               int nHelpContext) override {
         world.trace += std::string(sTitle) + "[" + std::to_string(nFlags) + "]: " + std::string(sText) +
@@ -90,27 +52,26 @@ struct FakeMessages : Fake<IMessageService> {
     }
 };
 
-struct FakeClock : Fake<IClock> {
-    using Fake::Fake;
-    DateTime Now() override { return world.now; }
-};
-
-struct FakeProvider : Fake<ServiceProvider> {
-    using Fake::Fake;
-    std::unique_ptr<ILintelDb> CreateLintelDb() override { return std::make_unique<FakeLintel>(world); }
+struct TracedProvider : MemoryProvider {
+    explicit TracedProvider(World& worldA)
+        : MemoryProvider({std::shared_ptr<void>(), &worldA}), world(worldA) {}
+    std::unique_ptr<ILintelDb> CreateLintelDb() override {
+        return std::make_unique<TracedLintel>(world, MemoryProvider::CreateLintelDb());
+    }
     std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override {
-        return std::make_unique<FakeReport>(world);
+        return std::make_unique<TracedReport>(world);
     }
-    std::unique_ptr<ICaddisStore> CreateCaddisStore() override { return std::make_unique<FakeStore>(world); }
     std::unique_ptr<IMessageService> CreateMessageService() override {
-        return std::make_unique<FakeMessages>(world);
+        return std::make_unique<TracedMessages>(world);
     }
-    std::unique_ptr<IClock> CreateClock() override { return std::make_unique<FakeClock>(world); }
+    World& world;
 };
 
 }  // namespace
 
-std::unique_ptr<ServiceProvider> MakeProvider(World& world) { return std::make_unique<FakeProvider>(world); }
+std::unique_ptr<ServiceProvider> MakeProvider(World& world) {
+    return std::make_unique<TracedProvider>(world);
+}
 
 InstalledWorld::InstalledWorld() {
     InstallServices([this] {
@@ -121,8 +82,9 @@ InstalledWorld::InstalledWorld() {
 
 InstalledWorld::~InstalledWorld() { InstallServices({}); }
 
-Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario, std::int64_t duration,
-                std::int64_t polling, std::int64_t delay, const std::string& clearLog) {
+MemoryStore::Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario,
+                             std::int64_t duration, std::int64_t polling, std::int64_t delay,
+                             const std::string& clearLog) {
     const auto number = [](std::int64_t value) { return value == 0 ? LintelValue{} : LintelValue{value}; };
     return {{"NOL_OverrideId", id},
             {"Type", type},

@@ -1,29 +1,25 @@
-// Services that answer from memory and write down what was asked of them.
+// The services in memory, which here write down what was asked of them.
 #pragma once
 
 #include <memory>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "NolSchedCtls/records/nol_sched_data.h"
-#include "NolSchedCtls/services/provider.h"
+#include "NolSchedCtls/services/memory_services.h"
 #include "NolSchedCtls/tabs/contract/pavise_control.h"
 #include "NolSchedCtls/tabs/contract/pavise_notify.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
 namespace NolSchedCtls::Testing {
 
-using Row = std::vector<LintelField>;
+// The services in memory, and what they were asked; set and read by the tests. It is five past nine on
+// 2026-03-02.
+struct World : MemoryStore {
+    World() { now = ParseIso("2026-03-02T09:05"); }
 
-// What the fake services know and what they were asked; set and read by the tests.
-struct World {
-    std::vector<Row> rows;                  // what the next query gives
-    std::vector<CaddisDocument> documents;  // all types together
-    CaddisUser user;                        // no settings
-    DateTime now = ComposeDateTime({.year = 2026, .month = 3, .day = 2, .hour = 9, .minute = 5});
-    int failingStatement = 0;  // this one, counted from 1, raises; 0 for none
+    int failingStatement = 0;  // this one, counted from 1, fails; 0 for none
     int statements = 0;
     int providers = 0;  // how many were made
     std::string trace;  // "DELETE ...; report; Nightly[16]: text; "
@@ -41,8 +37,9 @@ class InstalledWorld : public World {
 std::unique_ptr<ServiceProvider> MakeProvider(World& world);
 
 // An override row as the table gives it; a number of 0 stands for a column without a value.
-Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario, std::int64_t duration,
-                std::int64_t polling, std::int64_t delay, const std::string& clearLog);
+MemoryStore::Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario,
+                             std::int64_t duration, std::int64_t polling, std::int64_t delay,
+                             const std::string& clearLog);
 
 // Writes what the control does with focus and beep into the world's trace: "focus txtDuration; ".
 void TraceControl(World& world, UserControl& control);
@@ -76,7 +73,7 @@ std::string Barred(const Values&... values) {
     return text.str();
 }
 
-// The message of the failure that the act raises, or "no failure".
+// The message of the failure that the act throws, or "no failure".
 template <class Act>
 std::string FailureOf(Act act) {
     try {

@@ -39,8 +39,9 @@ TEST(Records, NewEntryHasTheDefaults) {
 
 TEST(Records, StoredEntryTakesItsColumnsAndRows) {
     InstalledWorld world;
-    world.rows = {OverrideRow(42, "VCSA Study", 0, 30, 0, 5, ""), OverrideRow(42, "Other", 3, 0, 4, 0, "log"),
-                  OverrideRow(42, "HOM Study", 12, 0, 0, 0, "")};
+    world.tables["NOL_Override"] = {OverrideRow(42, "VCSA Study", 0, 30, 0, 5, ""),
+                                    OverrideRow(42, "Other", 3, 0, 4, 0, "log"),
+                                    OverrideRow(42, "HOM Study", 12, 0, 0, 0, "")};
     CNolSchedData record;
     record.InitEdit(StoredEntry());
     EXPECT_EQ(world.trace, "SELECT * FROM NOL_Override WHERE NOL_OverrideId = 42; ");
@@ -61,7 +62,8 @@ TEST(Records, StoredEntryKeepsItsColumnsWhenTheRowsFail) {
     world.failingStatement = 1;
     EXPECT_EQ(FailureOf([&] { record.InitEdit(StoredEntry()); }), "statement refused");
     EXPECT_EQ(Barred(record.Id, record.CreateFiles, record.IsNew), "42|C|1|");
-    world.rows = {OverrideRow(42, "PLM Study", 1, 0, 0, 0, ""), OverrideRow(42, "plm study", 2, 0, 0, 0, "")};
+    world.tables["NOL_Override"] = {OverrideRow(42, "PLM Study", 1, 0, 0, 0, ""),
+                                    OverrideRow(42, "plm study", 2, 0, 0, 0, "")};
     EXPECT_THROW(record.InitEdit(StoredEntry()), DuplicateKeyError);
     EXPECT_EQ(Barred(OverridesOf(record), record.IsNew), "PLM Study=42 PLM Study 1 0 0 0 ; |1|");
 }
@@ -73,7 +75,7 @@ TEST(Records, OnlyTheExactRunModeIsImmediate) {
         record.RunMode = mode;
         record.FirstDateTime = record.FinalDateTime = 100.5;
         EXPECT_EQ(record.IsOverride(), mode == "I") << mode;
-        EXPECT_EQ(record.DBFirstDateTime().Value, mode == "I" ? world.now : 100.5);
+        EXPECT_EQ(record.DBFirstDateTime().Value, mode == "I" ? *world.now : 100.5);
         EXPECT_EQ(record.DBFinalDateTime().Value, 100.5);
     }
 }
@@ -85,13 +87,13 @@ TEST(OverrideSet, StatementsAreExact) {
     EXPECT_EQ(world.trace,
               "DELETE FROM NOL_Override WHERE NOL_OverrideId = -2147483648; "
               "INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
-              "Retrieve_Delay, ClearLog) VALUES (7,'RF Call Trace Study',12,NULL,0,5,'log'); ");
+              "Retrieve_Delay, ClearLog) VALUES (7, 'RF Call Trace Study', 12, NULL, 0, 5, 'log'); ");
 }
 
-// Each statement with its first values alone: "DELETE 7; INSERT 7,'HOM Study'; report; ".
+// Each statement with its first values alone: "DELETE 7; INSERT 7, 'HOM Study'; report; ".
 std::string Shortened(const std::string& trace) {
     const auto deletes = std::regex_replace(trace, std::regex("FROM .*? = "), "");
-    return std::regex_replace(deletes, std::regex("INTO .*?VALUES \\((.*?),12,.*?\\)"), "$1");
+    return std::regex_replace(deletes, std::regex("INTO .*?VALUES \\((.*?), 12, .*?\\)"), "$1");
 }
 
 TEST(OverrideSet, SavesTheObjectsWhoseTypeIsOn) {
@@ -102,11 +104,11 @@ TEST(OverrideSet, SavesTheObjectsWhoseTypeIsOn) {
         {true, {}, "YYYY", 0, ""},
         {false, {}, "YYYY", 0, "DELETE 7; "},
         {false, two, "NyNN", 0, "DELETE 7; "},
-        {false, two, " Y Y", 0, "DELETE 7; INSERT 7,'PLM Study'; "},
-        {true, {"VCSA Study", "HOM Study"}, "YNNY", 0, "INSERT 7,'VCSA Study'; INSERT 7,'HOM Study'; "},
-        {true, {"PLM Study=HOM Study", "HOM Study=VCSA Study"}, "YNNN", 0, "INSERT 7,'HOM Study'; "},
+        {false, two, " Y Y", 0, "DELETE 7; INSERT 7, 'PLM Study'; "},
+        {true, {"VCSA Study", "HOM Study"}, "YNNY", 0, "INSERT 7, 'VCSA Study'; INSERT 7, 'HOM Study'; "},
+        {true, {"PLM Study=HOM Study", "HOM Study=VCSA Study"}, "YNNN", 0, "INSERT 7, 'HOM Study'; "},
         {true, {"Other=hom study"}, "YYYY", 0, ""},
-        {false, two, "YYYY", 2, "DELETE 7; INSERT 7,'HOM Study'; report; INSERT 7,'PLM Study'; "},
+        {false, two, "YYYY", 2, "DELETE 7; INSERT 7, 'HOM Study'; report; INSERT 7, 'PLM Study'; "},
         {false, two, "YYYY", 1, "DELETE 7; statement refused"}};
     for (const auto& [isNew, objects, flags, failingStatement, trace] : cases) {
         InstalledWorld world;

@@ -55,7 +55,7 @@ class Windows : public testing::Test {
         const std::size_t dot = name.find('.');
         const Page& page = *editor.Session().FindPage(name.substr(0, dot));
         editor.ShowPage(page.sName);
-        return *editor.PageOf(page).WidgetOf(page.tab->Field<ViewField>(name.substr(dot + 1)));
+        return *editor.PageOf(page).WidgetOf(*page.tab->FindField(name.substr(dot + 1)));
     }
     // Into the last part of a field of several.
     static void Type(EntryEditor& editor, const Keys& keys) {

@@ -10,9 +10,8 @@ namespace NolSchedCtls {
 namespace {
 
 std::string_view TextOf(ViewField& field) {
-    const FieldKind kind = field.Kind();
-    DropDownList* const* const list = std::get_if<DropDownList*>(&kind);
-    return Trimmed(list != nullptr ? (*list)->Text() : field.Caption());
+    const auto* const list = FieldAs<DropDownList>(field);
+    return Trimmed(list != nullptr ? list->Text() : field.Caption());
 }
 
 }  // namespace

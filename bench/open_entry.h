@@ -1,4 +1,4 @@
-// Services that answer from memory, for what is measured without a database.
+// What is measured without a database: services in memory, and an entry in them.
 #pragma once
 
 #include <memory>
@@ -9,9 +9,8 @@
 
 namespace NolSchedCtls::Bench {
 
-// Every entry has an override of each study kind; every document that is asked for is there. The clock
-// stands.
-void InstallMemoryServices();
+// The services in memory, with a group, a scenario, and the four overrides of entry 1. The clock stands.
+void UseMemory();
 
 // A stored weekly entry with its four overrides.
 std::shared_ptr<CNolSchedData> StoredRecord();
