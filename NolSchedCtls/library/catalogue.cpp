@@ -13,62 +13,62 @@ namespace {
 
 using Names = std::span<const std::string_view>;
 
-constexpr std::array<std::string_view, 44> schedDataMembers = {"AddNolOverride",
-                                                               "AutoPurge",
-                                                               "ClientMachineId",
-                                                               "CreateFiles",
-                                                               "DBFinalDateTime",
-                                                               "DBFirstDateTime",
-                                                               "EditorName",
-                                                               "FinalDateTime",
-                                                               "FirstDateTime",
-                                                               "Frequency",
-                                                               "GetOverride",
-                                                               "Overrides",
-                                                               "HomOvr",
-                                                               "Id",
-                                                               "IncludeDayAfterHol",
-                                                               "IncludeFridays",
-                                                               "IncludeHolidays",
-                                                               "IncludeMondays",
-                                                               "IncludeSaturdays",
-                                                               "IncludeSundays",
-                                                               "IncludeThursdays",
-                                                               "IncludeTuesdays",
-                                                               "IncludeWednesdays",
-                                                               "InitEdit",
-                                                               "InitNew",
-                                                               "IsNew",
-                                                               "IsOverride",
-                                                               "LastRunDate",
-                                                               "NextRunDate",
-                                                               "Periodicity",
-                                                               "PlmOvr",
-                                                               "PurgeInterval",
-                                                               "RemoveNolOverride",
-                                                               "RetrieveMode",
-                                                               "RfcOvr",
-                                                               "RptGrpId",
-                                                               "RunMode",
-                                                               "SaveNolOverrides",
-                                                               "ScheduleActive",
-                                                               "SubFolderName",
-                                                               "VcsOvr",
-                                                               "WhichMonthDate",
-                                                               "WhichWeek",
-                                                               "WhichWeekday"};
+constexpr auto schedDataMembers = std::to_array<std::string_view>({"AddNolOverride",
+                                                                   "AutoPurge",
+                                                                   "ClientMachineId",
+                                                                   "CreateFiles",
+                                                                   "DBFinalDateTime",
+                                                                   "DBFirstDateTime",
+                                                                   "EditorName",
+                                                                   "FinalDateTime",
+                                                                   "FirstDateTime",
+                                                                   "Frequency",
+                                                                   "GetOverride",
+                                                                   "Overrides",
+                                                                   "HomOvr",
+                                                                   "Id",
+                                                                   "IncludeDayAfterHol",
+                                                                   "IncludeFridays",
+                                                                   "IncludeHolidays",
+                                                                   "IncludeMondays",
+                                                                   "IncludeSaturdays",
+                                                                   "IncludeSundays",
+                                                                   "IncludeThursdays",
+                                                                   "IncludeTuesdays",
+                                                                   "IncludeWednesdays",
+                                                                   "InitEdit",
+                                                                   "InitNew",
+                                                                   "IsNew",
+                                                                   "IsOverride",
+                                                                   "LastRunDate",
+                                                                   "NextRunDate",
+                                                                   "Periodicity",
+                                                                   "PlmOvr",
+                                                                   "PurgeInterval",
+                                                                   "RemoveNolOverride",
+                                                                   "RetrieveMode",
+                                                                   "RfcOvr",
+                                                                   "RptGrpId",
+                                                                   "RunMode",
+                                                                   "SaveNolOverrides",
+                                                                   "ScheduleActive",
+                                                                   "SubFolderName",
+                                                                   "VcsOvr",
+                                                                   "WhichMonthDate",
+                                                                   "WhichWeek",
+                                                                   "WhichWeekday"});
 
-constexpr std::array<std::string_view, 8> overrideMembers = {
-    "ClearLog",   "Duration",         "Initialize",     "OverrideType",
-    "ScenarioId", "Polling_Interval", "Retrieve_Delay", "NOL_OverrideId"};
+constexpr auto overrideMembers =
+    std::to_array<std::string_view>({"ClearLog", "Duration", "Initialize", "OverrideType", "ScenarioId",
+                                     "Polling_Interval", "Retrieve_Delay", "NOL_OverrideId"});
 
-constexpr std::array<std::string_view, 7> scheduleMembers = {
-    "EnableExcludeCtls", "InitControls", "SetCtlsDaily", "SetCtlsHourly",
-    "SetCtlsMonthly",    "SetCtlsOnce",  "SetCtlsWeekly"};
+constexpr auto scheduleMembers =
+    std::to_array<std::string_view>({"EnableExcludeCtls", "InitControls", "SetCtlsDaily", "SetCtlsHourly",
+                                     "SetCtlsMonthly", "SetCtlsOnce", "SetCtlsWeekly"});
 
-constexpr std::array<std::string_view, 3> generalOutside = {"XMarlet", "XAmbitPurge", "XAmbitDownload"};
-constexpr std::array<std::string_view, 3> scheduleOutside = {"SSDateCombo", "SSDateCombo", "DTPicker"};
-constexpr std::array<std::string_view, 1> scenarioOutside = {"XMarlet"};
+constexpr auto generalOutside = std::to_array<std::string_view>({"XMarlet", "XAmbitPurge", "XAmbitDownload"});
+constexpr auto scheduleOutside = std::to_array<std::string_view>({"SSDateCombo", "SSDateCombo", "DTPicker"});
+constexpr auto scenarioOutside = std::to_array<std::string_view>({"XMarlet"});
 
 template <class Class, class Base = Class>
 PublishedObject Create() {

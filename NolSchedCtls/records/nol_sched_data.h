@@ -50,7 +50,8 @@ struct InitEditArguments {
 };
 
 // Properties check nothing: a range belongs to the tab or control that edits the value. Yes and no are "Y"
-// and "N", and only exactly "Y" counts as yes. One thread at a time; shared by all tabs and their host.
+// and "N", and only exactly "Y" counts as yes. What is the host's own no tab reads or writes. One thread at a
+// time; shared by all tabs and their host.
 class NOLSCHED_API CNolSchedData {
   public:
     using OverrideCollection = KeyedCollection<std::shared_ptr<CNolOverride>>;
@@ -62,7 +63,8 @@ class NOLSCHED_API CNolSchedData {
     std::int32_t Id = 0;
     DateTime FirstDateTime = 0;  // the first run's date, and the time of day of all runs
     DateTime FinalDateTime = 0;  // on the day MAppConstants::NoEndDate: no end
-    DateTime NextRunDate = 0;
+    DateTime NextRunDate =
+        0;  // the host's own, as LastRunDate, ScheduleActive, ClientMachineId, SubFolderName
     std::int32_t WhichMonthDate = 0;  // code "M": 1 to 28, 0 for the last day
     std::int32_t WhichWeek = 0;       // code "A": 1 to 4, 0 for the last
     std::int32_t WhichWeekday = 0;    // codes "W" and "A": 1 "Sunday" to 7 "Saturday"
@@ -79,10 +81,10 @@ class NOLSCHED_API CNolSchedData {
     std::string IncludeHolidays;
     std::string IncludeDayAfterHol;
     std::int32_t ClientMachineId = 0;
-    std::int32_t RptGrpId = 0;  // Id of the study group
-    std::string RunMode;        // "S" scheduled, "I" immediate
-    std::string RetrieveMode;
-    std::string AutoPurge;
+    std::int32_t RptGrpId = 0;       // Id of the study group
+    std::string RunMode;             // "S" scheduled, "I" immediate
+    std::string RetrieveMode;        // download: "A" automatic, "M" manual
+    std::string AutoPurge;           // "Y" purges after PurgeInterval, "N" never
     std::int32_t PurgeInterval = 0;  // days
     std::string SubFolderName;
     std::string CreateFiles;

@@ -15,9 +15,15 @@ std::shared_ptr<CNolOverride> OverrideOfRow(const ILintelRows& rows) {
         return LintelDb().FieldToNumber(rows.Fields(column), 0);
     };
     const auto text = [&rows](const char* column) { return FieldToText(rows.Fields(column)); };
+    // In the order of the columns, so that of two bad ones the first is told.
+    const auto nId = number("NOL_OverrideId");
+    std::string sType = text("Type");
+    const auto nScenarioId = number("ScenarioId");
+    const auto nDuration = number("Duration");
+    const auto nPolling = number("Polling_Interval");
+    const auto nDelay = number("Retrieve_Delay");
     auto item = std::make_shared<CNolOverride>();
-    item->Initialize(number("NOL_OverrideId"), text("Type"), number("ScenarioId"), number("Duration"),
-                     number("Polling_Interval"), number("Retrieve_Delay"), text("ClearLog"));
+    item->Initialize(nId, std::move(sType), nScenarioId, nDuration, nPolling, nDelay, text("ClearLog"));
     return item;
 }
 

@@ -44,5 +44,13 @@ TEST(ScheduleEvents, ADateFieldShowsTheEditFormatWhileItHasTheFocus) {
     EXPECT_EQ(texts(), "Monday, March 02, 2026; Saturday, January 09, 2027");
 }
 
+TEST(ScheduleEvents, AClickInAHiddenDayListPutsTheTwoListsOutOfStep) {
+    const InstalledWorld world;
+    OpenTab open(RecordOf("D", 1, 0, 0, 4));
+    EXPECT_TRUE(open.tab.cboPeriod.Pick("Weekly"));
+    EXPECT_EQ(open.changes, 2);
+    EXPECT_EQ(StateOf(open.tab), "Weekly 1/52 Sunday/7 1st/29 000000011 0 ev e- ev");
+}
+
 }  // namespace
 }  // namespace NolSchedCtls::Testing

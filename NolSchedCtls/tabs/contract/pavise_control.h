@@ -1,6 +1,7 @@
 // What every tab offers its host.
 //
-// Call order: LoadData first. SaveData only after an IsTabValid that gave true, since it converts texts
+// Call order: LoadData first, once for each tab: a tab that has shown another record keeps what that has left
+// in hidden lists and texts. SaveData only after an IsTabValid that gave true, since it converts texts
 // unchecked. All calls come on the thread that made the tab. No tab relies on an order among the tabs.
 #pragma once
 
@@ -17,14 +18,18 @@ class CPaviseNotify;
 class NOLSCHED_API IPaviseControl {
   public:
     virtual ~IPaviseControl() = default;
-    virtual bool HandleTabProcess(const std::string& sProcess) = 0;
+    virtual bool HandleTabProcess(const std::string& sProcess) = 0;  // whether the tab dealt with it
     // Shows the first failure in a box of its own, under the title, and sets the focus.
     virtual bool IsTabValid(const std::string& sMsgBoxTitle) = 0;
+    // For what a tab remembers from one entry to the next: LoadState before LoadData, SaveState after the
+    // host has stored the entry.
     virtual void LoadState() = 0;
     // Writes the view to the record.
     virtual void SaveData() = 0;
     // Keeps the record and the notifier, both shared with the host, and fills the view. The tab reports
-    // changes while it loads, like a user's. A failure leaves the earlier steps in force.
+    // changes while it loads, like a user's. Throws NolSchedError for no record, before it keeps anything,
+    // and for one that it cannot show; the steps before stay in force. No notifier: the tab tells nobody.
+    // sName is for tabs of other documents; the six here do not read it.
     virtual void LoadData(std::shared_ptr<CNolSchedData> v, const std::string& sName,
                           std::shared_ptr<CPaviseNotify> dtN) = 0;
     virtual void SaveState() = 0;

@@ -7,6 +7,12 @@ namespace NolSchedCtls {
 
 bool PaviseTab::HandleTabProcess(const std::string& /*sProcess*/) { return false; }
 
+void PaviseTab::Keep(std::shared_ptr<CNolSchedData> v, std::shared_ptr<CPaviseNotify> dtN) {
+    if (!v) throw NolSchedError("There is no record to load.");
+    cpvnNotify = std::move(dtN);
+    cSchedData = std::move(v);
+}
+
 void PaviseTab::NotifyChanged() const {
     if (cpvnNotify) cpvnNotify->MarkChanged();
 }

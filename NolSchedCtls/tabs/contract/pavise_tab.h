@@ -16,6 +16,8 @@ class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
     void SaveState() override {}
 
   protected:
+    // The first step of a load. Throws NolSchedError for no record.
+    void Keep(std::shared_ptr<CNolSchedData> v, std::shared_ptr<CPaviseNotify> dtN);
     // Tells the host of an edit; nothing without a notifier.
     void NotifyChanged() const;
     // The tab's own error box with a stop sign.

@@ -1,5 +1,7 @@
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 
+#include <array>
+
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
@@ -36,12 +38,15 @@ struct XNolSchedGenTab::KindBox {
     bool fWritesFlagAtClick;  // the others' flags follow at the save
 };
 
-constinit const XNolSchedGenTab::KindBox XNolSchedGenTab::kindBoxes[4] = {
-    {&XNolSchedGenTab::chkHom, *FindStudyKind(MAppConstants::homStudy), true},
-    {&XNolSchedGenTab::chkPlm, *FindStudyKind(MAppConstants::plmStudy), false},
-    {&XNolSchedGenTab::chkRfc, *FindStudyKind(MAppConstants::rfcStudy), false},
-    {&XNolSchedGenTab::chkVcs, *FindStudyKind(MAppConstants::vcsStudy), false},
-};
+std::span<const XNolSchedGenTab::KindBox> XNolSchedGenTab::KindBoxes() {
+    static constexpr std::array kindBoxes = {
+        KindBox{&XNolSchedGenTab::chkHom, *FindStudyKind(MAppConstants::homStudy), true},
+        KindBox{&XNolSchedGenTab::chkPlm, *FindStudyKind(MAppConstants::plmStudy), false},
+        KindBox{&XNolSchedGenTab::chkRfc, *FindStudyKind(MAppConstants::rfcStudy), false},
+        KindBox{&XNolSchedGenTab::chkVcs, *FindStudyKind(MAppConstants::vcsStudy), false},
+    };
+    return kindBoxes;
+}
 
 XNolSchedGenTab::XNolSchedGenTab() {
     cSchedData = std::make_shared<CNolSchedData>();
@@ -51,7 +56,7 @@ XNolSchedGenTab::XNolSchedGenTab() {
 }
 
 void XNolSchedGenTab::ConnectFields() {
-    for (const KindBox& kindBox : kindBoxes)
+    for (const KindBox& kindBox : KindBoxes())
         (this->*kindBox.pBox).Clicked.Connect([this, &kindBox] { KindBoxClicked(kindBox); });
     chkCreateFiles.Clicked.Connect([this] { NotifyChanged(); });
     ctlDownloadOptions.Changed.Connect([this] { NotifyChanged(); });
@@ -63,13 +68,12 @@ void XNolSchedGenTab::ConnectFields() {
 
 void XNolSchedGenTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::string& /*sName*/,
                                std::shared_ptr<CPaviseNotify> dtN) {
-    cpvnNotify = std::move(dtN);
+    Keep(std::move(v), std::move(dtN));
     stateChange =
         !cpvnNotify ? Connection()
                     : cpvnNotify->PaviseStateChange.Connect([this](const std::string& sTabName, bool fState) {
                           PaviseStateChange(sTabName, fState);
                       });
-    cSchedData = std::move(v);
     fdocRptGroup.RestoreState(CaddisPickerStates().PickerStates().StatesForType(GroupType()));
     ShowGroup();
     CheckPurge();
@@ -98,15 +102,15 @@ void XNolSchedGenTab::CheckPurge() {
 }
 
 void XNolSchedGenTab::ShowFlags() {
-    for (const KindBox& kindBox : kindBoxes)
+    for (const KindBox& kindBox : KindBoxes())
         (this->*kindBox.pBox).SetValue(BoxOfFlag((*cSchedData).*kindBox.kind.pFlag));
     chkCreateFiles.SetValue(BoxOfFlag(cSchedData->CreateFiles));
 }
 
 void XNolSchedGenTab::EnableKindBoxes() {
-    for (const KindBox& kindBox : kindBoxes) (this->*kindBox.pBox).SetEnabled(false);
+    for (const KindBox& kindBox : KindBoxes()) (this->*kindBox.pBox).SetEnabled(false);
     for (const auto& [key, item] : cSchedData->Overrides())
-        for (const KindBox& kindBox : kindBoxes)
+        for (const KindBox& kindBox : KindBoxes())
             if (kindBox.kind.sKey == item->OverrideType) (this->*kindBox.pBox).SetEnabled(true);
 }
 
@@ -130,7 +134,7 @@ void XNolSchedGenTab::SaveData() {
     cSchedData->PurgeInterval = ctlPurgeOptions.PurgeDays();
     cSchedData->RetrieveMode = ctlDownloadOptions.DownloadMode();
     cSchedData->CreateFiles = FlagOfBox(chkCreateFiles);
-    for (const KindBox& kindBox : kindBoxes)
+    for (const KindBox& kindBox : KindBoxes())
         (*cSchedData).*kindBox.kind.pFlag = FlagOfBox(this->*kindBox.pBox);
 }
 
@@ -148,7 +152,7 @@ void XNolSchedGenTab::KindBoxClicked(const KindBox& kindBox) {
 }
 
 void XNolSchedGenTab::PaviseStateChange(const std::string& sTabName, bool fState) {
-    for (const KindBox& kindBox : kindBoxes)
+    for (const KindBox& kindBox : KindBoxes())
         if (kindBox.kind.sKey == sTabName) (this->*kindBox.pBox).SetValue(fState ? 1 : 0);
 }
 

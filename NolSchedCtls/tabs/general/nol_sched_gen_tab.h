@@ -1,6 +1,8 @@
 // The first page of an entry: study group, purge and download options, and the boxes of the four overrides.
 #pragma once
 
+#include <span>
+
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
 #include "NolSchedCtls/toolkit/check_box.h"
@@ -37,7 +39,7 @@ class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
 
   private:
     struct KindBox;
-    static const KindBox kindBoxes[4];
+    static std::span<const KindBox> KindBoxes();
 
     void ConnectFields();
     void ShowGroup();

@@ -80,13 +80,12 @@ void NolSchedOverrideTab::TabOverride(const std::string& TheName, bool TheState)
 
 void NolSchedOverrideTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::string& /*sName*/,
                                    std::shared_ptr<CPaviseNotify> dtN) {
-    cpvnNotify = std::move(dtN);
+    Keep(std::move(v), std::move(dtN));
     tabOverride = !cpvnNotify
                       ? Connection()
                       : cpvnNotify->TabOverride.Connect([this](const std::string& TheName, bool TheState) {
                             TabOverride(TheName, TheState);
                         });
-    cSchedData = std::move(v);
     sOverrideKey = kind.study.sKey;
     if (scenario)
         scenario->fdocCBScenario.RestoreState(

@@ -53,6 +53,15 @@ void XNolScheduleTab::ShowEnd() {
     txtNoEndDate.SetVisible(!hasEnd);
 }
 
+void XNolScheduleTab::SetEndDateCtls() {
+    chkEndDate.SetEnabled(cboPeriod.Text() != periodOnce);
+    chkEndDate.SetValue(chkEndDate.Enabled() ? chkEndDate.Value() : 0);
+    SSDEndDate.SetVisible(chkEndDate.Value() == 1 && chkEndDate.Enabled());
+    SSDEndDate.SetEnabled(chkEndDate.Enabled());
+    txtNoEndDate.SetVisible(!SSDEndDate.Visible());
+    txtNoEndDate.SetEnabled(chkEndDate.Enabled());
+}
+
 DateTime XNolScheduleTab::GetFirstDateTime() const {
     return ReadField(SSDStartDate, SSDStartDate.Text() + " " + std::to_string(dtpStartTime.Hour()) + ":" +
                                        std::to_string(dtpStartTime.Minute()));

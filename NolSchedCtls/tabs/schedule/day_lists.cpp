@@ -1,4 +1,4 @@
-// The two day lists, which refill each other, the boxes that go with them, and the fields of the end date.
+// The two day lists, which refill each other, and the boxes that go with them.
 #include <algorithm>
 
 #include "NolSchedCtls/services/provider.h"
@@ -12,11 +12,11 @@ namespace {
 
 constexpr std::size_t lastPosition = 29;  // of MonthDayNames
 
-// The numbers that a weekday can have, and "5th"; the others leave "Day" as the only name.
-constexpr std::array<std::string_view, 6> lowNumbers = {"1st", "2nd", "3rd", "4th", "5th", lastOfMonth};
-
-bool IsLowNumber(std::string_view text) {
-    return std::find(lowNumbers.begin(), lowNumbers.end(), text) != lowNumbers.end();
+// The numbers that offer the weekdays beside "Day". A weekday has no "5th": who picks it there and then a
+// weekday gets the short number list, which lacks it, and SelectAgain falls back on "1st".
+bool OffersWeekdays(std::string_view sNumber) {
+    constexpr std::array<std::string_view, 6> numbers = {"1st", "2nd", "3rd", "4th", "5th", lastOfMonth};
+    return std::ranges::find(numbers, sNumber) != numbers.end();
 }
 
 void SelectAgain(DropDownList& list, const std::string& remembered) {
@@ -57,7 +57,7 @@ void XNolScheduleTab::RefreshDayNumList() {
 
 void XNolScheduleTab::RefreshDayNameList() {
     const std::string remembered = cboDayName.Text();
-    LoadDayNameList(IsLowNumber(cboDayNum.Text()) ? DayNames::Full : DayNames::DayOnly);
+    LoadDayNameList(OffersWeekdays(cboDayNum.Text()) ? DayNames::Full : DayNames::DayOnly);
     SelectAgain(cboDayName, remembered);
 }
 
@@ -66,13 +66,17 @@ void XNolScheduleTab::EnableExcludeCtls(const bool& fDaysState, const bool& fHol
         cbExcludeDay[index].SetEnabled(index < weekdayExclusions ? fDaysState : fHolState);
 }
 
-void XNolScheduleTab::SetEndDateCtls() {
-    chkEndDate.SetEnabled(cboPeriod.Text() != periodOnce);
-    chkEndDate.SetValue(chkEndDate.Enabled() ? chkEndDate.Value() : 0);
-    SSDEndDate.SetVisible(chkEndDate.Value() == 1 && chkEndDate.Enabled());
-    SSDEndDate.SetEnabled(chkEndDate.Enabled());
-    txtNoEndDate.SetVisible(!SSDEndDate.Visible());
-    txtNoEndDate.SetEnabled(chkEndDate.Enabled());
+// A parity, not a lock. As a rule a click turns the toggle on and refreshes the other list, whose own click
+// turns it off again and ends there. But the click of a hidden name list refreshes nothing (see
+// RefreshDayNumList), no second click follows, and the toggle stays on: the next click of either list then
+// only turns it off. So an entry that is loaded as "Daily" with another weekday than the first leaves the
+// number list as it is when the user goes to "Weekly".
+void XNolScheduleTab::DayListClicked(void (XNolScheduleTab::*pRefresh)()) {
+    if (fLoading) return;
+    fDaySyncToggle = !fDaySyncToggle;
+    if (!fDaySyncToggle) return;
+    (this->*pRefresh)();
+    NotifyChanged();
 }
 
 }  // namespace NolSchedCtls

@@ -1,6 +1,8 @@
 // The recurrence and the exclusions between record and view.
-#include <charconv>
+#include <algorithm>
+#include <array>
 
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/tabs/schedule/exclusions.h"
 #include "NolSchedCtls/tabs/schedule/load_step.h"
@@ -11,27 +13,35 @@ namespace NolSchedCtls {
 
 namespace {
 
-struct PeriodCode {
-    std::string_view sCode;
-    std::string_view sText;
-};
-
-constexpr std::string_view codeOfDay = "M";
-constexpr std::string_view codeOfWeekday = "A";
-constexpr std::array periodCodes = {
-    PeriodCode{"O", periodOnce},          PeriodCode{"H", periodHourly},
-    PeriodCode{"D", periodDaily},         PeriodCode{"W", periodWeekly},
-    PeriodCode{codeOfDay, periodMonthly}, PeriodCode{codeOfWeekday, periodMonthly},
-};
-
 constexpr int lastDayIndex = 28;
 constexpr int lastWeekIndex = 4;
 
-std::string_view PeriodCodeToText(std::string_view sCode) {
-    for (const PeriodCode& row : periodCodes)
-        if (row.sCode == sCode) return row.sText;
-    return {};
+// A code with what it shows in cboPeriod and, where it has one, the number that it shows in cboDayNum.
+struct PeriodCode {
+    std::string_view sCode;
+    std::string_view sText;
+    const char* sNumber = "";  // the property's name
+    std::int32_t CNolSchedData::*pNumber = nullptr;
+    int nLastIndex = 0;  // of the entry that stands for 0
+};
+
+constexpr std::string_view codeOfDay = "M";
+constexpr std::array periodCodes = {
+    PeriodCode{"O", periodOnce},
+    PeriodCode{"H", periodHourly},
+    PeriodCode{"D", periodDaily},
+    PeriodCode{"W", periodWeekly},
+    PeriodCode{codeOfDay, periodMonthly, "WhichMonthDate", &CNolSchedData::WhichMonthDate, lastDayIndex},
+    PeriodCode{"A", periodMonthly, "WhichWeek", &CNolSchedData::WhichWeek, lastWeekIndex},
+};
+
+// A row without texts for a code that is none.
+PeriodCode RowOfCode(std::string_view sCode) {
+    const auto* const row = std::ranges::find(periodCodes, sCode, &PeriodCode::sCode);
+    return row == periodCodes.end() ? PeriodCode{} : *row;
 }
+
+std::string_view PeriodCodeToText(std::string_view sCode) { return RowOfCode(sCode).sText; }
 
 // Two codes share "Monthly"; whether a day or a weekday is chosen tells them apart.
 std::string_view PeriodTextToCode(std::string_view sText, bool fDay) {
@@ -56,8 +66,7 @@ CNolSchedData& XNolScheduleTab::Record() const {
 
 void XNolScheduleTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::string& /*sName*/,
                                std::shared_ptr<CPaviseNotify> dtN) {
-    cpvnNotify = std::move(dtN);
-    cSchedData = std::move(v);
+    Keep(std::move(v), std::move(dtN));
     SetCtlsFromData();
 }
 
@@ -71,8 +80,8 @@ void XNolScheduleTab::SetCtlsFromData() {
                  [&] { cboPeriod.SetText(PeriodCodeToText(data.Periodicity)); });
     ShowProperty("Frequency", data.Frequency, [this] { ShowFrequency(); });
     ShowProperty("WhichWeekday", data.WhichWeekday, [this] { cboDayName.SetText(GetDayNameText()); });
-    const bool isWeek = data.Periodicity == codeOfWeekday;
-    ShowProperty(isWeek ? "WhichWeek" : "WhichMonthDate", isWeek ? data.WhichWeek : data.WhichMonthDate,
+    const PeriodCode code = RowOfCode(data.Periodicity);
+    ShowProperty(code.sNumber, code.pNumber == nullptr ? 0 : data.*code.pNumber,
                  [this] { cboDayNum.SetListIndex(GetDayNumIndex()); });
     ShowExclusions();
 }
@@ -95,10 +104,8 @@ std::string XNolScheduleTab::GetDayNameText() const {
 }
 
 int XNolScheduleTab::GetDayNumIndex() const {
-    const CNolSchedData& data = Record();
-    if (data.Periodicity == codeOfDay) return IndexOfNumber(data.WhichMonthDate, lastDayIndex);
-    if (data.Periodicity == codeOfWeekday) return IndexOfNumber(data.WhichWeek, lastWeekIndex);
-    return 0;
+    const PeriodCode code = RowOfCode(Record().Periodicity);
+    return code.pNumber == nullptr ? 0 : IndexOfNumber(Record().*code.pNumber, code.nLastIndex);
 }
 
 void XNolScheduleTab::SetDataFromCtls() const {
@@ -115,31 +122,32 @@ void XNolScheduleTab::SetDataFromCtls() const {
 }
 
 std::int32_t XNolScheduleTab::GetFrequency() const {
-    const std::string& text = cboFrequency.Text();
-    std::int32_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size())
-        throw NolSchedError("The field cboFrequency holds " + Quoted(text) + ", which is no number.");
-    return number;
+    if (const auto number = ParseWhole(cboFrequency.Text())) return *number;
+    throw NolSchedError("The field cboFrequency holds " + Quoted(cboFrequency.Text()) +
+                        ", which is no number.");
 }
 
-bool XNolScheduleTab::IsMonthlyOn(bool fDay) const {
-    return cboPeriod.Text() == periodMonthly && (cboDayName.Text() == dayOfMonth) == fDay;
+bool XNolScheduleTab::IsOnDayOfMonth() const {
+    return cboPeriod.Text() == periodMonthly && cboDayName.Text() == dayOfMonth;
+}
+
+bool XNolScheduleTab::IsOnWeekdayOfMonth() const {
+    return cboPeriod.Text() == periodMonthly && cboDayName.Text() != dayOfMonth;
 }
 
 std::int32_t XNolScheduleTab::GetWhichMonthDate() const {
-    if (!IsMonthlyOn(true) || cboDayNum.Text() == lastOfMonth) return 0;
+    if (!IsOnDayOfMonth() || cboDayNum.Text() == lastOfMonth) return 0;
     return cboDayNum.ListIndex() + 1;
 }
 
 std::int32_t XNolScheduleTab::GetWhichWeek() const {
-    if (!IsMonthlyOn(false) || cboDayNum.ListIndex() >= lastWeekIndex) return 0;
+    if (!IsOnWeekdayOfMonth() || cboDayNum.ListIndex() >= lastWeekIndex) return 0;
     return cboDayNum.ListIndex() + 1;
 }
 
 std::int32_t XNolScheduleTab::GetWhichWeekday() const {
-    const bool hasDayName = cboPeriod.Text() == periodWeekly || cboPeriod.Text() == periodMonthly;
-    if (!hasDayName || cboDayName.Text() == dayOfMonth) return 1;
+    const bool isWeekly = cboPeriod.Text() == periodWeekly && cboDayName.Text() != dayOfMonth;
+    if (!isWeekly && !IsOnWeekdayOfMonth()) return 1;
     return DayConversion().DayNumberOfName(cboDayName.Text());
 }
 

@@ -87,13 +87,4 @@ void XNolScheduleTab::ConnectDateField(SSDateCombo& field) {
     });
 }
 
-// The refresh selects in the other list, whose click ends here at the toggle.
-void XNolScheduleTab::DayListClicked(void (XNolScheduleTab::*pRefresh)()) {
-    if (fLoading) return;
-    fDaySyncToggle = !fDaySyncToggle;
-    if (!fDaySyncToggle) return;
-    (this->*pRefresh)();
-    NotifyChanged();
-}
-
 }  // namespace NolSchedCtls

@@ -1,6 +1,6 @@
 // The five modes: which fields follow cboPeriod, where they stand, what the lists offer.
 #include <algorithm>
-#include <iterator>
+#include <array>
 #include <optional>
 
 #include "NolSchedCtls/services/provider.h"
@@ -11,7 +11,7 @@ namespace NolSchedCtls {
 
 namespace {
 
-// A bit for each field of the row, in its order.
+// Which fields of the row a mode shows.
 enum RowBit : unsigned {
     onThe = 1U << 0U,
     dayNum = 1U << 1U,
@@ -22,6 +22,25 @@ enum RowBit : unsigned {
     frequency = 1U << 6U,
     unit = 1U << 7U,
 };
+
+struct RowField {
+    RowBit bit;
+    ViewField* field;
+};
+
+// What may follow cboPeriod, in the order of the sentence.
+auto RowOf(XNolScheduleTab& tab) {
+    return std::to_array<RowField>({
+        {onThe, &tab.lblOnThe},
+        {dayNum, &tab.cboDayNum},
+        {on, &tab.lblOn},
+        {dayName, &tab.cboDayName},
+        {every, &tab.lblEvery},
+        {ofEvery, &tab.lblOfEvery},
+        {frequency, &tab.cboFrequency},
+        {unit, &tab.lblUnit},
+    });
+}
 
 enum ModeIndex : std::size_t { once, hourly, daily, weekly, monthly };
 
@@ -35,50 +54,74 @@ std::array<std::string, mostFrequencies> NumberTexts() {
 
 }  // namespace
 
+// What a mode does to the fields of the end date. Daily leaves the date itself as the mode before left it:
+// after Once it stays disabled until the box is clicked.
+enum class XNolScheduleTab::EndDate { Refreshed, BoxAlone };
+
 struct XNolScheduleTab::FrequencyMode {
     std::string_view sPeriod;  // in cboPeriod
     std::string_view sKey;     // of that text in PeriodNames
-    std::string_view sUnit;
-    int nFrequencies;  // 1 to this; 0 leaves list and unit as they are
-    unsigned nRow;     // the row bits of what the mode shows
-    std::optional<DayNames> dayNames;
-    bool fSetsEndDate;  // otherwise the box alone is enabled
-    bool fDaysState;
-    bool fHolState;
+    std::string_view sUnit = {};
+    int nFrequencies = 0;  // 1 to this; 0 leaves list and unit as they are
+    unsigned nRow = 0;     // RowBits
+    std::optional<DayNames> dayNames = {};
+    EndDate endDate = EndDate::Refreshed;
+    bool fDaysState = true;
+    bool fHolState = true;
 };
 
 // In the order of cboPeriod's list.
-constinit const XNolScheduleTab::FrequencyMode XNolScheduleTab::frequencyModes[5] = {
-    {periodOnce, "O", "", 0, 0, {}, true, false, false},
-    {periodHourly, "H", "Period(s)", 24, every | frequency | unit, {}, true, true, true},
-    {periodDaily, "D", " day(s)", 7, every | frequency | unit, {}, false, true, true},
-    {periodWeekly, "W", " week(s)", mostFrequencies, on | dayName | every | frequency | unit,
-     DayNames::Weekdays, true, false, true},
-    {periodMonthly, "A", " month(s)", 12, onThe | dayNum | dayName | ofEvery | frequency | unit,
-     DayNames::Full, true, true, true},
-};
+std::span<const XNolScheduleTab::FrequencyMode> XNolScheduleTab::FrequencyModes() {
+    static constexpr std::array modes = {
+        FrequencyMode{.sPeriod = periodOnce, .sKey = "O", .fDaysState = false, .fHolState = false},
+        FrequencyMode{.sPeriod = periodHourly,
+                      .sKey = "H",
+                      .sUnit = "Period(s)",
+                      .nFrequencies = 24,
+                      .nRow = every | frequency | unit},
+        FrequencyMode{.sPeriod = periodDaily,
+                      .sKey = "D",
+                      .sUnit = " day(s)",
+                      .nFrequencies = 7,
+                      .nRow = every | frequency | unit,
+                      .endDate = EndDate::BoxAlone},
+        FrequencyMode{.sPeriod = periodWeekly,
+                      .sKey = "W",
+                      .sUnit = " week(s)",
+                      .nFrequencies = mostFrequencies,
+                      .nRow = on | dayName | every | frequency | unit,
+                      .dayNames = DayNames::Weekdays,
+                      .fDaysState = false},
+        FrequencyMode{.sPeriod = periodMonthly,
+                      .sKey = "A",
+                      .sUnit = " month(s)",
+                      .nFrequencies = 12,
+                      .nRow = onThe | dayNum | dayName | ofEvery | frequency | unit,
+                      .dayNames = DayNames::Full},
+    };
+    return modes;
+}
 
-void XNolScheduleTab::SetCtlsOnce() { SetCtls(frequencyModes[once]); }
+void XNolScheduleTab::SetCtlsOnce() { SetCtls(FrequencyModes()[once]); }
 
-void XNolScheduleTab::SetCtlsHourly() { SetCtls(frequencyModes[hourly]); }
+void XNolScheduleTab::SetCtlsHourly() { SetCtls(FrequencyModes()[hourly]); }
 
-void XNolScheduleTab::SetCtlsDaily() { SetCtls(frequencyModes[daily]); }
+void XNolScheduleTab::SetCtlsDaily() { SetCtls(FrequencyModes()[daily]); }
 
-void XNolScheduleTab::SetCtlsWeekly() { SetCtls(frequencyModes[weekly]); }
+void XNolScheduleTab::SetCtlsWeekly() { SetCtls(FrequencyModes()[weekly]); }
 
-void XNolScheduleTab::SetCtlsMonthly() { SetCtls(frequencyModes[monthly]); }
+void XNolScheduleTab::SetCtlsMonthly() { SetCtls(FrequencyModes()[monthly]); }
 
 void XNolScheduleTab::SetCtlsOfPeriod() {
-    const auto* mode = std::find_if(std::begin(frequencyModes), std::end(frequencyModes),
-                                    [this](const auto& m) { return m.sPeriod == cboPeriod.Text(); });
-    if (mode != std::end(frequencyModes)) SetCtls(*mode);
+    const auto modes = FrequencyModes();
+    const auto mode = std::ranges::find(modes, cboPeriod.Text(), &FrequencyMode::sPeriod);
+    if (mode != modes.end()) SetCtls(*mode);
 }
 
 void XNolScheduleTab::SetCtls(const FrequencyMode& mode) {
-    for (std::size_t place = 0; place < row.size(); ++place)
-        row[place]->SetVisible((mode.nRow >> place & 1U) != 0);
+    for (const RowField& place : RowOf(*this)) place.field->SetVisible((mode.nRow & place.bit) != 0);
     if (mode.nFrequencies > 0) lblUnit.SetCaption(std::string(mode.sUnit));
-    if (mode.fSetsEndDate)
+    if (mode.endDate == EndDate::Refreshed)
         SetEndDateCtls();
     else
         chkEndDate.SetEnabled(true);
@@ -94,15 +137,15 @@ void XNolScheduleTab::SetCtls(const FrequencyMode& mode) {
 // Flush after cboPeriod; what is hidden stays where it was.
 void XNolScheduleTab::PackRow() {
     const ViewField* before = &cboPeriod;
-    for (ViewField* field : row) {
-        if (!field->Visible()) continue;
-        field->SetLeft(before->Left() + before->Width());
-        before = field;
+    for (const RowField& place : RowOf(*this)) {
+        if (!place.field->Visible()) continue;
+        place.field->SetLeft(before->Left() + before->Width());
+        before = place.field;
     }
 }
 
 void XNolScheduleTab::LoadPeriodList() {
-    for (const FrequencyMode& mode : frequencyModes)
+    for (const FrequencyMode& mode : FrequencyModes())
         cboPeriod.AddItem(CodeTables().PeriodNames().Item(mode.sKey));
     cboPeriod.SetListIndex(hourly);
 }

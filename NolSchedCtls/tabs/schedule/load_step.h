@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "NolSchedCtls/base/error.h"
 
@@ -13,13 +14,10 @@ inline std::string ValueText(auto number) { return std::to_string(number); }
 // Runs the step that shows a property. A view field's failure names what the view lacks; this puts the
 // record's property and value before it.
 template <class Value, class Step>
-void ShowProperty(const char* sProperty, const Value& value, Step step) {
-    try {
-        step();
-    } catch (const NolSchedError& failure) {
-        throw NolSchedError("The entry's " + std::string(sProperty) + " " + ValueText(value) +
-                            " cannot be shown: " + failure.what());
-    }
+void ShowProperty(std::string_view sProperty, const Value& value, Step step) {
+    Explained(step, [&] {
+        return "The entry's " + std::string(sProperty) + " " + ValueText(value) + " cannot be shown: ";
+    });
 }
 
 }  // namespace NolSchedCtls

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
@@ -65,7 +66,8 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
 
   private:
     struct FrequencyMode;
-    static const FrequencyMode frequencyModes[5];
+    enum class EndDate;
+    static std::span<const FrequencyMode> FrequencyModes();
     enum class DayNames : std::int16_t { Weekdays = 1, Full = 2, DayOnly = 3 };
     enum class DayNumbers : std::int32_t { Long = 4, Short = 5 };
 
@@ -77,7 +79,8 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     void ShowExclusions();
     std::string GetDayNameText() const;
     int GetDayNumIndex() const;
-    bool IsMonthlyOn(bool fDay) const;
+    bool IsOnDayOfMonth() const;
+    bool IsOnWeekdayOfMonth() const;
     std::int32_t GetFrequency() const;
     std::int32_t GetWhichMonthDate() const;
     std::int32_t GetWhichWeek() const;
@@ -87,6 +90,7 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     void SetCtlsDates();
     void ShowStart();
     void ShowEnd();
+    void SetEndDateCtls();
     DateTime GetFirstDateTime() const;
     DateTime GetFinalDateTime() const;
 
@@ -102,24 +106,18 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     void LoadDayNumList(DayNumbers nFill);
     void RefreshDayNameList();
     void RefreshDayNumList();
-    void SetEndDateCtls();
+    void DayListClicked(void (XNolScheduleTab::*pRefresh)());
 
     // events
     void SetDesignSizes();
     void ConnectFields();
     void ConnectDateField(SSDateCombo& field);
-    void DayListClicked(void (XNolScheduleTab::*pRefresh)());
 
     // validation
     bool ValidateSchedule(std::string& sMessage) const;
 
-    // What may follow cboPeriod, in the order of the sentence.
-    std::array<ViewField*, 8> row = {&lblOnThe, &cboDayNum,  &lblOn,        &cboDayName,
-                                     &lblEvery, &lblOfEvery, &cboFrequency, &lblUnit};
-    bool fLoading = true;  // only while the tab is being created
-    // Inverted by every effective click of a day list; a parity, not a lock. It stands false after a click
-    // whose refresh has raised the one nested click of the other list.
-    bool fDaySyncToggle = false;
+    bool fLoading = true;         // only while the tab is being created
+    bool fDaySyncToggle = false;  // inverted by every click of a day list; see DayListClicked
 };
 
 }  // namespace NolSchedCtls

@@ -7,17 +7,25 @@
 
 namespace NolSchedCtls {
 
+namespace {
+
+constexpr const char* allExcluded = "All weekdays have been excluded.  Report group can never be run";
+constexpr const char* endsBeforeStart = "Start Date is after End Date.  Report group can never be run";
+constexpr const char* endIsPast = "End Date is in the past.  Report group can never be run";
+
+}  // namespace
+
 bool XNolScheduleTab::ValidateSchedule(std::string& sMessage) const {
-    const auto refuse = [&sMessage](const char* reason) {
-        sMessage = std::string(reason) + ".  Report group can never be run";
+    const auto refuse = [&sMessage](const char* refusal) {
+        sMessage = refusal;
         return false;
     };
     if (std::all_of(cbExcludeDay.begin(), cbExcludeDay.begin() + weekdayExclusions,
                     [](const CheckBox& box) { return box.Value() == 1; }))
-        return refuse("All weekdays have been excluded");
+        return refuse(allExcluded);
     if (chkEndDate.Value() != 1) return true;
-    if (SSDEndDate.DateValue() < SSDStartDate.DateValue()) return refuse("Start Date is after End Date");
-    if (SSDEndDate.DateValue() < DateOf(Clock().Now())) return refuse("End Date is in the past");
+    if (SSDEndDate.DateValue() < SSDStartDate.DateValue()) return refuse(endsBeforeStart);
+    if (SSDEndDate.DateValue() < DateOf(Clock().Now())) return refuse(endIsPast);
     return true;
 }
 
