@@ -18,7 +18,6 @@ constexpr std::array<std::string_view, 7> weekdayNames = {"Sunday",   "Monday", 
 constexpr std::array<std::string_view, 12> monthNames = {"January",   "February", "March",    "April",
                                                          "May",       "June",     "July",     "August",
                                                          "September", "October",  "November", "December"};
-constexpr std::array<std::string_view, 3> shortFormats = {"M/D/YYYY", "D/M/YYYY", "YYYY/M/D"};
 
 struct NumberPiece {
     char letter;
@@ -28,12 +27,11 @@ struct NumberPiece {
     std::size_t mostDigits;
 };
 
-constexpr std::array numberPieces = {
-    NumberPiece{'M', 1, &DateTimeParts::month, 1, 2}, NumberPiece{'M', 2, &DateTimeParts::month, 1, 2},
-    NumberPiece{'D', 1, &DateTimeParts::day, 1, 2}, NumberPiece{'D', 2, &DateTimeParts::day, 1, 2},
-    NumberPiece{'Y', 4, &DateTimeParts::year, 4, 4}};
-
 const NumberPiece* FindNumberPiece(std::string_view piece) {
+    static constexpr std::array numberPieces = {
+        NumberPiece{'M', 1, &DateTimeParts::month, 1, 2}, NumberPiece{'M', 2, &DateTimeParts::month, 1, 2},
+        NumberPiece{'D', 1, &DateTimeParts::day, 1, 2}, NumberPiece{'D', 2, &DateTimeParts::day, 1, 2},
+        NumberPiece{'Y', 4, &DateTimeParts::year, 4, 4}};
     for (const NumberPiece& number : numberPieces)
         if (number.letter == piece.front() && number.length == piece.size()) return &number;
     return nullptr;
@@ -84,6 +82,7 @@ void AppendPiece(std::string& text, std::string_view piece, const DateTimeParts&
 }
 
 std::string_view ShortFormat(IDateSettings& settings) {
+    constexpr std::array<std::string_view, 3> shortFormats = {"M/D/YYYY", "D/M/YYYY", "YYYY/M/D"};
     return shortFormats.at(static_cast<std::size_t>(settings.DateOrder()));
 }
 

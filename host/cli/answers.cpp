@@ -125,16 +125,6 @@ struct AnswerKind {
     Write write;
 };
 
-constexpr std::array answerKinds = {
-    AnswerKind{"message", true, WriteMessage},       AnswerKind{beep, true, WriteValue<beep>},
-    AnswerKind{shown, true, WriteValue<shown>},      AnswerKind{failure, true, WriteValue<failure>},
-    AnswerKind{error, true, WriteValue<error>},      AnswerKind{"look", false, WriteLook},
-    AnswerKind{"record", false, WriteRecord},        AnswerKind{changed, false, WriteValue<changed>},
-    AnswerKind{"valid", false, WriteValid},          AnswerKind{"saved", false, WriteSaved},
-    AnswerKind{"entry", false, WriteEntry},          AnswerKind{"document", false, WriteDocument},
-    AnswerKind{deleted, false, WriteValue<deleted>},
-};
-
 struct ToJson {
     Json operator()(std::monostate) const { return nullptr; }
     template <class T>
@@ -172,6 +162,15 @@ void Answers::Tell(const Json& answer) {
         out << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
         return;
     }
+    static constexpr std::array answerKinds = {
+        AnswerKind{"message", true, WriteMessage},       AnswerKind{beep, true, WriteValue<beep>},
+        AnswerKind{shown, true, WriteValue<shown>},      AnswerKind{failure, true, WriteValue<failure>},
+        AnswerKind{error, true, WriteValue<error>},      AnswerKind{"look", false, WriteLook},
+        AnswerKind{"record", false, WriteRecord},        AnswerKind{changed, false, WriteValue<changed>},
+        AnswerKind{"valid", false, WriteValid},          AnswerKind{"saved", false, WriteSaved},
+        AnswerKind{"entry", false, WriteEntry},          AnswerKind{"document", false, WriteDocument},
+        AnswerKind{deleted, false, WriteValue<deleted>},
+    };
     const auto& key = answer.begin().key();
     const auto* const kind = std::ranges::find(answerKinds, key, &AnswerKind::key);
     if (kind == answerKinds.end()) throw std::logic_error("There is no text for the answer " + key + ".");

@@ -22,38 +22,32 @@ struct FieldText {
     const char* description;
 };
 
-constexpr std::array fieldTexts = {
-    FieldText{"fdocRptGroup", "", "The study group that runs; type a part of its name or pick it."},
-    FieldText{"txtRptGrp", "", "The study group of an immediate entry."},
-    FieldText{"ctlPurgeOptions", "", "Whether and after how many days results are deleted."},
-    FieldText{"ctlDownloadOptions", "", "How results are downloaded."},
-    FieldText{"chkHom", "", "Gives the HOM study settings of its own."},
-    FieldText{"chkPlm", "", "Gives the PLM study settings of its own."},
-    FieldText{"chkRfc", "", "Gives the RF Call Trace study settings of its own."},
-    FieldText{"chkVcs", "", "Gives the VCSA study settings of its own."},
-    FieldText{"chkCreateFiles", "", "Writes .efg and .pfg files of the results."},
-    FieldText{"SSDStartDate", "Start date", "The day of the first run; Alt+Down opens a calendar."},
-    FieldText{"chkEndDate", "", "Ticked if the schedule ends."},
-    FieldText{"SSDEndDate", "End date", "The last day of the schedule; Alt+Down opens a calendar."},
-    FieldText{"txtNoEndDate", "End date", "The schedule has no end."},
-    FieldText{"cboPeriod", "Run", "How the entry recurs; the rest of the sentence follows it."},
-    FieldText{"cboDayNum", "Day number", "Which one of the month."},
-    FieldText{"cboDayName", "Day", "A weekday, or a day of the month."},
-    FieldText{"cboFrequency", "Every", "Runs every so many units."},
-    FieldText{"dtpStartTime", "Starting at", "The time of day of each run."},
-    FieldText{"chkOverride", "", "Gives this study settings of its own; its fields then appear below."},
-    FieldText{"fdocCBScenario", "Scenario", "May be empty; type a part of its name or pick it."},
-    FieldText{"txtDuration", "", "How long the study runs; may be empty."},
-    FieldText{"txtRetrieveDelay", "", "How long after the study its data is collected; may be empty."},
-    FieldText{"txtPollingInterval", "", "How often the study polls; may be empty."},
-};
-
-// A label and the field whose mnemonic it carries.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 4> buddies = {
-    std::pair{"lblStartDate", "SSDStartDate"}, std::pair{"lblRun", "cboPeriod"},
-    std::pair{"lblStartTime", "dtpStartTime"}, std::pair{"lblScenario", "fdocCBScenario"}};
-
 const FieldText* FindText(const ViewField& field) {
+    static constexpr std::array fieldTexts = {
+        FieldText{"fdocRptGroup", "", "The study group that runs; type a part of its name or pick it."},
+        FieldText{"txtRptGrp", "", "The study group of an immediate entry."},
+        FieldText{"ctlPurgeOptions", "", "Whether and after how many days results are deleted."},
+        FieldText{"ctlDownloadOptions", "", "How results are downloaded."},
+        FieldText{"chkHom", "", "Gives the HOM study settings of its own."},
+        FieldText{"chkPlm", "", "Gives the PLM study settings of its own."},
+        FieldText{"chkRfc", "", "Gives the RF Call Trace study settings of its own."},
+        FieldText{"chkVcs", "", "Gives the VCSA study settings of its own."},
+        FieldText{"chkCreateFiles", "", "Writes .efg and .pfg files of the results."},
+        FieldText{"SSDStartDate", "Start date", "The day of the first run; Alt+Down opens a calendar."},
+        FieldText{"chkEndDate", "", "Ticked if the schedule ends."},
+        FieldText{"SSDEndDate", "End date", "The last day of the schedule; Alt+Down opens a calendar."},
+        FieldText{"txtNoEndDate", "End date", "The schedule has no end."},
+        FieldText{"cboPeriod", "Run", "How the entry recurs; the rest of the sentence follows it."},
+        FieldText{"cboDayNum", "Day number", "Which one of the month."},
+        FieldText{"cboDayName", "Day", "A weekday, or a day of the month."},
+        FieldText{"cboFrequency", "Every", "Runs every so many units."},
+        FieldText{"dtpStartTime", "Starting at", "The time of day of each run."},
+        FieldText{"chkOverride", "", "Gives this study settings of its own; its fields then appear below."},
+        FieldText{"fdocCBScenario", "Scenario", "May be empty; type a part of its name or pick it."},
+        FieldText{"txtDuration", "", "How long the study runs; may be empty."},
+        FieldText{"txtRetrieveDelay", "", "How long after the study its data is collected; may be empty."},
+        FieldText{"txtPollingInterval", "", "How often the study polls; may be empty."},
+    };
     for (const auto& text : fieldTexts)
         if (text.field == field.Name()) return &text;
     return nullptr;
@@ -194,6 +188,10 @@ QLayout* PageView::ExcludeLayout(const XNolScheduleTab& schedule) const {
 }
 
 void PageView::LinkLabels() {
+    // A label and the field whose mnemonic it carries.
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> buddies = {
+        std::pair{"lblStartDate", "SSDStartDate"}, std::pair{"lblRun", "cboPeriod"},
+        std::pair{"lblStartTime", "dtpStartTime"}, std::pair{"lblScenario", "fdocCBScenario"}};
     for (const auto& [labelName, fieldName] : buddies) {
         const ViewField* const label = tab.FindField(labelName);
         const ViewField* const field = tab.FindField(fieldName);
