@@ -13,8 +13,8 @@ const std::string outOfRange =
 // One study kind's page, with the focus on the box as long as no user acts elsewhere.
 struct OverridePage : OpenEntry {
     NolSchedOverrideTab tab;
-    CheckBox& chkOverride = tab.Field<CheckBox>("chkOverride");
-    TextBox& txtDuration = tab.Field<TextBox>("txtDuration");
+    CheckBox& chkOverride = tab.chkOverride;
+    TextBox& txtDuration = tab.txtDuration;
 
     explicit OverridePage(const OverrideKind& kind = homOverride) : tab(kind) {
         TraceControl(*this, tab);

@@ -22,7 +22,7 @@ struct TwoTabs : OpenEntry {
     explicit TwoTabs(const Kind& kind = kinds[0])
         : page(std::make_unique<NolSchedOverrideTab>(kind.kind)),
           box(general.*kind.pBox),
-          chkOverride(page->Field<CheckBox>("chkOverride")) {}
+          chkOverride(page->chkOverride) {}
 
     std::string LoadBoth(bool generalFirst) {
         std::string both = generalFirst ? Load(general) : "";
@@ -31,7 +31,7 @@ struct TwoTabs : OpenEntry {
     }
     std::string Boxes() {
         return Barred(box.Value(), chkOverride.Value(),
-                      page->Field<Frame>("fraDuration").Visible() ? "shown" : "hidden");
+                      page->fraDuration.Visible() ? "shown" : "hidden");
     }
     std::string After(CheckBox& clicked) { return clicked.Click() ? TakeTrace() + Boxes() : "no click"; }
 

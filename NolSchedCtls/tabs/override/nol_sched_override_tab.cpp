@@ -41,11 +41,19 @@ NolSchedOverrideTab::Number::Number(UserControl& control, const NumberField& fie
       unit(frame, std::string(field.sUnitLabel), std::string(field.sUnitCaption)) {}
 
 NolSchedOverrideTab::NolSchedOverrideTab(const OverrideKind& kindA)
-    : kind(kindA), chkOverride(*this, "chkOverride", std::string(kind.sBoxCaption)) {
-    if (!kind.sScenarioHeading.empty()) scenario.emplace(*this);
-    for (const NumberField& field : kind.numberFields) numbers.emplace_back(*this, field);
-    if (!kind.sNote.empty()) note.emplace(*this, "lblNote", std::string(kind.sNote));
+    : kind(kindA),
+      chkOverride(*this, "chkOverride", std::string(kind.sBoxCaption)),
+      scenario(kind.sScenarioHeading.empty() ? nullptr : std::make_unique<Scenario>(*this)),
+      numbers(MakeNumbers()),
+      note(kind.sNote.empty() ? nullptr
+                              : std::make_unique<Label>(*this, "lblNote", std::string(kind.sNote))) {
     ConnectFields();
+}
+
+std::deque<NolSchedOverrideTab::Number> NolSchedOverrideTab::MakeNumbers() {
+    std::deque<Number> made;
+    for (const NumberField& field : kind.numberFields) made.emplace_back(*this, field);
+    return made;
 }
 
 XNolSchedHomOvr::XNolSchedHomOvr() : NolSchedOverrideTab(homOverride) {}

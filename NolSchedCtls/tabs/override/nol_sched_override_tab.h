@@ -1,9 +1,8 @@
 // The page of one study kind's override: a box that switches it on, and the settings that it then has.
 #pragma once
 
-#include <array>
 #include <deque>
-#include <optional>
+#include <memory>
 
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
@@ -28,12 +27,6 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
                   std::shared_ptr<CPaviseNotify> dtN) override;
 
   private:
-    const OverrideKind& kind;
-
-  public:
-    CheckBox chkOverride;
-
-  protected:
     struct Scenario {
         explicit Scenario(UserControl& control) : fraScenario(control, "fraScenario", "References  ") {}
 
@@ -51,12 +44,24 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
         Label unit;
     };
 
-    // In tab order.
-    std::optional<Scenario> scenario;
+    const OverrideKind& kind;
+
+  public:
+    CheckBox chkOverride;
+
+  protected:
+    // Made in tab order; what a kind does not have is not there.
+    std::unique_ptr<Scenario> scenario;
     std::deque<Number> numbers;
-    std::optional<Label> note;
+    std::unique_ptr<Label> note;
+
+  public:
+    Frame& fraDuration = numbers[0].frame;
+    TextBox& txtDuration = numbers[0].text;
+    Label& Label1(std::size_t index) { return numbers[index].unit; }  // the unit after each number
 
   private:
+    std::deque<Number> MakeNumbers();
     void ConnectFields();
     void SetOverrideState(bool fState);
     void TabOverride(const std::string& TheName, bool TheState);
@@ -76,48 +81,32 @@ class NOLSCHED_API XNolSchedHomOvr : public NolSchedOverrideTab {
   public:
     XNolSchedHomOvr();
 
-    Frame& fraScenario = scenario->fraScenario;
-    Label& lblScenario = scenario->lblScenario;
     XMarlet& fdocCBScenario = scenario->fdocCBScenario;
-    Frame& fraDuration = numbers[0].frame;
-    TextBox& txtDuration = numbers[0].text;
-    Label& Label1 = numbers[0].unit;
 };
 
 class NOLSCHED_API XNolSchedPlmOvr : public NolSchedOverrideTab {
   public:
     XNolSchedPlmOvr();
 
-    Frame& fraScenario = scenario->fraScenario;
-    Label& lblScenario = scenario->lblScenario;
     XMarlet& fdocCBScenario = scenario->fdocCBScenario;
-    Frame& fraDuration = numbers[0].frame;
-    TextBox& txtDuration = numbers[0].text;
     Frame& fraRetrieveDelay = numbers[1].frame;
     TextBox& txtRetrieveDelay = numbers[1].text;
-    std::array<Label*, 2> Label1 = {&numbers[0].unit, &numbers[1].unit};
 };
 
 class NOLSCHED_API XNolSchedRfcOvr : public NolSchedOverrideTab {
   public:
     XNolSchedRfcOvr();
 
-    Frame& fraDuration = numbers[0].frame;
-    TextBox& txtDuration = numbers[0].text;
     Frame& fraPollingInterval = numbers[1].frame;
     TextBox& txtPollingInterval = numbers[1].text;
-    std::array<Label*, 2> Label1 = {&numbers[0].unit, &numbers[1].unit};
 };
 
 class NOLSCHED_API XNolSchedVcsOvr : public NolSchedOverrideTab {
   public:
     XNolSchedVcsOvr();
 
-    Frame& fraDuration = numbers[0].frame;
-    TextBox& txtDuration = numbers[0].text;
     Frame& fraRetrieveDelay = numbers[1].frame;
     TextBox& txtRetrieveDelay = numbers[1].text;
-    std::array<Label*, 2> Label1 = {&numbers[0].unit, &numbers[1].unit};
     Label& lblNote = *note;
 };
 
