@@ -14,6 +14,7 @@ set(private_headers
     library/component_runtime.h
     records/sql.h
     tabs/override/numeric_text.h
+    tabs/override/override_kind.h
     tabs/schedule/exclusions.h
     tabs/schedule/load_step.h
     tabs/schedule/schedule_texts.h

@@ -12,14 +12,17 @@ namespace NolSchedCtls {
 
 struct StudyKind {
     std::string_view sKey;  // at once key in Overrides, OverrideType, and tab name for the notifier
+    std::string_view sFlag;
     std::string CNolSchedData::*pFlag;
 };
 
+// The tables of the tabs that have a row a kind take their size from this one: one without a row for a new
+// kind does not compile.
 inline constexpr std::array studyKinds = {
-    StudyKind{MAppConstants::homStudy, &CNolSchedData::HomOvr},
-    StudyKind{MAppConstants::plmStudy, &CNolSchedData::PlmOvr},
-    StudyKind{MAppConstants::rfcStudy, &CNolSchedData::RfcOvr},
-    StudyKind{MAppConstants::vcsStudy, &CNolSchedData::VcsOvr},
+    StudyKind{MAppConstants::homStudy, "HomOvr", &CNolSchedData::HomOvr},
+    StudyKind{MAppConstants::plmStudy, "PlmOvr", &CNolSchedData::PlmOvr},
+    StudyKind{MAppConstants::rfcStudy, "RfcOvr", &CNolSchedData::RfcOvr},
+    StudyKind{MAppConstants::vcsStudy, "VcsOvr", &CNolSchedData::VcsOvr},
 };
 
 // Nothing for a name that is not exactly a kind's.

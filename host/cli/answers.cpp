@@ -8,6 +8,7 @@
 
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
+#include "NolSchedCtls/records/study_kinds.h"
 
 namespace NolSchedCtls {
 
@@ -186,10 +187,7 @@ Json JsonOf(const CNolSchedData& record) {
     for (const auto& column : AllEntryColumns())
         properties[std::string(NameOf(column))] = std::visit(PropertyJson{record}, column);
     properties["IsNew"] = record.IsNew;
-    properties["HomOvr"] = record.HomOvr;
-    properties["PlmOvr"] = record.PlmOvr;
-    properties["RfcOvr"] = record.RfcOvr;
-    properties["VcsOvr"] = record.VcsOvr;
+    for (const StudyKind& kind : studyKinds) properties[std::string(kind.sFlag)] = record.*kind.pFlag;
     Json overrides = Json::array();
     for (const auto& [key, item] : record.Overrides()) overrides.push_back(OverrideJson(*item));
     return {{"record", properties}, {"overrides", overrides}};

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
+#include "NolSchedCtls/tabs/override/override_kind.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

@@ -3,6 +3,7 @@
 
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
+#include "NolSchedCtls/tabs/override/override_kind.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {

@@ -39,7 +39,7 @@ struct XNolSchedGenTab::KindBox {
 };
 
 std::span<const XNolSchedGenTab::KindBox> XNolSchedGenTab::KindBoxes() {
-    static constexpr std::array kindBoxes = {
+    static constexpr std::array<KindBox, studyKinds.size()> kindBoxes = {
         KindBox{&XNolSchedGenTab::chkHom, *FindStudyKind(MAppConstants::homStudy), true},
         KindBox{&XNolSchedGenTab::chkPlm, *FindStudyKind(MAppConstants::plmStudy), false},
         KindBox{&XNolSchedGenTab::chkRfc, *FindStudyKind(MAppConstants::rfcStudy), false},

@@ -4,6 +4,7 @@
 
 #include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/tabs/override/numeric_text.h"
+#include "NolSchedCtls/tabs/override/override_kind.h"
 
 namespace NolSchedCtls {
 

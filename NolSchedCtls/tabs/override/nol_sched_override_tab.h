@@ -6,12 +6,15 @@
 
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
-#include "NolSchedCtls/tabs/override/override_kind.h"
 #include "NolSchedCtls/toolkit/check_box.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 #include "NolSchedCtls/toolkit/x_marlet.h"
 
 namespace NolSchedCtls {
+
+class CNolOverride;
+struct NumberField;
+struct OverrideKind;
 
 // One class serves all kinds: it makes its fields from the kind's row, and a kind's own class names them.
 // While the state is off the tab checks nothing and writes nothing; the fields keep what they hold.

@@ -43,13 +43,11 @@ constexpr std::string_view vcsNote =
 
 }  // namespace
 
-constinit const OverrideKind homOverride = {*FindStudyKind(MAppConstants::homStudy), "&Override HOM Study",
-                                            "HOM Override.", homFields, ""};
-constinit const OverrideKind plmOverride = {*FindStudyKind(MAppConstants::plmStudy), "&Override PLM Study",
-                                            "PLM Override.", plmFields, ""};
-constinit const OverrideKind rfcOverride = {*FindStudyKind(MAppConstants::rfcStudy),
-                                            "&Override RF Call Trace Study", "", rfcFields, ""};
-constinit const OverrideKind vcsOverride = {*FindStudyKind(MAppConstants::vcsStudy), "&Override VCSA Study",
-                                            "", vcsFields, vcsNote};
+constinit const std::array<OverrideKind, studyKinds.size()> overrideKinds = {
+    OverrideKind{studyKinds[0], "&Override HOM Study", "HOM Override.", homFields, ""},
+    OverrideKind{studyKinds[1], "&Override PLM Study", "PLM Override.", plmFields, ""},
+    OverrideKind{studyKinds[2], "&Override RF Call Trace Study", "", rfcFields, ""},
+    OverrideKind{studyKinds[3], "&Override VCSA Study", "", vcsFields, vcsNote},
+};
 
 }  // namespace NolSchedCtls

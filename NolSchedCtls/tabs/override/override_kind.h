@@ -37,9 +37,11 @@ struct OverrideKind {
     std::string_view sNote;                     // below the frames; empty for none
 };
 
-extern const OverrideKind homOverride;
-extern const OverrideKind plmOverride;
-extern const OverrideKind rfcOverride;
-extern const OverrideKind vcsOverride;
+// In the order of studyKinds.
+extern const std::array<OverrideKind, studyKinds.size()> overrideKinds;
+inline const OverrideKind& homOverride = overrideKinds[0];
+inline const OverrideKind& plmOverride = overrideKinds[1];
+inline const OverrideKind& rfcOverride = overrideKinds[2];
+inline const OverrideKind& vcsOverride = overrideKinds[3];
 
 }  // namespace NolSchedCtls
