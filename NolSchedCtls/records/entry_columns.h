@@ -11,61 +11,50 @@ namespace NolSchedCtls {
 
 template <class T>
 struct Column {
-    using Value = T;
-
     std::string_view sName;
     T CNolSchedData::*pProperty;
     T InitEditArguments::*pArgument;  // nothing for what the host sets on the record itself
 };
 
-using EntryColumn = std::variant<Column<std::int32_t>, Column<std::string>, Column<DateTime>>;
-
-namespace EntryColumns {
-
-using Record = CNolSchedData;
-using Edit = InitEditArguments;
-using Number = Column<std::int32_t>;
-using Text = Column<std::string>;
-using Date = Column<DateTime>;
-
-}  // namespace EntryColumns
+using NumberColumn = Column<std::int32_t>;
+using TextColumn = Column<std::string>;
+using DateColumn = Column<DateTime>;
+using EntryColumn = std::variant<NumberColumn, TextColumn, DateColumn>;
 
 // Id comes first.
-inline const std::array<EntryColumn, 29>& AllEntryColumns() {
-    using namespace EntryColumns;
-    static constexpr std::array<EntryColumn, 29> columns = {
-        Number{"Id", &Record::Id, &Edit::nIdA},
-        Text{"EditorName", &Record::EditorName, &Edit::sEditorNameA},
-        Date{"FirstDateTime", &Record::FirstDateTime, &Edit::dFirstDateTimeA},
-        Date{"FinalDateTime", &Record::FinalDateTime, &Edit::dFinalDateTimeA},
-        Date{"NextRunDate", &Record::NextRunDate, nullptr},
-        Number{"WhichMonthDate", &Record::WhichMonthDate, &Edit::nWhichMonthDateA},
-        Number{"WhichWeek", &Record::WhichWeek, &Edit::nWhichWeekA},
-        Number{"WhichWeekday", &Record::WhichWeekday, &Edit::nWhichWeekdayA},
-        Text{"Periodicity", &Record::Periodicity, &Edit::sPeriodicityA},
-        Number{"Frequency", &Record::Frequency, &Edit::nFrequencyA},
-        Text{"ScheduleActive", &Record::ScheduleActive, &Edit::sScheduleActiveA},
-        Text{"IncludeMondays", &Record::IncludeMondays, &Edit::sIncludeMondaysA},
-        Text{"IncludeTuesdays", &Record::IncludeTuesdays, &Edit::sIncludeTuesdaysA},
-        Text{"IncludeWednesdays", &Record::IncludeWednesdays, &Edit::sIncludeWednesdaysA},
-        Text{"IncludeThursdays", &Record::IncludeThursdays, &Edit::sIncludeThursdaysA},
-        Text{"IncludeFridays", &Record::IncludeFridays, &Edit::sIncludeFridaysA},
-        Text{"IncludeSaturdays", &Record::IncludeSaturdays, &Edit::sIncludeSaturdaysA},
-        Text{"IncludeSundays", &Record::IncludeSundays, &Edit::sIncludeSundaysA},
-        Text{"IncludeHolidays", &Record::IncludeHolidays, &Edit::sIncludeHolidaysA},
-        Text{"IncludeDayAfterHol", &Record::IncludeDayAfterHol, &Edit::sIncludeDayAfterHolA},
-        Number{"ClientMachineId", &Record::ClientMachineId, &Edit::nClientMachineIdA},
-        Number{"RptGrpId", &Record::RptGrpId, &Edit::nRptGrpIdA},
-        Text{"RunMode", &Record::RunMode, &Edit::sRunModeA},
-        Text{"RetrieveMode", &Record::RetrieveMode, &Edit::sRetrieveModeA},
-        Text{"AutoPurge", &Record::AutoPurge, &Edit::sAutoPurgeA},
-        Number{"PurgeInterval", &Record::PurgeInterval, &Edit::nPurgeIntervalA},
-        Text{"SubFolderName", &Record::SubFolderName, &Edit::sSubFolderNameA},
-        Text{"CreateFiles", &Record::CreateFiles, &Edit::sCreateFilesA},
-        Date{"LastRunDate", &Record::LastRunDate, nullptr},
-    };
-    return columns;
-}
+inline constexpr auto entryColumns = std::to_array<EntryColumn>({
+    NumberColumn{"Id", &CNolSchedData::Id, &InitEditArguments::nIdA},
+    TextColumn{"EditorName", &CNolSchedData::EditorName, &InitEditArguments::sEditorNameA},
+    DateColumn{"FirstDateTime", &CNolSchedData::FirstDateTime, &InitEditArguments::dFirstDateTimeA},
+    DateColumn{"FinalDateTime", &CNolSchedData::FinalDateTime, &InitEditArguments::dFinalDateTimeA},
+    DateColumn{"NextRunDate", &CNolSchedData::NextRunDate, nullptr},
+    NumberColumn{"WhichMonthDate", &CNolSchedData::WhichMonthDate, &InitEditArguments::nWhichMonthDateA},
+    NumberColumn{"WhichWeek", &CNolSchedData::WhichWeek, &InitEditArguments::nWhichWeekA},
+    NumberColumn{"WhichWeekday", &CNolSchedData::WhichWeekday, &InitEditArguments::nWhichWeekdayA},
+    TextColumn{"Periodicity", &CNolSchedData::Periodicity, &InitEditArguments::sPeriodicityA},
+    NumberColumn{"Frequency", &CNolSchedData::Frequency, &InitEditArguments::nFrequencyA},
+    TextColumn{"ScheduleActive", &CNolSchedData::ScheduleActive, &InitEditArguments::sScheduleActiveA},
+    TextColumn{"IncludeMondays", &CNolSchedData::IncludeMondays, &InitEditArguments::sIncludeMondaysA},
+    TextColumn{"IncludeTuesdays", &CNolSchedData::IncludeTuesdays, &InitEditArguments::sIncludeTuesdaysA},
+    TextColumn{"IncludeWednesdays", &CNolSchedData::IncludeWednesdays,
+               &InitEditArguments::sIncludeWednesdaysA},
+    TextColumn{"IncludeThursdays", &CNolSchedData::IncludeThursdays, &InitEditArguments::sIncludeThursdaysA},
+    TextColumn{"IncludeFridays", &CNolSchedData::IncludeFridays, &InitEditArguments::sIncludeFridaysA},
+    TextColumn{"IncludeSaturdays", &CNolSchedData::IncludeSaturdays, &InitEditArguments::sIncludeSaturdaysA},
+    TextColumn{"IncludeSundays", &CNolSchedData::IncludeSundays, &InitEditArguments::sIncludeSundaysA},
+    TextColumn{"IncludeHolidays", &CNolSchedData::IncludeHolidays, &InitEditArguments::sIncludeHolidaysA},
+    TextColumn{"IncludeDayAfterHol", &CNolSchedData::IncludeDayAfterHol,
+               &InitEditArguments::sIncludeDayAfterHolA},
+    NumberColumn{"ClientMachineId", &CNolSchedData::ClientMachineId, &InitEditArguments::nClientMachineIdA},
+    NumberColumn{"RptGrpId", &CNolSchedData::RptGrpId, &InitEditArguments::nRptGrpIdA},
+    TextColumn{"RunMode", &CNolSchedData::RunMode, &InitEditArguments::sRunModeA},
+    TextColumn{"RetrieveMode", &CNolSchedData::RetrieveMode, &InitEditArguments::sRetrieveModeA},
+    TextColumn{"AutoPurge", &CNolSchedData::AutoPurge, &InitEditArguments::sAutoPurgeA},
+    NumberColumn{"PurgeInterval", &CNolSchedData::PurgeInterval, &InitEditArguments::nPurgeIntervalA},
+    TextColumn{"SubFolderName", &CNolSchedData::SubFolderName, &InitEditArguments::sSubFolderNameA},
+    TextColumn{"CreateFiles", &CNolSchedData::CreateFiles, &InitEditArguments::sCreateFilesA},
+    DateColumn{"LastRunDate", &CNolSchedData::LastRunDate, nullptr},
+});
 
 inline std::string_view NameOf(const EntryColumn& entryColumn) {
     return std::visit([](const auto& column) { return column.sName; }, entryColumn);

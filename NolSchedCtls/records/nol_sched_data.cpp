@@ -4,6 +4,7 @@
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/base/text.h"
+#include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
@@ -49,34 +50,11 @@ void CNolSchedData::InitNew(std::shared_ptr<const CaddisScenarioType> ScenarioTy
 
 void CNolSchedData::InitEdit(InitEditArguments arguments) {
     ScenarioType = std::move(arguments.ScenarioTypeA);
-    EditorName = std::move(arguments.sEditorNameA);
-    Id = arguments.nIdA;
-    FirstDateTime = arguments.dFirstDateTimeA;
-    FinalDateTime = arguments.dFinalDateTimeA;
-    WhichMonthDate = arguments.nWhichMonthDateA;
-    WhichWeek = arguments.nWhichWeekA;
-    WhichWeekday = arguments.nWhichWeekdayA;
-    Periodicity = std::move(arguments.sPeriodicityA);
-    Frequency = arguments.nFrequencyA;
-    ScheduleActive = std::move(arguments.sScheduleActiveA);
-    IncludeMondays = std::move(arguments.sIncludeMondaysA);
-    IncludeTuesdays = std::move(arguments.sIncludeTuesdaysA);
-    IncludeWednesdays = std::move(arguments.sIncludeWednesdaysA);
-    IncludeThursdays = std::move(arguments.sIncludeThursdaysA);
-    IncludeFridays = std::move(arguments.sIncludeFridaysA);
-    IncludeSaturdays = std::move(arguments.sIncludeSaturdaysA);
-    IncludeSundays = std::move(arguments.sIncludeSundaysA);
-    IncludeHolidays = std::move(arguments.sIncludeHolidaysA);
-    IncludeDayAfterHol = std::move(arguments.sIncludeDayAfterHolA);
-    ClientMachineId = arguments.nClientMachineIdA;
-    RptGrpId = arguments.nRptGrpIdA;
-    RunMode = std::move(arguments.sRunModeA);
-    RetrieveMode = std::move(arguments.sRetrieveModeA);
-    AutoPurge = std::move(arguments.sAutoPurgeA);
-    PurgeInterval = arguments.nPurgeIntervalA;
-    SubFolderName = std::move(arguments.sSubFolderNameA);
-    CreateFiles = std::move(arguments.sCreateFilesA);
-    MSQL::LoadNolOverrides(*this);  // selects by Id, so it comes after it
+    const auto take = [&](const auto& column) {
+        if (column.pArgument != nullptr) this->*column.pProperty = std::move(arguments.*column.pArgument);
+    };
+    for (const auto& column : entryColumns) std::visit(take, column);
+    MSQL::LoadNolOverrides(*this);  // selects by Id, so after the columns
     IsNew = false;
 }
 

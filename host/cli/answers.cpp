@@ -184,7 +184,7 @@ Json JsonOf(const LintelValue& value) { return std::visit(ToJson{}, value); }
 
 Json JsonOf(const CNolSchedData& record) {
     Json properties;
-    for (const auto& column : AllEntryColumns())
+    for (const auto& column : entryColumns)
         properties[std::string(NameOf(column))] = std::visit(PropertyJson{record}, column);
     properties["IsNew"] = record.IsNew;
     for (const StudyKind& kind : studyKinds) properties[std::string(kind.sFlag)] = record.*kind.pFlag;

@@ -20,18 +20,17 @@ struct TypeWord {
 // "name1<between>name2<between>..." over all columns but Id.
 std::string JoinedColumns(const char* behindName) {
     std::string joined;
-    const auto& columns = AllEntryColumns();
-    for (std::size_t i = 1; i < columns.size(); ++i)
-        joined += std::string(NameOf(columns[i])) + behindName + ", ";
+    for (std::size_t i = 1; i < entryColumns.size(); ++i)
+        joined += std::string(NameOf(entryColumns[i])) + behindName + ", ";
     return joined;
 }
 
 std::string CreateStatement(const Database& database) {
     std::string statement =
         "CREATE TABLE IF NOT EXISTS NOL_Schedule (Id " + std::string(database.IdColumn()) + ", ";
-    const auto& columns = AllEntryColumns();
-    for (std::size_t i = 1; i < columns.size(); ++i)
-        statement += std::string(NameOf(columns[i])) + " " + std::visit(TypeWord{}, columns[i]) + ", ";
+    for (std::size_t i = 1; i < entryColumns.size(); ++i)
+        statement +=
+            std::string(NameOf(entryColumns[i])) + " " + std::visit(TypeWord{}, entryColumns[i]) + ", ";
     return statement + "Version INTEGER NOT NULL, SavedBy TEXT NOT NULL, SavedAt TIMESTAMP NOT NULL)";
 }
 
@@ -80,7 +79,7 @@ struct FromRow {
 };
 
 void ReadRow(const ILintelRows& rows, CNolSchedData& record) {
-    for (const auto& column : AllEntryColumns()) std::visit(FromRow{rows, record}, column);
+    for (const auto& column : entryColumns) std::visit(FromRow{rows, record}, column);
 }
 
 // What the store itself fails in is no trouble of the row.
@@ -101,7 +100,7 @@ void ReadListed(const ILintelRows& rows, std::int32_t nId, ListedEntry& entry) {
 InitEditArguments ArgumentsOf(const CNolSchedData& row) {
     InitEditArguments arguments;
     arguments.ScenarioTypeA = std::make_shared<CaddisScenarioType>();
-    for (const auto& entryColumn : AllEntryColumns())
+    for (const auto& entryColumn : entryColumns)
         std::visit(
             [&](const auto& column) {
                 if (column.pArgument != nullptr) arguments.*column.pArgument = row.*column.pProperty;
@@ -112,9 +111,8 @@ InitEditArguments ArgumentsOf(const CNolSchedData& row) {
 
 Database::Values RowValues(const CNolSchedData& record, std::int32_t nVersion, const std::string& sUser) {
     Database::Values values;
-    const auto& columns = AllEntryColumns();
-    for (std::size_t i = 1; i < columns.size(); ++i)
-        values.push_back(std::visit(ToRowValue{record}, columns[i]));
+    for (std::size_t i = 1; i < entryColumns.size(); ++i)
+        values.push_back(std::visit(ToRowValue{record}, entryColumns[i]));
     values.insert(values.end(), {std::int64_t{nVersion}, sUser, DateValue(Clock().Now())});
     return values;
 }
@@ -122,7 +120,7 @@ Database::Values RowValues(const CNolSchedData& record, std::int32_t nVersion, c
 const std::string& InsertStatement() {
     static const std::string statement = [] {
         std::string marks;
-        for (std::size_t i = 1; i < AllEntryColumns().size(); ++i) marks += "?, ";
+        for (std::size_t i = 1; i < entryColumns.size(); ++i) marks += "?, ";
         return "INSERT INTO NOL_Schedule (" + JoinedColumns("") + "Version, SavedBy, SavedAt) VALUES (" +
                marks + "?, ?, ?)";
     }();
