@@ -9,6 +9,7 @@
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "bench/claims.h"
+#include "platform/schema.h"
 #include "platform/services.h"
 
 namespace {
@@ -79,8 +80,8 @@ CNolSchedData& RecordWithOverrides() {
 // A store with rows of that many overrides, four an entry; entry 500 is among them.
 std::shared_ptr<Database> MakeStore(const std::string& address, int rows) {
     auto database = std::make_shared<Database>(address);
+    PrepareTables(*database);
     Transaction transaction(*database);
-    CreateServiceTables(*database);
     database->Execute(
         "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
         std::to_string(rows) +

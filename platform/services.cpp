@@ -1,9 +1,8 @@
 #include "platform/services.h"
 
-#include <array>
 #include <exception>
 
-#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/text.h"
 
 namespace NolSchedCtls {
 
@@ -21,12 +20,7 @@ class DatabaseLintel : public ILintelDb {
     }
 
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
-        std::string joined;
-        for (const auto& value : values) {
-            if (!joined.empty()) joined += ", ";
-            joined += database->Literal(value);
-        }
-        return joined;
+        return Joined(values, [this](const LintelValue& value) { return database->Literal(value); });
     }
 
     LintelDateTime ImmediateDateTime() const override { return {Clock().Now(), true}; }
@@ -145,49 +139,7 @@ class PlatformProvider : public ServiceProvider {
     HostServices host;
 };
 
-struct Sample {
-    std::string_view type;
-    std::string_view name;
-};
-
-constexpr std::array sampleDocuments = {
-    Sample{"NOL Group", "North Cells"}, Sample{"NOL Group", "South Cells"}, Sample{"NOL Group", "Core Sites"},
-    Sample{"Scenario", "Baseline"},     Sample{"Scenario", "Busy Hour"},    Sample{"Scenario", "Drive Test"},
-};
-
-constexpr std::array defaultSettings = {Sample{MAppConstants::maxPurgeInterval, "365"},
-                                        Sample{MAppConstants::autoPurgeRequired, "N"}};
-
-constexpr std::array serviceTables = {"NOL_Override", "NOL_Document", "NOL_Setting"};
-
-template <std::size_t count>
-void Fill(Database& database, std::string_view statement, const std::array<Sample, count>& samples) {
-    for (const auto& sample : samples)
-        database.Execute(statement, {std::string(sample.type), std::string(sample.name)});
-}
-
 }  // namespace
-
-void CreateServiceTables(Database& database) {
-    const bool hasDocuments = database.HasTable("NOL_Document");
-    const bool hasSettings = database.HasTable("NOL_Setting");
-    database.Execute(
-        "CREATE TABLE IF NOT EXISTS NOL_Override (NOL_OverrideId INTEGER NOT NULL, Type TEXT NOT NULL, "
-        "ScenarioId INTEGER, Duration INTEGER, Polling_Interval INTEGER, Retrieve_Delay INTEGER, ClearLog "
-        "TEXT)");
-    database.Execute("CREATE INDEX IF NOT EXISTS NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
-    database.Execute("CREATE TABLE IF NOT EXISTS NOL_Document (Id " + std::string(database.IdColumn()) +
-                     ", Type TEXT NOT NULL, Name TEXT NOT NULL, UNIQUE (Type, Name))");
-    database.Execute("CREATE TABLE IF NOT EXISTS NOL_Setting (Name TEXT PRIMARY KEY, Value TEXT NOT NULL)");
-    if (!hasDocuments) Fill(database, "INSERT INTO NOL_Document (Type, Name) VALUES (?, ?)", sampleDocuments);
-    if (!hasSettings) Fill(database, "INSERT INTO NOL_Setting (Name, Value) VALUES (?, ?)", defaultSettings);
-}
-
-void CheckServiceTables(const Database& database) {
-    for (const char* table : serviceTables)
-        if (!database.HasTable(table))
-            throw StoreError(database.Name() + ": the table " + table + " is missing.");
-}
 
 std::unique_ptr<ServiceProvider> MakePlatformProvider(std::shared_ptr<Database> database, HostServices host) {
     return std::make_unique<PlatformProvider>(std::move(database), std::move(host));

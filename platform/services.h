@@ -23,13 +23,6 @@ struct HostServices {
     std::function<DateTime()> now;
 };
 
-// The tables that the services read and write: NOL_Override, NOL_Document and NOL_Setting, with sample
-// documents and the default settings. Tables that are there stay as they are. Call inside a transaction.
-void CreateServiceTables(Database& database);
-
-// Raises StoreError that names the first of these tables that is missing.
-void CheckServiceTables(const Database& database);
-
 std::unique_ptr<ServiceProvider> MakePlatformProvider(std::shared_ptr<Database> database, HostServices host);
 
 }  // namespace NolSchedCtls

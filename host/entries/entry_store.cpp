@@ -1,38 +1,17 @@
 #include "host/entries/entry_store.h"
 
+#include <span>
+
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/services/provider.h"
-#include "platform/services.h"
 
 namespace NolSchedCtls {
 
 namespace {
 
-constexpr const char* tableName = "NOL_Schedule";
-
-// A column's type by the property's; both engines know these words.
-struct TypeWord {
-    const char* operator()(const Column<std::int32_t>&) const { return "INTEGER NOT NULL"; }
-    const char* operator()(const Column<std::string>&) const { return "TEXT NOT NULL"; }
-    const char* operator()(const Column<DateTime>&) const { return "TIMESTAMP"; }
-};
-
-// "name1<between>name2<between>..." over all columns but Id.
-std::string JoinedColumns(const char* behindName) {
-    std::string joined;
-    for (std::size_t i = 1; i < entryColumns.size(); ++i)
-        joined += std::string(NameOf(entryColumns[i])) + behindName + ", ";
-    return joined;
-}
-
-std::string CreateStatement(const Database& database) {
-    std::string statement =
-        "CREATE TABLE IF NOT EXISTS NOL_Schedule (Id " + std::string(database.IdColumn()) + ", ";
-    for (std::size_t i = 1; i < entryColumns.size(); ++i)
-        statement +=
-            std::string(NameOf(entryColumns[i])) + " " + std::visit(TypeWord{}, entryColumns[i]) + ", ";
-    return statement + "Version INTEGER NOT NULL, SavedBy TEXT NOT NULL, SavedAt TIMESTAMP NOT NULL)";
-}
+// All but Id, which the store gives.
+constexpr auto writtenColumns = std::span(entryColumns).subspan(1);
 
 LintelValue DateValue(DateTime dateTime) {
     if (dateTime == 0) return {};  // not set
@@ -70,11 +49,9 @@ struct FromRow {
     }
     void operator()(const Column<DateTime>& column) const {
         const std::string text = FieldToText(rows.Fields(column.sName));
-        try {
-            record.*column.pProperty = text.empty() ? 0 : ParseIso(text);
-        } catch (const NolSchedError& error) {
-            throw NolSchedError("The column " + std::string(column.sName) + " is no date: " + error.what());
-        }
+        record.*column.pProperty =
+            Explained([&] { return text.empty() ? 0 : ParseIso(text); },
+                      [&] { return "The column " + std::string(column.sName) + " is no date: "; });
     }
 };
 
@@ -100,36 +77,32 @@ void ReadListed(const ILintelRows& rows, std::int32_t nId, ListedEntry& entry) {
 InitEditArguments ArgumentsOf(const CNolSchedData& row) {
     InitEditArguments arguments;
     arguments.ScenarioTypeA = std::make_shared<CaddisScenarioType>();
-    for (const auto& entryColumn : entryColumns)
-        std::visit(
-            [&](const auto& column) {
-                if (column.pArgument != nullptr) arguments.*column.pArgument = row.*column.pProperty;
-            },
-            entryColumn);
+    const auto copy = [&](const auto& column) {
+        if (column.pArgument != nullptr) arguments.*column.pArgument = row.*column.pProperty;
+    };
+    for (const auto& column : entryColumns) std::visit(copy, column);
     return arguments;
 }
 
 Database::Values RowValues(const CNolSchedData& record, std::int32_t nVersion, const std::string& sUser) {
     Database::Values values;
-    for (std::size_t i = 1; i < entryColumns.size(); ++i)
-        values.push_back(std::visit(ToRowValue{record}, entryColumns[i]));
+    for (const auto& column : writtenColumns) values.push_back(std::visit(ToRowValue{record}, column));
     values.insert(values.end(), {std::int64_t{nVersion}, sUser, DateValue(Clock().Now())});
     return values;
 }
 
 const std::string& InsertStatement() {
-    static const std::string statement = [] {
-        std::string marks;
-        for (std::size_t i = 1; i < entryColumns.size(); ++i) marks += "?, ";
-        return "INSERT INTO NOL_Schedule (" + JoinedColumns("") + "Version, SavedBy, SavedAt) VALUES (" +
-               marks + "?, ?, ?)";
-    }();
+    static const std::string statement = "INSERT INTO NOL_Schedule (" + Joined(writtenColumns, NameOf) +
+                                         ", Version, SavedBy, SavedAt) VALUES (" +
+                                         Joined(writtenColumns, [](const EntryColumn&) { return "?"; }) +
+                                         ", ?, ?, ?)";
     return statement;
 }
 
 const std::string& UpdateStatement() {
-    static const std::string statement = "UPDATE NOL_Schedule SET " + JoinedColumns(" = ?") +
-                                         "Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
+    static const std::string statement =
+        "UPDATE NOL_Schedule SET " + Joined(writtenColumns, NameOf, " = ?, ") +
+        " = ?, Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
     return statement;
 }
 
@@ -137,19 +110,6 @@ const std::string& UpdateStatement() {
 
 EntryStore::EntryStore(std::shared_ptr<Database> databaseA, std::string sUserA)
     : database(std::move(databaseA)), sUser(std::move(sUserA)) {}
-
-void EntryStore::Prepare() {
-    if (database->HasTable(tableName)) {
-        CheckServiceTables(*database);
-        return;
-    }
-    Transaction transaction(*database);
-    database->LockTableMaking();
-    if (database->HasTable(tableName)) return;  // another process was faster
-    CreateServiceTables(*database);
-    database->Execute(CreateStatement(*database));
-    transaction.Commit();
-}
 
 void EntryStore::Opening(std::int32_t nId, const std::function<void()>& step) const {
     try {

@@ -39,13 +39,11 @@ struct ListedEntry {
     std::vector<std::string> sKinds;  // the Type of each override row, in the order of the texts
 };
 
-// Needs installed services (LintelDb, Clock). All raise StoreError where the store fails.
+// Needs installed services (LintelDb, Clock) and a store with its tables. All throw StoreError where the
+// store fails.
 class EntryStore {
   public:
     EntryStore(std::shared_ptr<Database> databaseA, std::string sUserA);
-
-    // Makes the tables of a store that has none yet. Raises StoreError for a store that has only some.
-    void Prepare();
 
     // Raises RequestError, and StoreError for a row that no record can hold.
     StoredEntry Load(std::int32_t nId) const;

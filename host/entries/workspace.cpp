@@ -3,7 +3,7 @@
 #include <thread>
 #include <utility>
 
-#include "NolSchedCtls/base/app_constants.h"
+#include "platform/schema.h"
 
 namespace NolSchedCtls {
 
@@ -20,7 +20,7 @@ Workspace::Workspace(WorkspaceOptions options)
         return MakePlatformProvider(
             std::this_thread::get_id() == thread ? own : std::make_shared<Database>(address), host);
     });
-    entries.Prepare();
+    PrepareTables(*database);
 }
 
 Workspace::~Workspace() { InstallServices({}); }

@@ -1,0 +1,84 @@
+#include "platform/schema.h"
+
+#include <span>
+#include <utility>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/records/entry_columns.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+using TwoTexts = std::pair<std::string_view, std::string_view>;
+
+constexpr auto sampleDocuments = std::to_array<TwoTexts>({{"NOL Group", "North Cells"},
+                                                          {"NOL Group", "South Cells"},
+                                                          {"NOL Group", "Core Sites"},
+                                                          {"Scenario", "Baseline"},
+                                                          {"Scenario", "Busy Hour"},
+                                                          {"Scenario", "Drive Test"}});
+
+constexpr auto defaultSettings = std::to_array<TwoTexts>(
+    {{MAppConstants::maxPurgeInterval, "365"}, {MAppConstants::autoPurgeRequired, "N"}});
+
+struct Table {
+    std::string_view name;
+    std::string columns;
+    std::string_view filled = {};  // the columns of its first rows
+    std::span<const TwoTexts> rows = {};
+};
+
+// By the type of the property; the engines all know these words.
+std::string ScheduleColumns(const std::string& idColumn) {
+    struct TypeWord {
+        std::string_view operator()(const NumberColumn&) const { return " INTEGER NOT NULL, "; }
+        std::string_view operator()(const TextColumn&) const { return " TEXT NOT NULL, "; }
+        std::string_view operator()(const DateColumn&) const { return " TIMESTAMP, "; }
+    };
+    std::string columns = idColumn + ", ";
+    for (const auto& column : std::span(entryColumns).subspan(1))
+        columns.append(NameOf(column)).append(std::visit(TypeWord{}, column));
+    return columns + "Version INTEGER NOT NULL, SavedBy TEXT NOT NULL, SavedAt TIMESTAMP NOT NULL";
+}
+
+// NOL_Schedule last: a store that has it has been prepared.
+std::vector<Table> TablesOf(const Database& database) {
+    const std::string idColumn = "Id " + std::string(database.IdColumn());
+    return {{"NOL_Override",
+             "NOL_OverrideId INTEGER NOT NULL, Type TEXT NOT NULL, ScenarioId INTEGER, Duration INTEGER, "
+             "Polling_Interval INTEGER, Retrieve_Delay INTEGER, ClearLog TEXT"},
+            {"NOL_Document", idColumn + ", Type TEXT NOT NULL, Name TEXT NOT NULL, UNIQUE (Type, Name)",
+             "Type, Name", sampleDocuments},
+            {"NOL_Setting", "Name TEXT PRIMARY KEY, Value TEXT NOT NULL", "Name, Value", defaultSettings},
+            {"NOL_Schedule", ScheduleColumns(idColumn)}};
+}
+
+void Make(Database& database, const Table& table) {
+    if (database.HasTable(table.name)) return;
+    const std::string name(table.name);
+    database.Execute("CREATE TABLE " + name + " (" + table.columns + ")");
+    for (const auto& [first, second] : table.rows)
+        database.Execute("INSERT INTO " + name + " (" + std::string(table.filled) + ") VALUES (?, ?)",
+                         {std::string(first), std::string(second)});
+}
+
+}  // namespace
+
+void PrepareTables(Database& database) {
+    const auto tables = TablesOf(database);
+    if (database.HasTable(tables.back().name)) {
+        for (const Table& table : tables)
+            if (!database.HasTable(table.name))
+                throw StoreError(database.Name() + ": the table " + std::string(table.name) + " is missing.");
+        return;
+    }
+    Transaction transaction(database);
+    database.LockTableMaking();
+    if (database.HasTable(tables.back().name)) return;  // another process was faster
+    for (const Table& table : tables) Make(database, table);
+    database.Execute("CREATE INDEX IF NOT EXISTS NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
+    transaction.Commit();
+}
+
+}  // namespace NolSchedCtls
