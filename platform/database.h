@@ -20,6 +20,12 @@ class StoreError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
+// Asked for an entry or a document that the store does not hold, or to add one that it holds.
+class RequestError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
+};
+
 // Used on the thread that opened it. Texts are UTF-8; one that is broken or holds a NUL raises StoreError
 // before anything is sent. Every operation raises StoreError where the store fails.
 class Database {

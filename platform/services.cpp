@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "NolSchedCtls/base/text.h"
+#include "platform/document_store.h"
 
 namespace NolSchedCtls {
 
@@ -52,44 +53,6 @@ class CallbackReport : public ILintelFailureReport {
     std::string failure;
 };
 
-class DatabaseCaddis : public ICaddisStore {
-  public:
-    explicit DatabaseCaddis(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
-
-    std::shared_ptr<const CaddisDocument> FindDocument(const CaddisDocumentType& type,
-                                                       std::int32_t nId) override {
-        const auto found = Documents(type, " AND Id = ?", {type.Name, std::int64_t{nId}});
-        return found.empty() ? nullptr : found.front();
-    }
-
-    std::vector<std::shared_ptr<const CaddisDocument>> DocumentsOfType(
-        const CaddisDocumentType& type) override {
-        return Documents(type, " ORDER BY Name", {type.Name});
-    }
-
-    CaddisUser CurrentUser() override {
-        CaddisUser user;
-        const auto rows = database->Open("SELECT Name, Value FROM NOL_Setting");
-        for (; !rows->AtEnd(); rows->MoveNext())
-            user.Settings[FieldToText(rows->Fields("Name"))] = FieldToText(rows->Fields("Value"));
-        return user;
-    }
-
-  private:
-    std::vector<std::shared_ptr<const CaddisDocument>> Documents(const CaddisDocumentType& type,
-                                                                 const std::string& rest,
-                                                                 const Database::Values& values) {
-        std::vector<std::shared_ptr<const CaddisDocument>> documents;
-        const auto rows = database->Open("SELECT Id, Name FROM NOL_Document WHERE Type = ?" + rest, values);
-        for (; !rows->AtEnd(); rows->MoveNext())
-            documents.push_back(std::make_shared<CaddisDocument>(CaddisDocument{
-                LintelDb().FieldToNumber(rows->Fields("Id"), 0), FieldToText(rows->Fields("Name")), type}));
-        return documents;
-    }
-
-    std::shared_ptr<Database> database;
-};
-
 class CallbackMessages : public IMessageService {
   public:
     explicit CallbackMessages(std::function<void(const Message&)> showA) : show(std::move(showA)) {}
@@ -124,7 +87,7 @@ class PlatformProvider : public ServiceProvider {
         return std::make_unique<CallbackReport>(host.reportFailure);
     }
     std::unique_ptr<ICaddisStore> CreateCaddisStore() override {
-        return std::make_unique<DatabaseCaddis>(database);
+        return std::make_unique<DocumentStore>(database);
     }
     std::unique_ptr<IMessageService> CreateMessageService() override {
         return std::make_unique<CallbackMessages>(host.showMessage);

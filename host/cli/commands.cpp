@@ -109,7 +109,8 @@ int New(const Run& run) {
     entry.fIsImmediate = run.line.Has("--immediate");
     entry.sName = run.line.Text("--name", entry.fIsImmediate ? "New Immediate Entry" : "New Schedule Entry");
     if (run.line.Has("--group"))
-        entry.nRptGrpId = run.workspace.DocumentNamed(GroupType(), run.line.Text("--group", ""))->Id;
+        entry.nRptGrpId =
+            run.workspace.Documents().DocumentNamed(GroupType(), run.line.Text("--group", ""))->Id;
     EntrySession session(run.workspace, entry);
     return RunScript(run, session, run.Word(1));
 }
@@ -136,10 +137,10 @@ CaddisDocumentType TypeOfWord(const std::string& word) {
 int Documents(const Run& run) {
     const auto verb = run.Word(1);
     if (!verb) {
-        for (const auto& document : run.workspace.Documents())
+        for (const auto& document : run.workspace.Documents().AllDocuments())
             run.answers.Tell(
                 {{"document",
-                  {{"Id", document.Id}, {"Type", document.DocumentType.Name}, {"Name", document.Name}}}});
+                  {{"Id", document->Id}, {"Type", document->DocumentType.Name}, {"Name", document->Name}}}});
         return exitDone;
     }
     if (*verb != "add" && *verb != "delete")
@@ -148,9 +149,9 @@ int Documents(const Run& run) {
     if (!name || name->empty()) throw UsageError("documents " + *verb + " takes a TYPE and a NAME.");
     const auto type = TypeOfWord(*run.Word(2));
     if (*verb == "add")
-        run.workspace.AddDocument(type, *name);
+        run.workspace.Documents().Add(type, *name);
     else
-        run.workspace.DeleteDocument(type, *name);
+        run.workspace.Documents().Delete(type, *name);
     return exitDone;
 }
 

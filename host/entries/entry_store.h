@@ -13,12 +13,6 @@
 
 namespace NolSchedCtls {
 
-// Asked for an entry or a document that the store does not hold, or to add one that it holds.
-class RequestError : public NolSchedError {
-  public:
-    using NolSchedError::NolSchedError;
-};
-
 // Another user has saved or deleted the entry since it was opened.
 class OvertakenError : public NolSchedError {
   public:

@@ -4,9 +4,9 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "host/entries/entry_store.h"
+#include "platform/document_store.h"
 #include "platform/services.h"
 
 namespace NolSchedCtls {
@@ -29,21 +29,15 @@ class Workspace {
 
     Database& Store() { return *database; }
     EntryStore& Entries() { return entries; }
-    // The first failure that was reported since the last call, and swallowed behind the report.
+    DocumentStore& Documents() { return documents; }
+    // The first failure that was reported since the last call, and swallowed after the report.
     std::optional<std::string> TakeFailure();
-
-    std::vector<CaddisDocument> Documents();
-    // Both raise RequestError: for a name that stands already, or that does not stand.
-    void AddDocument(const CaddisDocumentType& type, const std::string& sName);
-    void DeleteDocument(const CaddisDocumentType& type, const std::string& sName);
-    // Raises RequestError that names what there is.
-    std::shared_ptr<const CaddisDocument> DocumentNamed(const CaddisDocumentType& type,
-                                                        const std::string& sName);
 
   private:
     std::shared_ptr<Database> database;
     std::shared_ptr<std::optional<std::string>> failure;
     EntryStore entries;
+    DocumentStore documents;
 };
 
 }  // namespace NolSchedCtls

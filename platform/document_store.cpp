@@ -1,0 +1,67 @@
+#include "platform/document_store.h"
+
+#include <algorithm>
+
+#include "NolSchedCtls/base/text.h"
+#include "NolSchedCtls/services/provider.h"
+
+namespace NolSchedCtls {
+
+std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::Documents(const std::string& condition,
+                                                                            const Database::Values& values) {
+    std::vector<std::shared_ptr<const CaddisDocument>> documents;
+    const auto rows = database->Open(
+        "SELECT Id, Type, Name FROM NOL_Document" + condition + " ORDER BY Type, Name", values);
+    for (; !rows->AtEnd(); rows->MoveNext())
+        documents.push_back(
+            std::make_shared<CaddisDocument>(CaddisDocument{LintelDb().FieldToNumber(rows->Fields("Id"), 0),
+                                                            FieldToText(rows->Fields("Name")),
+                                                            {FieldToText(rows->Fields("Type"))}}));
+    return documents;
+}
+
+std::shared_ptr<const CaddisDocument> DocumentStore::FindDocument(const CaddisDocumentType& type,
+                                                                  std::int32_t id) {
+    const auto found = Documents(" WHERE Type = ? AND Id = ?", {type.Name, std::int64_t{id}});
+    return found.empty() ? nullptr : found.front();
+}
+
+std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::DocumentsOfType(
+    const CaddisDocumentType& type) {
+    return Documents(" WHERE Type = ?", {type.Name});
+}
+
+CaddisUser DocumentStore::CurrentUser() {
+    CaddisUser user;
+    const auto rows = database->Open("SELECT Name, Value FROM NOL_Setting");
+    for (; !rows->AtEnd(); rows->MoveNext())
+        user.Settings[FieldToText(rows->Fields("Name"))] = FieldToText(rows->Fields("Value"));
+    return user;
+}
+
+std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::AllDocuments() { return Documents("", {}); }
+
+std::shared_ptr<const CaddisDocument> DocumentStore::DocumentNamed(const CaddisDocumentType& type,
+                                                                   const std::string& name) {
+    const auto documents = DocumentsOfType(type);
+    for (const auto& document : documents)
+        if (document->Name == name) return document;
+    throw RequestError("There is no " + type.Name + " named " + Quoted(name) +
+                       (documents.empty() ? "; there is none at all."
+                                          : "; there are " + Joined(documents, [](const auto& document) {
+                                                return Quoted(document->Name);
+                                            }) + "."));
+}
+
+void DocumentStore::Add(const CaddisDocumentType& type, const std::string& name) {
+    const auto isNamesake = [&name](const auto& document) { return document->Name == name; };
+    if (std::ranges::any_of(DocumentsOfType(type), isNamesake))
+        throw RequestError("There is already a " + type.Name + " named " + Quoted(name) + ".");
+    database->Execute("INSERT INTO NOL_Document (Type, Name) VALUES (?, ?)", {type.Name, name});
+}
+
+void DocumentStore::Delete(const CaddisDocumentType& type, const std::string& name) {
+    database->Execute("DELETE FROM NOL_Document WHERE Id = ?", {std::int64_t{DocumentNamed(type, name)->Id}});
+}
+
+}  // namespace NolSchedCtls
