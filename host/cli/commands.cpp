@@ -78,26 +78,16 @@ int List(const Run& run) {
     return exitDone;
 }
 
-Json OverrideRows(Database& store, std::int32_t id) {
-    constexpr std::array columns = {"NOL_OverrideId",   "Type",           "ScenarioId", "Duration",
-                                    "Polling_Interval", "Retrieve_Delay", "ClearLog"};
-    Json rows = Json::array();
-    const auto found =
-        store.Open("SELECT * FROM NOL_Override WHERE NOL_OverrideId = ? ORDER BY Type", {std::int64_t{id}});
-    for (; !found->AtEnd(); found->MoveNext()) {
-        Json row;
-        for (const char* column : columns) row[column] = JsonOf(found->Fields(column).Value);
-        rows.push_back(row);
-    }
-    return rows;
-}
-
 int Show(const Run& run) {
     const StoredEntry entry = run.workspace.Entries().Load(run.Id());
     Json answer = JsonOf(*entry.record);
     answer.erase("overrides");
     answer["sentence"] = SentenceOf(entry.record);
-    answer["rows"] = OverrideRows(run.workspace.Store(), entry.record->Id);
+    Json& rows = answer["rows"] = Json::array();
+    for (const auto& columns : run.workspace.Entries().OverrideRows(entry.record->Id)) {
+        Json& row = rows.emplace_back();
+        for (const auto& column : columns) row[column.Name] = JsonOf(column.Value);
+    }
     run.answers.Tell(answer);
     return exitDone;
 }
@@ -121,9 +111,7 @@ int Edit(const Run& run) {
 }
 
 int Delete(const Run& run) {
-    Transaction transaction(run.workspace.Store());
     run.workspace.Entries().Delete(run.Id());
-    transaction.Commit();
     run.answers.Tell({{"deleted", run.Id()}});
     return exitDone;
 }

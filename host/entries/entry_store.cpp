@@ -162,9 +162,25 @@ void EntryStore::TellOvertaken(const CNolSchedData& record) const {
 }
 
 void EntryStore::Delete(std::int32_t nId) {
+    Transaction transaction(*database);
     if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{nId}}) != 1)
         throw RequestError("There is no entry " + std::to_string(nId) + " in " + database->Name() + ".");
     database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{nId}});
+    transaction.Commit();
+}
+
+// Under the names that the columns bear here: a server gives them back in small letters.
+std::vector<std::vector<LintelField>> EntryStore::OverrideRows(std::int32_t nId) const {
+    constexpr auto columns = std::to_array<const char*>({"NOL_OverrideId", "Type", "ScenarioId", "Duration",
+                                                         "Polling_Interval", "Retrieve_Delay", "ClearLog"});
+    std::vector<std::vector<LintelField>> found;
+    const auto rows = database->Open("SELECT * FROM NOL_Override WHERE NOL_OverrideId = ? ORDER BY Type",
+                                     {std::int64_t{nId}});
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+        auto& row = found.emplace_back();
+        for (const char* column : columns) row.push_back({column, rows->Fields(column).Value});
+    }
+    return found;
 }
 
 std::int64_t EntryStore::Count() const {

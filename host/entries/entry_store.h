@@ -44,8 +44,10 @@ class EntryStore {
     // A new entry gets its Id. Returns the version that now stands. Raises OvertakenError for a stored entry
     // whose version is no longer nVersion. Call inside a transaction.
     std::int32_t Write(CNolSchedData& record, std::int32_t nVersion);
-    // The row and its override rows. Raises RequestError. Call inside a transaction.
+    // The row and its override rows, in a transaction of its own. Throws RequestError.
     void Delete(std::int32_t nId);
+    // Every column of the entry's override rows as it is stored, by Type.
+    std::vector<std::vector<LintelField>> OverrideRows(std::int32_t nId) const;
     // Runs a step of opening a stored entry: what it raises becomes a StoreError that names store and entry
     // (0: a new one).
     void Opening(std::int32_t nId, const std::function<void()>& step) const;

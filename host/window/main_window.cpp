@@ -288,9 +288,7 @@ void MainWindow::Delete() {
     const std::int32_t id = CurrentId();
     if (id == 0 || !Confirm(id)) return;
     try {
-        Transaction transaction(workspace.Store());
         workspace.Entries().Delete(id);
-        transaction.Commit();
     } catch (const std::exception& error) {
         TellFailure(error);
     }
