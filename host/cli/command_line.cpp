@@ -16,6 +16,7 @@ const char* const usageText =
     "  show ID                              the record's fields, then its override rows\n"
     "  new [--immediate] [--name NAME] [--group GROUP] [SCRIPT]\n"
     "  edit ID [SCRIPT]\n"
+    "  duplicate ID                         saves a copy under a new id\n"
     "  delete ID\n"
     "  documents [add TYPE NAME | delete TYPE NAME]     TYPE: group or scenario\n"
     "\n"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <fstream>
 #include <functional>
 #include <limits>
@@ -10,6 +9,7 @@
 #include <ostream>
 
 #include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/cli/acts.h"
 #include "host/cli/command_line.h"
@@ -35,11 +35,8 @@ struct Run {
 
     std::int32_t Id() const {
         const std::string text = Word(1).value_or("");
-        std::int32_t id = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), id);
-        if (text.empty() || error != std::errc() || end != text.data() + text.size())
-            throw UsageError(line.words.front() + " takes the id of an entry, not " + Quoted(text) + ".");
-        return id;
+        if (const auto id = ParseWhole(text)) return *id;
+        throw UsageError(line.words.front() + " takes the id of an entry, not " + Quoted(text) + ".");
     }
 };
 
@@ -110,6 +107,14 @@ int Edit(const Run& run) {
     return RunScript(run, session, run.Word(2));
 }
 
+int Duplicate(const Run& run) {
+    EntrySession copy(run.workspace, EntrySession::CopyOf{run.Id()});
+    Script script(copy, run.answers);
+    copy.Load();
+    script.Save();
+    return script.Verdict();
+}
+
 int Delete(const Run& run) {
     run.workspace.Entries().Delete(run.Id());
     run.answers.Tell({{"deleted", run.Id()}});
@@ -150,8 +155,9 @@ struct Command {
 };
 
 constexpr std::array commands = {
-    Command{"list", 1, List}, Command{"show", 2, Show},     Command{"new", 2, New},
-    Command{"edit", 3, Edit}, Command{"delete", 2, Delete}, Command{"documents", 4, Documents},
+    Command{"list", 1, List},           Command{"show", 2, Show},           Command{"new", 2, New},
+    Command{"edit", 3, Edit},           Command{"duplicate", 2, Duplicate}, Command{"delete", 2, Delete},
+    Command{"documents", 4, Documents},
 };
 
 const Command& CommandOf(const CommandLine& line) {
@@ -162,8 +168,9 @@ const Command& CommandOf(const CommandLine& line) {
             throw UsageError(name + " does not take " + Quoted(line.words[command.mostWords]) + ".");
         return command;
     }
-    throw UsageError((name.empty() ? "A command is missing" : "There is no command " + Quoted(name)) +
-                     "; there are list, show, new, edit, delete and documents (see nolsched --help).");
+    throw UsageError(
+        (name.empty() ? "A command is missing" : "There is no command " + Quoted(name)) +
+        "; there are list, show, new, edit, duplicate, delete and documents (see nolsched --help).");
 }
 
 std::function<DateTime()> ClockOf(const CommandLine& line) {

@@ -3,6 +3,7 @@
 #include <istream>
 #include <ostream>
 
+#include "NolSchedCtls/base/text.h"
 #include "host/cli/field_view.h"
 
 namespace NolSchedCtls {
@@ -11,7 +12,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 
-// The word at the front, taken off together with one blank behind it: what follows is text as it stands.
+// The word at the front, taken off together with one blank after it: what follows is text as it stands.
 std::string_view TakeWord(std::string_view& line) {
     const std::size_t end = std::min(line.find_first_of(blanks), line.size());
     const std::string_view word = line.substr(0, end);
@@ -36,17 +37,6 @@ void RefuseRest(std::string_view verb, std::string_view rest) {
 
 }  // namespace
 
-struct Script::Question {
-    std::string_view verb;
-    void (Script::*answer)(std::string_view rest);
-};
-
-constinit const Script::Question Script::questions[5] = {{"look", &Script::Look},
-                                                         {"record", &Script::ShowRecord},
-                                                         {"changed", &Script::ShowChanged},
-                                                         {"valid", &Script::Valid},
-                                                         {"save", &Script::Save}};
-
 Script::Script(EntrySession& sessionA, Answers& answersA) : session(sessionA), answers(answersA) {
     connections.emplace_back(session.Notifier().TabShown.Connect([this](const std::string& sTabName) {
         const Page* page = session.FindPage(sTabName);
@@ -62,7 +52,7 @@ int Script::Run(std::istream& lines, std::ostream* prompt) {
     std::string line;
     for (int number = 1;; ++number) {
         if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
-        if (!std::getline(lines, line)) return status;
+        if (!std::getline(lines, line)) return verdict;
         if (line.ends_with('\r')) line.pop_back();
         try {
             Line(line);
@@ -75,12 +65,21 @@ int Script::Run(std::istream& lines, std::ostream* prompt) {
 }
 
 void Script::Line(std::string_view line) {
+    constexpr std::pair<std::string_view, void (Script::*)()> questions[] = {
+        {"record", &Script::ShowRecord},
+        {"changed", &Script::ShowChanged},
+        {"valid", &Script::Valid},
+        {"save", &Script::Save}};
     if (IsEmptyOrComment(line)) return;
     line = WithoutLeadingBlanks(line);
     const std::string_view verb = TakeWord(line);
-    for (const Question& question : questions)
-        if (question.verb == verb) return (this->*question.answer)(line);
     if (const auto act = VerbNamed(verb)) return Act(*act, verb, line);
+    if (verb == "look") return Look(line);
+    for (const auto& [question, answer] : questions) {
+        if (question != verb) continue;
+        RefuseRest(verb, line);
+        return (this->*answer)();
+    }
     throw UsageError(
         "There is no command " + Quoted(verb) +
         "; there are click, pick, type, paste, date, time, look, record, changed, valid and save.");
@@ -94,12 +93,11 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
         throw UsageError(std::string(verb) + " takes a field as TAB.FIELD, not " + Quoted(target) + ".");
     const Page& page = PageNamed(target.substr(0, dot));
     ViewField* const field = page.tab->FindField(target.substr(dot + 1));
-    if (field == nullptr) {
-        std::string names;
-        for (const auto* known : page.tab->Fields()) names += (names.empty() ? "" : ", ") + known->Name();
+    if (field == nullptr)
         throw UsageError("The tab " + std::string(page.sName) + " has no field " +
-                         Quoted(target.substr(dot + 1)) + "; it has " + names + ".");
-    }
+                         Quoted(target.substr(dot + 1)) + "; it has " +
+                         Joined(page.tab->Fields(), [](const ViewField* known) { return known->Name(); }) +
+                         ".");
     if (act == Verb::Click) RefuseRest(verb, rest);
     DoAct(act, {std::string(target), *field}, std::string(rest));
 }
@@ -107,14 +105,13 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
 const Page& Script::PageNamed(std::string_view name) const {
     for (const Page& page : session.Pages())
         if (page.sName == name) return page;
-    std::string names;
-    for (const Page& page : session.Pages()) names += (names.empty() ? "" : ", ") + std::string(page.sName);
-    throw UsageError("There is no tab " + Quoted(name) + "; there are " + names + ".");
+    throw UsageError("There is no tab " + Quoted(name) + "; there are " +
+                     Joined(session.Pages(), &Page::sName) + ".");
 }
 
 void Script::LookAt(const Page& page) {
     Json fields = Json::array();
-    for (const auto* field : page.tab->Fields()) fields.push_back(Describe(*field));
+    for (const ViewField* field : page.tab->Fields()) fields.push_back(Describe(*field));
     answers.Tell({{"look", page.sName}, {"fields", fields}});
 }
 
@@ -128,15 +125,9 @@ void Script::Look(std::string_view rest) {
     for (const Page& page : session.Pages()) LookAt(page);
 }
 
-void Script::ShowRecord(std::string_view rest) {
-    RefuseRest("record", rest);
-    answers.Tell(JsonOf(session.Record()));
-}
+void Script::ShowRecord() { answers.Tell(JsonOf(session.Record())); }
 
-void Script::ShowChanged(std::string_view rest) {
-    RefuseRest("changed", rest);
-    answers.Tell({{"changed", session.Changes()}});
-}
+void Script::ShowChanged() { answers.Tell({{"changed", session.Changes()}}); }
 
 void Script::TellRefusal(const Page& page) {
     const ViewField* const focus = page.tab->FocusedField();
@@ -145,20 +136,18 @@ void Script::TellRefusal(const Page& page) {
                   {"focus", focus == nullptr ? Json(nullptr) : Json(focus->Name())}});
 }
 
-void Script::Valid(std::string_view rest) {
-    RefuseRest("valid", rest);
+void Script::Valid() {
     const Page* const refusal = session.FirstRefusal();
-    status = refusal == nullptr ? exitDone : exitRefused;
+    verdict = refusal == nullptr ? exitDone : exitRefused;
     if (refusal == nullptr)
         answers.Tell({{"valid", true}});
     else
         TellRefusal(*refusal);
 }
 
-void Script::Save(std::string_view rest) {
-    RefuseRest("save", rest);
+void Script::Save() {
     const auto result = session.Save();
-    status = result.refusedBy == nullptr ? exitDone : exitRefused;
+    verdict = result.refusedBy == nullptr ? exitDone : exitRefused;
     if (result.refusedBy == nullptr) {
         answers.Tell({{"saved", true}, {"Id", session.Record().Id}});
         return;

@@ -14,32 +14,33 @@ enum ExitStatus { exitDone = 0, exitRefused = 1, exitUsage = 2, exitStore = 3 };
 
 class Script {
   public:
-    // Connects the session's notifier and tabs to the answers; load the session behind it.
+    // Connects the session's notifier and tabs to the answers; load the session after it.
     Script(EntrySession& sessionA, Answers& answersA);
 
-    // Runs to the end of the lines. Raises UsageError, with the line's number, for the first line that a user
+    // Runs to the end of the lines. Throws UsageError, with the line's number, for the first line that a user
     // could not carry out, and what a save raises. At a terminal a wrong line is told and the next is asked
-    // for. Gives the verdict of the last `valid` or `save`: exitDone or exitRefused.
+    // for. Gives the verdict.
     int Run(std::istream& lines, std::ostream* prompt);
+    // Saves the entry and answers so, or answers which tab refused and makes the verdict exitRefused. Throws
+    // what the session's Save throws.
+    void Save();
+    // exitDone or exitRefused by the last `valid` or `save`.
+    int Verdict() const { return verdict; }
 
   private:
-    struct Question;
-    static const Question questions[5];
-
     void Line(std::string_view line);
     void Act(Verb act, std::string_view verb, std::string_view rest);
     void Look(std::string_view rest);
-    void ShowRecord(std::string_view rest);
-    void ShowChanged(std::string_view rest);
-    void Valid(std::string_view rest);
-    void Save(std::string_view rest);
+    void ShowRecord();
+    void ShowChanged();
+    void Valid();
     void LookAt(const Page& page);
     const Page& PageNamed(std::string_view name) const;
     void TellRefusal(const Page& page);
 
     EntrySession& session;
     Answers& answers;
-    int status = exitDone;
+    int verdict = exitDone;
     std::vector<ScopedConnection> connections;
 };
 

@@ -25,6 +25,15 @@ StoredEntry NewRecord(const EntrySession::NewEntry& entry) {
     return {std::move(record), 0};
 }
 
+StoredEntry CopiedRecord(StoredEntry entry) {
+    CNolSchedData& record = *entry.record;
+    record.Id = 0;
+    record.IsNew = true;
+    record.EditorName += " (copy)";
+    record.LastRunDate = record.NextRunDate = 0;
+    return entry;
+}
+
 }  // namespace
 
 EntrySession::EntrySession(Workspace& workspaceA, StoredEntry entry)
@@ -37,6 +46,9 @@ EntrySession::EntrySession(Workspace& workspaceA, const NewEntry& entry)
 
 EntrySession::EntrySession(Workspace& workspaceA, std::int32_t nId)
     : EntrySession(workspaceA, workspaceA.Entries().Load(nId)) {}
+
+EntrySession::EntrySession(Workspace& workspaceA, CopyOf original)
+    : EntrySession(workspaceA, CopiedRecord(workspaceA.Entries().Load(original.nId))) {}
 
 void EntrySession::Load() {
     workspace.Entries().Opening(record->Id, [this] {

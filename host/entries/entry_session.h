@@ -27,10 +27,16 @@ class EntrySession {
         std::string sName;
     };
 
+    // A new entry with all that the stored one holds but its runs; " (copy)" follows its name.
+    struct CopyOf {
+        std::int32_t nId = 0;
+    };
+
     // The tabs are made here and filled by Load, so that a host can listen in between.
     EntrySession(Workspace& workspaceA, const NewEntry& entry);
-    // Raises RequestError, or StoreError for a row that no record can hold.
+    // Both throw RequestError, or StoreError for a row that no record can hold.
     EntrySession(Workspace& workspaceA, std::int32_t nId);
+    EntrySession(Workspace& workspaceA, CopyOf original);
 
     // Once, before all below. What the tabs report while they load does not count as a change.
     void Load();

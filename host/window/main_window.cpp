@@ -25,17 +25,6 @@ namespace {
 constexpr int blinkMilliseconds = 300;
 constexpr int filterMilliseconds = 150;
 
-// A session over a new record with all that the stored entry holds.
-std::unique_ptr<EntrySession> CopyOf(Workspace& workspace, std::int32_t id) {
-    auto copy = std::make_unique<EntrySession>(workspace, id);
-    CNolSchedData& record = copy->Record();
-    record.Id = 0;
-    record.IsNew = true;
-    record.EditorName += " (copy)";
-    record.LastRunDate = record.NextRunDate = 0;
-    return copy;
-}
-
 // The choice is a whole row; no cell of it is marked on its own.
 class RowDelegate : public QStyledItemDelegate {
   public:
@@ -49,28 +38,6 @@ class RowDelegate : public QStyledItemDelegate {
 };
 
 }  // namespace
-
-struct MainWindow::Command {
-    const char* text;
-    const char* shortcut;
-    const char* tip;
-    void (MainWindow::*run)();
-    bool isForEntry;
-    bool isInToolBar;
-};
-
-constinit const MainWindow::Command MainWindow::commands[8] = {
-    {"&New", "Ctrl+N", "Makes a scheduled entry", &MainWindow::New, false, true},
-    {"New &Immediate", "Ctrl+Shift+N", "Makes an entry that runs at once", &MainWindow::NewImmediate, false,
-     true},
-    {"&Edit", "Ctrl+E", "Opens the chosen entry (also Enter, or a double click)", &MainWindow::Edit, true,
-     true},
-    {"&Duplicate", "Ctrl+D", "Opens a copy of the chosen entry", &MainWindow::Duplicate, true, true},
-    {"De&lete", "Del", "Deletes the chosen entry", &MainWindow::Delete, true, true},
-    {"&Find", "Ctrl+F", "Goes to the filter", &MainWindow::FindEntry, false, false},
-    {"&Refresh", "F5", "Reads the list anew", &MainWindow::Refresh, false, false},
-    {"&Quit", "Ctrl+Q", "Closes all windows", &MainWindow::Quit, false, false},
-};
 
 MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
     : workspace(workspaceA), dialogs(std::move(dialogsA)), loader(workspace.Entries(), list) {
@@ -94,6 +61,27 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
 MainWindow::~MainWindow() { qDeleteAll(editors); }
 
 void MainWindow::MakeActions() {
+    struct Command {
+        const char* text;
+        const char* shortcut;
+        const char* tip;
+        void (MainWindow::*run)();
+        bool isForEntry;
+        bool isInToolBar;
+    };
+    static constexpr Command commands[] = {
+        {"&New", "Ctrl+N", "Makes a scheduled entry", &MainWindow::New, false, true},
+        {"New &Immediate", "Ctrl+Shift+N", "Makes an entry that runs at once", &MainWindow::NewImmediate,
+         false, true},
+        {"&Edit", "Ctrl+E", "Opens the chosen entry (also Enter, or a double click)", &MainWindow::Edit, true,
+         true},
+        {"&Duplicate", "Ctrl+D", "Opens a copy of the chosen entry", &MainWindow::Duplicate, true, true},
+        {"De&lete", "Del", "Deletes the chosen entry", &MainWindow::Delete, true, true},
+        {"&Find", "Ctrl+F", "Goes to the filter", &MainWindow::FindEntry, false, false},
+        {"&Refresh", "F5", "Reads the list anew", &MainWindow::Refresh, false, false},
+        {"&Quit", "Ctrl+Q", "Closes all windows", &MainWindow::Quit, false, false},
+    };
+
     QMenu* const menu = menuBar()->addMenu(u"&Entry"_s);
     QToolBar* const bar = addToolBar(u"Entry"_s);
     bar->setObjectName(u"entryBar"_s);
@@ -273,7 +261,8 @@ void MainWindow::Edit() {
 }
 
 void MainWindow::Duplicate() {
-    if (const std::int32_t id = CurrentId()) Open([this, id] { return CopyOf(workspace, id); });
+    const EntrySession::CopyOf original{CurrentId()};
+    if (original.nId != 0) Open([&] { return std::make_unique<EntrySession>(workspace, original); });
 }
 
 bool MainWindow::Confirm(std::int32_t id) {

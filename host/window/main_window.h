@@ -39,9 +39,6 @@ class MainWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    struct Command;
-    static const Command commands[8];
-
     void MakeActions();
     void MakeTable();
     void MakeFilter();
