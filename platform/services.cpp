@@ -1,7 +1,5 @@
 #include "platform/services.h"
 
-#include <exception>
-
 #include "NolSchedCtls/base/text.h"
 #include "platform/document_store.h"
 
@@ -29,17 +27,6 @@ class DatabaseLintel : public ILintelDb {
   private:
     std::shared_ptr<Database> database;
 };
-
-std::string PresentFailure() {
-    try {
-        if (const auto failure = std::current_exception()) std::rethrow_exception(failure);
-    } catch (const std::exception& failure) {
-        return failure.what();
-    } catch (...) {
-        return "a failure that bears no text";
-    }
-    return "no failure";
-}
 
 class CallbackReport : public ILintelFailureReport {
   public:

@@ -1,5 +1,8 @@
 #include "host/entries/entry_session.h"
 
+#include <array>
+
+#include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
@@ -8,14 +11,28 @@ namespace NolSchedCtls {
 
 namespace {
 
+template <class Tab>
+std::unique_ptr<PaviseTab> Make() {
+    return std::make_unique<Tab>();
+}
+
+struct StudyPage {
+    std::string_view name;
+    const StudyKind& kind;
+    std::unique_ptr<PaviseTab> (*make)();
+};
+
 std::vector<Page> MakePages() {
+    static constexpr std::array<StudyPage, studyKinds.size()> studyPages = {
+        StudyPage{"hom", studyKinds[0], Make<XNolSchedHomOvr>},
+        StudyPage{"plm", studyKinds[1], Make<XNolSchedPlmOvr>},
+        StudyPage{"rfc", studyKinds[2], Make<XNolSchedRfcOvr>},
+        StudyPage{"vcsa", studyKinds[3], Make<XNolSchedVcsOvr>},
+    };
     std::vector<Page> pages;
-    pages.push_back({"general", "General", std::make_unique<XNolSchedGenTab>()});
-    pages.push_back({"schedule", "Schedule", std::make_unique<XNolScheduleTab>()});
-    pages.push_back({"hom", MAppConstants::homStudy, std::make_unique<XNolSchedHomOvr>()});
-    pages.push_back({"plm", MAppConstants::plmStudy, std::make_unique<XNolSchedPlmOvr>()});
-    pages.push_back({"rfc", MAppConstants::rfcStudy, std::make_unique<XNolSchedRfcOvr>()});
-    pages.push_back({"vcsa", MAppConstants::vcsStudy, std::make_unique<XNolSchedVcsOvr>()});
+    pages.push_back({"general", "General", Make<XNolSchedGenTab>()});
+    pages.push_back({"schedule", "Schedule", Make<XNolScheduleTab>()});
+    for (const StudyPage& page : studyPages) pages.push_back({page.name, page.kind.sKey, page.make()});
     return pages;
 }
 
