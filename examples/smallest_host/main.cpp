@@ -48,10 +48,12 @@ int main() {
     int changes = 0;
     notifier->Changed.Connect([&changes] { ++changes; });
 
-    general.chkPlm.Click();  // switches the PLM tab on, through the notifier
+    // [idea] A box of one tab switches another on, through the notifier; a tab says itself what it refuses.
+    general.chkPlm.Click();
     plm.txtRetrieveDelay.Paste("11");
     const bool isRefused = !plm.IsTabValid("Nightly");
     plm.txtRetrieveDelay.Paste("10");
+    // [idea]
     std::cout << (isRefused ? "refused once, " : "") << changes << " changes\n";
 
     for (PaviseTab* const tab : tabs)
