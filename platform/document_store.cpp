@@ -7,9 +7,8 @@
 
 namespace NolSchedCtls {
 
-std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::Documents(const std::string& condition,
-                                                                            const Database::Values& values) {
-    std::vector<std::shared_ptr<const CaddisDocument>> documents;
+DocumentStore::Documents DocumentStore::Read(const std::string& condition, const Database::Values& values) {
+    Documents documents;
     const auto rows = database->Open(
         "SELECT Id, Type, Name FROM NOL_Document" + condition + " ORDER BY Type, Name", values);
     for (; !rows->AtEnd(); rows->MoveNext())
@@ -22,13 +21,12 @@ std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::Documents(cons
 
 std::shared_ptr<const CaddisDocument> DocumentStore::FindDocument(const CaddisDocumentType& type,
                                                                   std::int32_t id) {
-    const auto found = Documents(" WHERE Type = ? AND Id = ?", {type.Name, std::int64_t{id}});
+    const auto found = Read(" WHERE Type = ? AND Id = ?", {type.Name, std::int64_t{id}});
     return found.empty() ? nullptr : found.front();
 }
 
-std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::DocumentsOfType(
-    const CaddisDocumentType& type) {
-    return Documents(" WHERE Type = ?", {type.Name});
+DocumentStore::Documents DocumentStore::DocumentsOfType(const CaddisDocumentType& type) {
+    return Read(" WHERE Type = ?", {type.Name});
 }
 
 CaddisUser DocumentStore::CurrentUser() {
@@ -39,18 +37,16 @@ CaddisUser DocumentStore::CurrentUser() {
     return user;
 }
 
-std::vector<std::shared_ptr<const CaddisDocument>> DocumentStore::AllDocuments() { return Documents("", {}); }
+DocumentStore::Documents DocumentStore::AllDocuments() { return Read("", {}); }
 
 std::shared_ptr<const CaddisDocument> DocumentStore::DocumentNamed(const CaddisDocumentType& type,
                                                                    const std::string& name) {
     const auto documents = DocumentsOfType(type);
     for (const auto& document : documents)
         if (document->Name == name) return document;
-    throw RequestError("There is no " + type.Name + " named " + Quoted(name) +
-                       (documents.empty() ? "; there is none at all."
-                                          : "; there are " + Joined(documents, [](const auto& document) {
-                                                return Quoted(document->Name);
-                                            }) + "."));
+    const auto nameOf = [](const auto& document) { return Quoted(document->Name); };
+    const std::string offered = documents.empty() ? "is none at all" : "are " + Joined(documents, nameOf);
+    throw RequestError("There is no " + type.Name + " named " + Quoted(name) + "; there " + offered + ".");
 }
 
 void DocumentStore::Add(const CaddisDocumentType& type, const std::string& name) {

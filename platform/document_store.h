@@ -9,17 +9,18 @@ namespace NolSchedCtls {
 // Needs an installed LintelDb and a store with its tables. All throw StoreError where the store fails.
 class DocumentStore : public ICaddisStore {
   public:
+    using Documents = std::vector<std::shared_ptr<const CaddisDocument>>;
+
     explicit DocumentStore(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
 
     std::shared_ptr<const CaddisDocument> FindDocument(const CaddisDocumentType& type,
                                                        std::int32_t id) override;
     // By name.
-    std::vector<std::shared_ptr<const CaddisDocument>> DocumentsOfType(
-        const CaddisDocumentType& type) override;
+    Documents DocumentsOfType(const CaddisDocumentType& type) override;
     CaddisUser CurrentUser() override;
 
     // By type, then name.
-    std::vector<std::shared_ptr<const CaddisDocument>> AllDocuments();
+    Documents AllDocuments();
     // Throws RequestError that names what there is.
     std::shared_ptr<const CaddisDocument> DocumentNamed(const CaddisDocumentType& type,
                                                         const std::string& name);
@@ -28,8 +29,7 @@ class DocumentStore : public ICaddisStore {
     void Delete(const CaddisDocumentType& type, const std::string& name);
 
   private:
-    std::vector<std::shared_ptr<const CaddisDocument>> Documents(const std::string& condition,
-                                                                 const Database::Values& values);
+    Documents Read(const std::string& condition, const Database::Values& values);
 
     std::shared_ptr<Database> database;
 };

@@ -6,14 +6,9 @@
 #include <string_view>
 
 #include "NolSchedCtls/toolkit/view_field.h"
+#include "host/entries/arguments.h"
 
 namespace NolSchedCtls {
-
-// A line of a script, or a command line, that cannot be carried out.
-class UsageError : public NolSchedError {
-  public:
-    using NolSchedError::NolSchedError;
-};
 
 enum class Verb { Click, Pick, Type, Paste, Date, Time };
 

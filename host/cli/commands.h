@@ -15,7 +15,7 @@ struct Terminal {
     std::string sUser;           // who saves
 };
 
-// The arguments behind the program's name. Needs a QCoreApplication. Gives the exit status.
+// The arguments after the program's name. Needs a QCoreApplication. Gives the exit status.
 int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal);
 
 }  // namespace NolSchedCtls

@@ -129,30 +129,25 @@ void Script::ShowRecord() { answers.Tell(JsonOf(session.Record())); }
 
 void Script::ShowChanged() { answers.Tell({{"changed", session.Changes()}}); }
 
-void Script::TellRefusal(const Page& page) {
+void Script::Refuse(const Page& page) {
     const ViewField* const focus = page.tab->FocusedField();
+    verdict = exitRefused;
     answers.Tell({{"valid", false},
                   {"tab", page.sName},
                   {"focus", focus == nullptr ? Json(nullptr) : Json(focus->Name())}});
 }
 
 void Script::Valid() {
-    const Page* const refusal = session.FirstRefusal();
-    verdict = refusal == nullptr ? exitDone : exitRefused;
-    if (refusal == nullptr)
-        answers.Tell({{"valid", true}});
-    else
-        TellRefusal(*refusal);
+    verdict = exitDone;
+    if (const Page* refusal = session.FirstRefusal()) return Refuse(*refusal);
+    answers.Tell({{"valid", true}});
 }
 
 void Script::Save() {
-    const auto result = session.Save();
-    verdict = result.refusedBy == nullptr ? exitDone : exitRefused;
-    if (result.refusedBy == nullptr) {
-        answers.Tell({{"saved", true}, {"Id", session.Record().Id}});
-        return;
-    }
-    TellRefusal(*result.refusedBy);
+    const Page* const refusal = session.Save().refusedBy;
+    verdict = exitDone;
+    if (refusal == nullptr) return answers.Tell({{"saved", true}, {"Id", session.Record().Id}});
+    Refuse(*refusal);
     answers.Tell({{"saved", false}});
 }
 

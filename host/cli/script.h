@@ -6,11 +6,9 @@
 #include "host/cli/acts.h"
 #include "host/cli/answers.h"
 #include "host/entries/entry_session.h"
+#include "host/entries/process.h"
 
 namespace NolSchedCtls {
-
-// The exit statuses of `nolsched`.
-enum ExitStatus { exitDone = 0, exitRefused = 1, exitUsage = 2, exitStore = 3 };
 
 class Script {
   public:
@@ -36,7 +34,7 @@ class Script {
     void Valid();
     void LookAt(const Page& page);
     const Page& PageNamed(std::string_view name) const;
-    void TellRefusal(const Page& page);
+    void Refuse(const Page& page);
 
     EntrySession& session;
     Answers& answers;

@@ -5,6 +5,8 @@
 
 namespace NolSchedCtls {
 
+enum ExitStatus { exitDone = 0, exitRefused = 1, exitUsage = 2, exitStore = 3 };
+
 // The name of the user that the process runs for; saves bear it.
 std::string UserName();
 

@@ -13,8 +13,6 @@ namespace {
 
 using namespace NolSchedCtls;
 
-enum ExitStatus { exitDone = 0, exitUsage = 2, exitStore = 3 };
-
 bool HasDisplay() {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
@@ -35,11 +33,11 @@ int RunWindow(Workspace& workspace, const EditorOptions& options) {
 }
 
 int Run(const EditorOptions& options) {
-    const bool isPictures = !options.screenshots.isEmpty();
+    const bool isPictures = !options.screenshots.empty();
     Workspace workspace(
         {options.address, UserName(), isPictures ? WriteMessage : ShowMessageBox, options.now});
     if (!isPictures) return RunWindow(workspace, options);
-    WriteScreenshots(workspace, options.screenshots);
+    WriteScreenshots(workspace, ToQt(options.screenshots));
     return exitDone;
 }
 
@@ -48,7 +46,7 @@ int RunGuarded(const EditorOptions& options) {
     try {
         return Run(options);
     } catch (const std::exception& error) {
-        if (options.screenshots.isEmpty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
+        if (options.screenshots.empty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
         std::cerr << "nolsched-editor: " << error.what() << '\n';
         return exitStore;
     }
@@ -64,11 +62,9 @@ int main(int argc, char** argv) {
         std::cerr << "nolsched-editor: " << error.what() << '\n';
         return exitUsage;
     }
-    if (options.wantsHelp || options.wantsVersion) {
-        std::cout << (options.wantsHelp ? editorUsage : "nolsched-editor " NOLSCHED_VERSION "\n");
-        return exitDone;
-    }
-    if (!HasDisplay() && options.screenshots.isEmpty()) {
+    std::cout << options.answer;
+    if (!options.answer.empty()) return exitDone;
+    if (!HasDisplay() && options.screenshots.empty()) {
         std::cerr << "nolsched-editor: there is no display; --screenshots needs none.\n";
         return exitUsage;
     }

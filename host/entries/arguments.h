@@ -1,0 +1,44 @@
+// The command lines of the hosts: what both take, and how a wrong one is refused.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "NolSchedCtls/base/date_time.h"
+#include "NolSchedCtls/base/error.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace NolSchedCtls {
+
+// A line of a script, or a command line, that cannot be carried out.
+class UsageError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
+};
+
+struct HostArguments {
+    std::string address = "nolsched.db";
+    std::function<DateTime()> now;  // empty for the system's clock
+    std::string command;            // with the commands above it: "documents add"
+    std::string answer;             // to --help or --version: tell it and do nothing else
+};
+
+// Takes --db, --now, --help and --version into the arguments, which it refers to from then on.
+std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& description,
+                                  HostArguments& arguments);
+// The place ID.
+CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description);
+
+// Options stand as "--name TEXT" or "--name=TEXT"; those of a command after it, the others anywhere. A text
+// that begins with "-" stands after its option or after "--". Throws UsageError that names what is not known,
+// is too much or lacks its text, and what may be meant; and for an argument that is not valid UTF-8.
+void ReadArguments(CLI::App& app, const std::vector<std::string>& given, HostArguments& arguments);
+
+}  // namespace NolSchedCtls
