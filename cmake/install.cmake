@@ -11,7 +11,6 @@ install(EXPORT NolSchedCtls
 
 # Headers that a host includes, with what they include; the others stay inside.
 set(private_headers
-    library/component_runtime.h
     records/sql.h
     tabs/override/numeric_text.h
     tabs/override/override_kind.h

@@ -13,62 +13,28 @@ namespace {
 
 using Names = std::span<const std::string_view>;
 
-constexpr auto schedDataMembers = std::to_array<std::string_view>({"AddNolOverride",
-                                                                   "AutoPurge",
-                                                                   "ClientMachineId",
-                                                                   "CreateFiles",
-                                                                   "DBFinalDateTime",
-                                                                   "DBFirstDateTime",
-                                                                   "EditorName",
-                                                                   "FinalDateTime",
-                                                                   "FirstDateTime",
-                                                                   "Frequency",
-                                                                   "GetOverride",
-                                                                   "Overrides",
-                                                                   "HomOvr",
-                                                                   "Id",
-                                                                   "IncludeDayAfterHol",
-                                                                   "IncludeFridays",
-                                                                   "IncludeHolidays",
-                                                                   "IncludeMondays",
-                                                                   "IncludeSaturdays",
-                                                                   "IncludeSundays",
-                                                                   "IncludeThursdays",
-                                                                   "IncludeTuesdays",
-                                                                   "IncludeWednesdays",
-                                                                   "InitEdit",
-                                                                   "InitNew",
-                                                                   "IsNew",
-                                                                   "IsOverride",
-                                                                   "LastRunDate",
-                                                                   "NextRunDate",
-                                                                   "Periodicity",
-                                                                   "PlmOvr",
-                                                                   "PurgeInterval",
-                                                                   "RemoveNolOverride",
-                                                                   "RetrieveMode",
-                                                                   "RfcOvr",
-                                                                   "RptGrpId",
-                                                                   "RunMode",
-                                                                   "SaveNolOverrides",
-                                                                   "ScheduleActive",
-                                                                   "SubFolderName",
-                                                                   "VcsOvr",
-                                                                   "WhichMonthDate",
-                                                                   "WhichWeek",
-                                                                   "WhichWeekday"});
+// clang-format off
+constexpr std::string_view schedDataMembers[] = {
+    "AddNolOverride", "AutoPurge", "ClientMachineId", "CreateFiles", "DBFinalDateTime", "DBFirstDateTime",
+    "EditorName", "FinalDateTime", "FirstDateTime", "Frequency", "GetOverride", "Overrides", "HomOvr", "Id",
+    "IncludeDayAfterHol", "IncludeFridays", "IncludeHolidays", "IncludeMondays", "IncludeSaturdays",
+    "IncludeSundays", "IncludeThursdays", "IncludeTuesdays", "IncludeWednesdays", "InitEdit", "InitNew",
+    "IsNew", "IsOverride", "LastRunDate", "NextRunDate", "Periodicity", "PlmOvr", "PurgeInterval",
+    "RemoveNolOverride", "RetrieveMode", "RfcOvr", "RptGrpId", "RunMode", "SaveNolOverrides",
+    "ScheduleActive", "SubFolderName", "VcsOvr", "WhichMonthDate", "WhichWeek", "WhichWeekday"};
+// clang-format on
 
-constexpr auto overrideMembers =
-    std::to_array<std::string_view>({"ClearLog", "Duration", "Initialize", "OverrideType", "ScenarioId",
-                                     "Polling_Interval", "Retrieve_Delay", "NOL_OverrideId"});
+constexpr std::string_view overrideMembers[] = {"ClearLog",       "Duration",      "Initialize",
+                                                "OverrideType",   "ScenarioId",    "Polling_Interval",
+                                                "Retrieve_Delay", "NOL_OverrideId"};
 
-constexpr auto scheduleMembers =
-    std::to_array<std::string_view>({"EnableExcludeCtls", "InitControls", "SetCtlsDaily", "SetCtlsHourly",
-                                     "SetCtlsMonthly", "SetCtlsOnce", "SetCtlsWeekly"});
+constexpr std::string_view scheduleMembers[] = {"EnableExcludeCtls", "InitControls",   "SetCtlsDaily",
+                                                "SetCtlsHourly",     "SetCtlsMonthly", "SetCtlsOnce",
+                                                "SetCtlsWeekly"};
 
-constexpr auto generalOutside = std::to_array<std::string_view>({"XMarlet", "XAmbitPurge", "XAmbitDownload"});
-constexpr auto scheduleOutside = std::to_array<std::string_view>({"SSDateCombo", "SSDateCombo", "DTPicker"});
-constexpr auto scenarioOutside = std::to_array<std::string_view>({"XMarlet"});
+constexpr std::string_view generalOutside[] = {"XMarlet", "XAmbitPurge", "XAmbitDownload"};
+constexpr std::string_view scheduleOutside[] = {"SSDateCombo", "SSDateCombo", "DTPicker"};
+constexpr std::string_view scenarioOutside[] = {"XMarlet"};
 
 template <class Class, class Base = Class>
 PublishedObject Create() {

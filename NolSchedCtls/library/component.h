@@ -35,6 +35,7 @@ enum ComponentResult : std::int32_t {
 
 }  // namespace NolSchedCtls
 
+// Safe from any thread.
 extern "C" {
 NOLSCHED_API std::int32_t DllRegisterServer();
 NOLSCHED_API std::int32_t DllUnregisterServer();

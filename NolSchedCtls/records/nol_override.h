@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "NolSchedCtls/base/export.h"
 
@@ -22,7 +23,15 @@ class NOLSCHED_API CNolOverride {
 
     void Initialize(std::int32_t nNOL_OverrideIdA, std::string sOverrideTypeA, std::int32_t nScenarioIdA,
                     std::int32_t nDurationA, std::int32_t nPolling_IntervalA, std::int32_t nRetrieve_DelayA,
-                    std::string sClearLogA);
+                    std::string sClearLogA) {
+        NOL_OverrideId = nNOL_OverrideIdA;
+        OverrideType = std::move(sOverrideTypeA);
+        ScenarioId = nScenarioIdA;
+        Duration = nDurationA;
+        Polling_Interval = nPolling_IntervalA;
+        Retrieve_Delay = nRetrieve_DelayA;
+        ClearLog = std::move(sClearLogA);
+    }
 };
 
 }  // namespace NolSchedCtls

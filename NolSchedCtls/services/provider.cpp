@@ -4,6 +4,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace NolSchedCtls {
@@ -25,16 +26,11 @@ Installation& TheInstallation() {
 struct ThreadServices {
     std::unique_ptr<ServiceProvider> provider;
     std::uint64_t generation = 0;
-    std::unique_ptr<ILintelDb> lintelDb;
-    std::unique_ptr<ICaddisStore> caddisStore;
-    std::unique_ptr<IMessageService> messageService;
-    std::unique_ptr<ICaddisPickerStates> caddisPickerStates;
-    std::unique_ptr<ICaddisScenarios> caddisScenarios;
-    std::unique_ptr<IDocumentTypes> documentTypes;
-    std::unique_ptr<ICodeTables> codeTables;
-    std::unique_ptr<IDayConversion> dayConversion;
-    std::unique_ptr<IClock> clock;
-    std::unique_ptr<IDateSettings> dateSettings;
+    std::tuple<std::unique_ptr<ILintelDb>, std::unique_ptr<ICaddisStore>, std::unique_ptr<IMessageService>,
+               std::unique_ptr<ICaddisPickerStates>, std::unique_ptr<ICaddisScenarios>,
+               std::unique_ptr<IDocumentTypes>, std::unique_ptr<ICodeTables>, std::unique_ptr<IDayConversion>,
+               std::unique_ptr<IClock>, std::unique_ptr<IDateSettings>>
+        made;
 };
 
 thread_local std::optional<ThreadServices> threadServices;
@@ -60,10 +56,9 @@ ServiceProvider& Provider(const char* service) {
 }
 
 template <class Service>
-Service& Used(std::unique_ptr<Service> ThreadServices::*member, const char* name,
-              std::unique_ptr<Service> (ServiceProvider::*create)()) {
+Service& Used(const char* name, std::unique_ptr<Service> (ServiceProvider::*create)()) {
     ServiceProvider& provider = Provider(name);
-    std::unique_ptr<Service>& service = (*threadServices).*member;
+    auto& service = std::get<std::unique_ptr<Service>>(threadServices->made);
     if (!service) service = (provider.*create)();
     return *service;
 }
@@ -80,40 +75,20 @@ void InstallServices(ProviderFactory factory) {
     threadServices.reset();
 }
 
-using Threads = ThreadServices;
 using Makes = ServiceProvider;
 
-ILintelDb& LintelDb() { return Used(&Threads::lintelDb, "LintelDb", &Makes::CreateLintelDb); }
-
-ICaddisStore& CaddisStore() { return Used(&Threads::caddisStore, "CaddisStore", &Makes::CreateCaddisStore); }
-
-IMessageService& MessageService() {
-    return Used(&Threads::messageService, "MessageService", &Makes::CreateMessageService);
-}
-
+ILintelDb& LintelDb() { return Used("LintelDb", &Makes::CreateLintelDb); }
+ICaddisStore& CaddisStore() { return Used("CaddisStore", &Makes::CreateCaddisStore); }
+IMessageService& MessageService() { return Used("MessageService", &Makes::CreateMessageService); }
 ICaddisPickerStates& CaddisPickerStates() {
-    return Used(&Threads::caddisPickerStates, "CaddisPickerStates", &Makes::CreateCaddisPickerStates);
+    return Used("CaddisPickerStates", &Makes::CreateCaddisPickerStates);
 }
-
-ICaddisScenarios& CaddisScenarios() {
-    return Used(&Threads::caddisScenarios, "CaddisScenarios", &Makes::CreateCaddisScenarios);
-}
-
-IDocumentTypes& DocumentTypes() {
-    return Used(&Threads::documentTypes, "DocumentTypes", &Makes::CreateDocumentTypes);
-}
-
-ICodeTables& CodeTables() { return Used(&Threads::codeTables, "CodeTables", &Makes::CreateCodeTables); }
-
-IDayConversion& DayConversion() {
-    return Used(&Threads::dayConversion, "DayConversion", &Makes::CreateDayConversion);
-}
-
-IClock& Clock() { return Used(&Threads::clock, "Clock", &Makes::CreateClock); }
-
-IDateSettings& DateSettings() {
-    return Used(&Threads::dateSettings, "DateSettings", &Makes::CreateDateSettings);
-}
+ICaddisScenarios& CaddisScenarios() { return Used("CaddisScenarios", &Makes::CreateCaddisScenarios); }
+IDocumentTypes& DocumentTypes() { return Used("DocumentTypes", &Makes::CreateDocumentTypes); }
+ICodeTables& CodeTables() { return Used("CodeTables", &Makes::CreateCodeTables); }
+IDayConversion& DayConversion() { return Used("DayConversion", &Makes::CreateDayConversion); }
+IClock& Clock() { return Used("Clock", &Makes::CreateClock); }
+IDateSettings& DateSettings() { return Used("DateSettings", &Makes::CreateDateSettings); }
 
 std::unique_ptr<ILintelFailureReport> LintelFailureReport() {
     return Provider("LintelFailureReport").CreateLintelFailureReport();

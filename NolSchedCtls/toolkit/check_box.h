@@ -13,9 +13,17 @@ class NOLSCHED_API CheckBox : public ViewField {
     FieldKind Kind() override { return this; }
 
     int Value() const { return value; }
-    void SetValue(int valueA);  // raises Clicked if the value changes
+    // Raises Clicked if the value changes.
+    void SetValue(int valueA) {
+        if (Assign(value, valueA)) Clicked.Raise();
+    }
 
-    bool Click();  // the user turns the box over
+    // The user turns the box over.
+    bool Click() {
+        if (!BeginUserAct()) return false;
+        SetValue(value == 0 ? 1 : 0);
+        return true;
+    }
 
     Event<> Clicked;
 

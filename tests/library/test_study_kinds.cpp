@@ -31,8 +31,7 @@ struct TwoTabs : OpenEntry {
         return both + (generalFirst ? "" : Load(general));
     }
     std::string Boxes() {
-        return Barred(box.Value(), chkOverride.Value(),
-                      page->fraDuration.Visible() ? "shown" : "hidden");
+        return Barred(box.Value(), chkOverride.Value(), page->fraDuration.Visible() ? "shown" : "hidden");
     }
     std::string After(CheckBox& clicked) { return clicked.Click() ? TakeTrace() + Boxes() : "no click"; }
 

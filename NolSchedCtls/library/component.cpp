@@ -1,20 +1,23 @@
-#include "NolSchedCtls/library/component_runtime.h"
+#include "NolSchedCtls/library/component.h"
 
-#include <string_view>
+#include <atomic>
 #include <vector>
 
 namespace NolSchedCtls {
 
 namespace {
 
+std::atomic<bool> isRegistered = false;
+std::atomic<int> liveObjects = 0;
+
 // The same object under a holder that counts.
 template <class T>
 std::shared_ptr<T> Counted(std::shared_ptr<T> object) {
     T* const plain = object.get();
-    ComponentRuntime::Instance().ObjectCreated();
+    ++liveObjects;
     return {plain, [held = std::move(object)](T*) mutable {
                 held.reset();
-                ComponentRuntime::Instance().ObjectEnded();
+                --liveObjects;
             }};
 }
 
@@ -40,33 +43,29 @@ IClassObject& ClassObjectOf(const PublishedClass& published) {
 
 }  // namespace
 
-ComponentRuntime& ComponentRuntime::Instance() {
-    static ComponentRuntime runtime;
-    return runtime;
-}
+}  // namespace NolSchedCtls
 
-ComponentResult ComponentRuntime::Register() {
-    fRegistered = true;
+using namespace NolSchedCtls;
+
+std::int32_t DllRegisterServer() {
+    isRegistered = true;
     return componentOk;
 }
 
-ComponentResult ComponentRuntime::Unregister() {
-    fRegistered = false;
+std::int32_t DllUnregisterServer() {
+    isRegistered = false;
     return componentOk;
 }
 
-ComponentResult ComponentRuntime::ClassObject(const char* sClass, const char* sInterface,
-                                              void** ppObject) const {
+std::int32_t DllGetClassObject(const char* sClass, const char* sInterface, void** ppObject) {
     if (ppObject == nullptr) return componentBadPointer;
     *ppObject = nullptr;
     if (sClass == nullptr || sInterface == nullptr) return componentBadPointer;
     const PublishedClass* const published = FindPublishedClass(sClass);
-    if (published == nullptr || (published->sName != sClass && !fRegistered)) return componentNoClass;
+    if (published == nullptr || (published->sName != sClass && !isRegistered)) return componentNoClass;
     if (std::string_view(sInterface) != classObjectInterface) return componentNoInterface;
     *ppObject = &ClassObjectOf(*published);
     return componentOk;
 }
 
-ComponentResult ComponentRuntime::CanUnload() const { return nLiveObjects == 0 ? componentOk : componentNo; }
-
-}  // namespace NolSchedCtls
+std::int32_t DllCanUnloadNow() { return liveObjects == 0 ? componentOk : componentNo; }
