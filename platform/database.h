@@ -26,8 +26,8 @@ class RequestError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
-// Used on the thread that opened it. Texts are UTF-8; one that is broken or holds a NUL raises StoreError
-// before anything is sent. Every operation raises StoreError where the store fails.
+// Used on the thread that opened it. Texts are UTF-8; one that is broken or holds a NUL throws StoreError
+// before anything is sent. Every operation throws StoreError where the store fails.
 class Database {
   public:
     using Values = std::vector<LintelValue>;
@@ -56,7 +56,7 @@ class Database {
     // Inside a transaction: waits until no other connection is making tables.
     void LockTableMaking();
 
-    // Every statement passes here before it is sent; a handler that raises makes it fail.
+    // Every statement passes here before it is sent; a handler that throws makes it fail.
     Event<std::string_view> Statement;
 
   private:

@@ -32,7 +32,7 @@ bool IsEmptyOrComment(std::string_view line) {
 
 void RefuseRest(std::string_view verb, std::string_view rest) {
     if (!IsEmptyOrComment(rest))
-        throw UsageError(std::string(verb) + " takes no text, but " + Quoted(rest) + " stands behind it.");
+        throw UsageError(std::string(verb) + " takes no text, but " + Quoted(rest) + " stands after it.");
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ class Script {
     Script(EntrySession& sessionA, Answers& answersA);
 
     // Runs to the end of the lines. Throws UsageError, with the line's number, for the first line that a user
-    // could not carry out, and what a save raises. At a terminal a wrong line is told and the next is asked
+    // could not carry out, and what a save throws. At a terminal a wrong line is told and the next is asked
     // for. Gives the verdict.
     int Run(std::istream& lines, std::ostream* prompt);
     // Saves the entry and answers so, or answers which tab refused and makes the verdict exitRefused. Throws

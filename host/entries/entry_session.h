@@ -57,7 +57,7 @@ class EntrySession {
         const Page* refusedBy = nullptr;  // nothing: the entry is saved
     };
     // Asks all pages, then stores row and overrides in one transaction. If the store fails or another user
-    // was faster, raises StoreError or OvertakenError; the store, Id and IsNew are then as before.
+    // was faster, throws StoreError or OvertakenError; the store, Id and IsNew are then as before.
     SaveResult Save();
 
   private:

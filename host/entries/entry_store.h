@@ -39,19 +39,19 @@ class EntryStore {
   public:
     EntryStore(std::shared_ptr<Database> databaseA, std::string sUserA);
 
-    // Raises RequestError, and StoreError for a row that no record can hold.
+    // Throws RequestError, and StoreError for a row that no record can hold.
     StoredEntry Load(std::int32_t nId) const;
-    // A new entry gets its Id. Returns the version that now stands. Raises OvertakenError for a stored entry
+    // A new entry gets its Id. Returns the version that now stands. Throws OvertakenError for a stored entry
     // whose version is no longer nVersion. Call inside a transaction.
     std::int32_t Write(CNolSchedData& record, std::int32_t nVersion);
     // The row and its override rows, in a transaction of its own. Throws RequestError.
     void Delete(std::int32_t nId);
     // Every column of the entry's override rows as it is stored, by Type.
     std::vector<std::vector<LintelField>> OverrideRows(std::int32_t nId) const;
-    // Runs a step of opening a stored entry: what it raises becomes a StoreError that names store and entry
+    // Runs a step of opening a stored entry: what it throws becomes a StoreError that names store and entry
     // (0: a new one).
     void Opening(std::int32_t nId, const std::function<void()>& step) const;
-    // By Id, one at a time, from behind nAfterId on and at most nMost. The entry given is filled anew for the
+    // By Id, one at a time, those after nAfterId and at most nMost. The entry given is filled anew for the
     // next.
     void ForEach(const std::function<void(const ListedEntry&)>& visit,
                  std::int64_t nAfterId = std::numeric_limits<std::int32_t>::min(),

@@ -18,7 +18,7 @@ struct WorkspaceOptions {
     std::function<DateTime()> now;  // empty for the system's clock
 };
 
-// Installs the services of the process for as long as it stands: one at a time. Raises StoreError if the
+// Installs the services of the process for as long as it stands: one at a time. Throws StoreError if the
 // store cannot be opened or prepared.
 class Workspace {
   public:

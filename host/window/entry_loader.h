@@ -28,7 +28,7 @@ class EntryLoader : public QObject {
 
   private:
     void LoadPiece();
-    // True if there may be more behind it. A failure is told, and keeps what was read before.
+    // True if there may be more after it. A failure is told, and keeps what was read before.
     bool ReadPiece(std::vector<EntryRow>& piece);
 
     EntryStore& entries;

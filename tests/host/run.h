@@ -9,7 +9,7 @@
 
 namespace NolSchedCtls::Testing {
 
-// What it says, with "t.db" for the store's address, and behind it "[status N]" unless that is 0.
+// What it says, with "t.db" for the store's address, and after it "[status N]" unless that is 0.
 inline std::string RunCommandLine(const std::string& address, std::vector<std::string> arguments,
                                   const std::string& input = {}) {
     arguments.insert(arguments.begin(), {"--db", address, "--now", "2026-03-02T09:05"});

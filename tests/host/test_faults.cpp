@@ -29,7 +29,7 @@ class Sessions : public testing::Test {
         hom.Field<TextBox>("txtDuration").Paste(duration);
     }
 
-    // "saved", or what the save raises.
+    // "saved", or what the save throws.
     std::string Save(EntrySession& session) {
         const auto& record = session.Record();
         const auto state = [&] { return std::tuple(store.Dump(), record.Id, record.IsNew); };
@@ -101,7 +101,7 @@ TEST_F(Sessions, AnotherThreadHasAConnectionOfItsOwn) {
     }).join();
 }
 
-TEST_F(OpenedEntry, AStoreThatTurnsBadBehindTheLoadLosesNothing) {
+TEST_F(OpenedEntry, AStoreThatTurnsBadAfterTheLoadLosesNothing) {
     entry.Record().SubFolderName = std::string(200'000, 'x');
     if (TemporaryStore::IsServer()) {
         store.Sql(
