@@ -105,11 +105,10 @@ class QueryRows : public ILintelRows {
         if (atEnd && query.lastError().isValid()) database.Fail(query.lastError());
     }
 
-    LintelField Fields(std::string_view sColumn) const override {
+    LintelField Fields(std::string_view column) const override {
         for (std::size_t i = 0; i < columns.size(); ++i)
-            if (EqualKeys(columns[i], sColumn))
-                return {columns[i], ToValue(query.value(static_cast<int>(i)))};
-        throw StoreError(database.Name() + ": the rows have no column " + std::string(sColumn) + ".");
+            if (EqualKeys(columns[i], column)) return {columns[i], ToValue(query.value(static_cast<int>(i)))};
+        throw StoreError(database.Name() + ": the rows have no column " + std::string(column) + ".");
     }
 
   private:

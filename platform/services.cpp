@@ -11,7 +11,7 @@ class DatabaseLintel : public ILintelDb {
   public:
     explicit DatabaseLintel(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
 
-    void ExecuteStatement(std::string_view sStatement) override { database->Execute(sStatement); }
+    void ExecuteStatement(std::string_view statement) override { database->Execute(statement); }
 
     // A connection has one source, one user and one kind of cursor; the query alone differs.
     std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
@@ -33,7 +33,7 @@ class CallbackReport : public ILintelFailureReport {
     explicit CallbackReport(std::function<void(const std::string&)> tellA)
         : tell(std::move(tellA)), failure(PresentFailure()) {}
 
-    void ReportFailure(std::string_view sText) override { tell(std::string(sText) + failure); }
+    void ReportFailure(std::string_view text) override { tell(std::string(text) + failure); }
 
   private:
     std::function<void(const std::string&)> tell;
@@ -44,9 +44,9 @@ class CallbackMessages : public IMessageService {
   public:
     explicit CallbackMessages(std::function<void(const Message&)> showA) : show(std::move(showA)) {}
 
-    void Show(std::string_view sText, int nFlags, std::string_view sTitle, int /*nHelpFile*/,
-              int /*nHelpContext*/) override {
-        show({std::string(sText), nFlags, std::string(sTitle)});
+    void Show(std::string_view text, int flags, std::string_view title, int /*helpFile*/,
+              int /*helpContext*/) override {
+        show({std::string(text), flags, std::string(title)});
     }
 
   private:

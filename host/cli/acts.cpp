@@ -99,16 +99,16 @@ std::optional<Verb> VerbNamed(std::string_view word) {
 void DoAct(Verb verb, const Target& target, const std::string& text) {
     ViewField& field = target.field;
     if (!field.IsUsable())
-        throw UsageError(target.sName + (field.IsShown() ? " is disabled." : " is hidden."));
+        throw UsageError(target.name + (field.IsShown() ? " is disabled." : " is hidden."));
     const Done done = Explained<UsageError>(
         [&] { return VisitField(field, [&](auto& kind) { return Act(kind, verb, text); }); },
-        [&] { return target.sName + ": "; });
+        [&] { return target.name + ": "; });
     if (!done)
-        throw UsageError(target.sName + " is a " + KindName(field) + ", which one cannot " +
+        throw UsageError(target.name + " is a " + KindName(field) + ", which one cannot " +
                          std::string(verbNames.at(static_cast<std::size_t>(verb))) + ".");
     if (!*done)
-        throw UsageError(target.sName + " does not offer " + Quoted(text) + "; it offers " +
-                         OfferText(field) + ".");
+        throw UsageError(target.name + " does not offer " + Quoted(text) + "; it offers " + OfferText(field) +
+                         ".");
 }
 
 }  // namespace NolSchedCtls

@@ -17,7 +17,7 @@ std::optional<Verb> VerbNamed(std::string_view word);
 
 // A field as a script names it: "hom.txtDuration".
 struct Target {
-    std::string sName;
+    std::string name;
     ViewField& field;
 };
 

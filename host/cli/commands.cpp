@@ -38,9 +38,9 @@ void TellEntry(const Run& run, const ListedEntry& entry) {
     run.answers.Tell({{"entry",
                        {{"Id", entry.record->Id},
                         {"EditorName", entry.record->EditorName},
-                        {"group", entry.sGroup},
+                        {"group", entry.group},
                         {"sentence", SentenceOf(entry)},
-                        {"overrides", entry.sKinds}}}});
+                        {"overrides", entry.kinds}}}});
 }
 
 // Page by page, so that a store of any size takes the same memory.
@@ -77,10 +77,10 @@ CaddisDocumentType GroupType() { return DocumentTypes().TypeByName(MAppConstants
 
 int New(const Run& run) {
     EntrySession::NewEntry entry;
-    entry.fIsImmediate = run.line.isImmediate;
-    entry.sName = run.line.name.value_or(entry.fIsImmediate ? "New Immediate Entry" : "New Schedule Entry");
+    entry.isImmediate = run.line.isImmediate;
+    entry.name = run.line.name.value_or(entry.isImmediate ? "New Immediate Entry" : "New Schedule Entry");
     if (run.line.group)
-        entry.nRptGrpId = run.workspace.Documents().DocumentNamed(GroupType(), *run.line.group)->Id;
+        entry.groupId = run.workspace.Documents().DocumentNamed(GroupType(), *run.line.group)->Id;
     EntrySession session(run.workspace, entry);
     return RunScript(run, session);
 }
@@ -150,7 +150,7 @@ int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answe
         answers.Tell(
             {{"message", {{"text", message.text}, {"flags", message.flags}, {"title", message.title}}}});
     };
-    Workspace workspace({line.address, terminal.sUser, showMessage, line.now});
+    Workspace workspace({line.address, terminal.user, showMessage, line.now});
     return RunCommand({line, terminal, answers, workspace});
 }
 

@@ -12,7 +12,7 @@ struct Terminal {
     std::ostream& out;
     std::ostream& err;
     bool isInteractive = false;  // `in` is a terminal: prompt for a script
-    std::string sUser;           // who saves
+    std::string user;            // who saves
 };
 
 // The arguments after the program's name. Needs a QCoreApplication. Gives the exit status.

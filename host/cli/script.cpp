@@ -38,9 +38,9 @@ void RefuseRest(std::string_view verb, std::string_view rest) {
 }  // namespace
 
 Script::Script(EntrySession& sessionA, Answers& answersA) : session(sessionA), answers(answersA) {
-    connections.emplace_back(session.Notifier().TabShown.Connect([this](const std::string& sTabName) {
-        const Page* page = session.FindPage(sTabName);
-        answers.Tell({{"shown", page == nullptr ? sTabName : std::string(page->sName)}});
+    connections.emplace_back(session.Notifier().TabShown.Connect([this](const std::string& tabName) {
+        const Page* page = session.FindPage(tabName);
+        answers.Tell({{"shown", page == nullptr ? tabName : std::string(page->name)}});
     }));
     for (const Page& page : session.Pages())
         connections.emplace_back(page.tab->Beep.Connect([this](const ViewField& field) {
@@ -94,7 +94,7 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
     const Page& page = PageNamed(target.substr(0, dot));
     ViewField* const field = page.tab->FindField(target.substr(dot + 1));
     if (field == nullptr)
-        throw UsageError("The tab " + std::string(page.sName) + " has no field " +
+        throw UsageError("The tab " + std::string(page.name) + " has no field " +
                          Quoted(target.substr(dot + 1)) + "; it has " +
                          Joined(page.tab->Fields(), [](const ViewField* known) { return known->Name(); }) +
                          ".");
@@ -104,15 +104,15 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
 
 const Page& Script::PageNamed(std::string_view name) const {
     for (const Page& page : session.Pages())
-        if (page.sName == name) return page;
+        if (page.name == name) return page;
     throw UsageError("There is no tab " + Quoted(name) + "; there are " +
-                     Joined(session.Pages(), &Page::sName) + ".");
+                     Joined(session.Pages(), &Page::name) + ".");
 }
 
 void Script::LookAt(const Page& page) {
     Json fields = Json::array();
     for (const ViewField* field : page.tab->Fields()) fields.push_back(Describe(*field));
-    answers.Tell({{"look", page.sName}, {"fields", fields}});
+    answers.Tell({{"look", page.name}, {"fields", fields}});
 }
 
 void Script::Look(std::string_view rest) {
@@ -133,7 +133,7 @@ void Script::Refuse(const Page& page) {
     const ViewField* const focus = page.tab->FocusedField();
     verdict = exitRefused;
     answers.Tell({{"valid", false},
-                  {"tab", page.sName},
+                  {"tab", page.name},
                   {"focus", focus == nullptr ? Json(nullptr) : Json(focus->Name())}});
 }
 

@@ -16,7 +16,7 @@ std::string SentenceOf(const std::shared_ptr<CNolSchedData>& record) {
 }
 
 std::string SentenceOf(const ListedEntry& entry) {
-    return entry.sTrouble.empty() ? SentenceOf(entry.record) : "(" + entry.sTrouble + ")";
+    return entry.trouble.empty() ? SentenceOf(entry.record) : "(" + entry.trouble + ")";
 }
 
 }  // namespace NolSchedCtls

@@ -38,7 +38,7 @@ std::vector<Page> MakePages() {
 
 StoredEntry NewRecord(const EntrySession::NewEntry& entry) {
     auto record = std::make_shared<CNolSchedData>();
-    record->InitNew(std::make_shared<CaddisScenarioType>(), entry.fIsImmediate, entry.nRptGrpId, entry.sName);
+    record->InitNew(std::make_shared<CaddisScenarioType>(), entry.isImmediate, entry.groupId, entry.name);
     return {std::move(record), 0};
 }
 
@@ -54,29 +54,29 @@ StoredEntry CopiedRecord(StoredEntry entry) {
 }  // namespace
 
 EntrySession::EntrySession(Workspace& workspaceA, StoredEntry entry)
-    : workspace(workspaceA), record(std::move(entry.record)), nVersion(entry.nVersion), pages(MakePages()) {
-    changed = notifier->Changed.Connect([this] { ++nChanges; });
+    : workspace(workspaceA), record(std::move(entry.record)), version(entry.version), pages(MakePages()) {
+    changed = notifier->Changed.Connect([this] { ++changes; });
 }
 
 EntrySession::EntrySession(Workspace& workspaceA, const NewEntry& entry)
     : EntrySession(workspaceA, NewRecord(entry)) {}
 
-EntrySession::EntrySession(Workspace& workspaceA, std::int32_t nId)
-    : EntrySession(workspaceA, workspaceA.Entries().Load(nId)) {}
+EntrySession::EntrySession(Workspace& workspaceA, std::int32_t id)
+    : EntrySession(workspaceA, workspaceA.Entries().Load(id)) {}
 
 EntrySession::EntrySession(Workspace& workspaceA, CopyOf original)
-    : EntrySession(workspaceA, CopiedRecord(workspaceA.Entries().Load(original.nId))) {}
+    : EntrySession(workspaceA, CopiedRecord(workspaceA.Entries().Load(original.id))) {}
 
 void EntrySession::Load() {
     workspace.Entries().Opening(record->Id, [this] {
         for (const Page& page : pages) page.tab->LoadData(record, record->EditorName, notifier);
     });
-    nChanges = 0;
+    changes = 0;
 }
 
-const Page* EntrySession::FindPage(std::string_view sName) const {
+const Page* EntrySession::FindPage(std::string_view name) const {
     for (const Page& page : pages)
-        if (page.sName == sName || page.sTitle == sName) return &page;
+        if (page.name == name || page.title == name) return &page;
     return nullptr;
 }
 
@@ -88,18 +88,18 @@ const Page* EntrySession::FirstRefusal() {
 
 EntrySession::SaveResult EntrySession::Save() {
     if (const Page* page = FirstRefusal()) return {page};
-    const auto nFormerId = record->Id;
-    const bool fWasNew = record->IsNew;
+    const auto formerId = record->Id;
+    const bool wasNew = record->IsNew;
     try {
         for (const Page& page : pages) page.tab->SaveData();
         Store();
     } catch (...) {
-        record->Id = nFormerId;
-        record->IsNew = fWasNew;
+        record->Id = formerId;
+        record->IsNew = wasNew;
         throw;
     }
     record->IsNew = false;
-    nSavedChanges = nChanges;
+    savedChanges = changes;
     for (const Page& page : pages) page.tab->SaveState();
     return {};
 }
@@ -107,11 +107,11 @@ EntrySession::SaveResult EntrySession::Save() {
 void EntrySession::Store() {
     workspace.TakeFailure();
     Transaction transaction(workspace.Store());
-    const auto nNewVersion = workspace.Entries().Write(*record, nVersion);
+    const auto newVersion = workspace.Entries().Write(*record, version);
     record->SaveNolOverrides();
     if (const auto failure = workspace.TakeFailure()) throw StoreError(*failure);
     transaction.Commit();
-    nVersion = nNewVersion;
+    version = newVersion;
 }
 
 }  // namespace NolSchedCtls

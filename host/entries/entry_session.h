@@ -13,8 +13,8 @@ namespace NolSchedCtls {
 
 // A tab with its short name ("hom") and the title of its page ("HOM Study").
 struct Page {
-    std::string_view sName;
-    std::string_view sTitle;
+    std::string_view name;
+    std::string_view title;
     std::unique_ptr<PaviseTab> tab;
 };
 
@@ -22,20 +22,20 @@ struct Page {
 class EntrySession {
   public:
     struct NewEntry {
-        bool fIsImmediate = false;
-        std::int32_t nRptGrpId = 0;  // 0 for no group yet
-        std::string sName;
+        bool isImmediate = false;
+        std::int32_t groupId = 0;  // 0 for no group yet
+        std::string name;
     };
 
     // A new entry with all that the stored one holds but its runs; " (copy)" follows its name.
     struct CopyOf {
-        std::int32_t nId = 0;
+        std::int32_t id = 0;
     };
 
     // The tabs are made here and filled by Load, so that a host can listen in between.
     EntrySession(Workspace& workspaceA, const NewEntry& entry);
     // Both throw RequestError, or StoreError for a row that no record can hold.
-    EntrySession(Workspace& workspaceA, std::int32_t nId);
+    EntrySession(Workspace& workspaceA, std::int32_t id);
     EntrySession(Workspace& workspaceA, CopyOf original);
 
     // Once, before all below. What the tabs report while they load does not count as a change.
@@ -43,12 +43,12 @@ class EntrySession {
 
     const std::vector<Page>& Pages() const { return pages; }
     // By short name or by title; nothing for another.
-    const Page* FindPage(std::string_view sName) const;
+    const Page* FindPage(std::string_view name) const;
     CNolSchedData& Record() { return *record; }
     CPaviseNotify& Notifier() { return *notifier; }
     // How often the tabs have reported a change since the load.
-    int Changes() const { return nChanges; }
-    bool HasUnsavedChanges() const { return nChanges != nSavedChanges; }
+    int Changes() const { return changes; }
+    bool HasUnsavedChanges() const { return changes != savedChanges; }
 
     // Asks the pages in their order; the first that refuses has shown why. Nothing if all are valid.
     const Page* FirstRefusal();
@@ -66,10 +66,10 @@ class EntrySession {
 
     Workspace& workspace;
     std::shared_ptr<CNolSchedData> record;
-    std::int32_t nVersion = 0;
+    std::int32_t version = 0;
     std::shared_ptr<CPaviseNotify> notifier = std::make_shared<CPaviseNotify>();
-    int nChanges = 0;
-    int nSavedChanges = 0;
+    int changes = 0;
+    int savedChanges = 0;
     std::vector<Page> pages;
     ScopedConnection changed;
 };

@@ -60,16 +60,16 @@ void ReadRow(const ILintelRows& rows, CNolSchedData& record) {
 }
 
 // What the store itself fails in is no trouble of the row.
-void ReadListed(const ILintelRows& rows, std::int32_t nId, ListedEntry& entry) {
-    entry.sTrouble.clear();
+void ReadListed(const ILintelRows& rows, std::int32_t id, ListedEntry& entry) {
+    entry.trouble.clear();
     try {
         ReadRow(rows, *entry.record);
     } catch (const StoreError&) {
         throw;
     } catch (const NolSchedError& error) {
-        entry.sTrouble = error.what();
+        entry.trouble = error.what();
         entry.record = std::make_shared<CNolSchedData>();
-        entry.record->Id = nId;
+        entry.record->Id = id;
         entry.record->EditorName = FieldToText(rows.Fields("EditorName"));
     }
 }
@@ -84,10 +84,10 @@ InitEditArguments ArgumentsOf(const CNolSchedData& row) {
     return arguments;
 }
 
-Database::Values RowValues(const CNolSchedData& record, std::int32_t nVersion, const std::string& sUser) {
+Database::Values RowValues(const CNolSchedData& record, std::int32_t version, const std::string& user) {
     Database::Values values;
     for (const auto& column : writtenColumns) values.push_back(std::visit(ToRowValue{record}, column));
-    values.insert(values.end(), {std::int64_t{nVersion}, sUser, DateValue(Clock().Now())});
+    values.insert(values.end(), {std::int64_t{version}, user, DateValue(Clock().Now())});
     return values;
 }
 
@@ -108,48 +108,48 @@ const std::string& UpdateStatement() {
 
 }  // namespace
 
-EntryStore::EntryStore(std::shared_ptr<Database> databaseA, std::string sUserA)
-    : database(std::move(databaseA)), sUser(std::move(sUserA)) {}
+EntryStore::EntryStore(std::shared_ptr<Database> databaseA, std::string userA)
+    : database(std::move(databaseA)), user(std::move(userA)) {}
 
-void EntryStore::Opening(std::int32_t nId, const std::function<void()>& step) const {
+void EntryStore::Opening(std::int32_t id, const std::function<void()>& step) const {
     try {
         step();
     } catch (const StoreError&) {
         throw;
     } catch (const NolSchedError& error) {
-        const std::string entry = nId == 0 ? "new entry" : "entry " + std::to_string(nId);
+        const std::string entry = id == 0 ? "new entry" : "entry " + std::to_string(id);
         throw StoreError(database->Name() + ": " + entry + ": " + error.what());
     }
 }
 
-StoredEntry EntryStore::Load(std::int32_t nId) const {
+StoredEntry EntryStore::Load(std::int32_t id) const {
     CNolSchedData row;
-    std::int32_t nVersion = 0;
+    std::int32_t version = 0;
     auto record = std::make_shared<CNolSchedData>();
     {
-        const auto rows = database->Open("SELECT * FROM NOL_Schedule WHERE Id = ?", {std::int64_t{nId}});
+        const auto rows = database->Open("SELECT * FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}});
         if (rows->AtEnd())
-            throw RequestError("There is no entry " + std::to_string(nId) + " in " + database->Name() + ".");
-        Opening(nId, [&] {
+            throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
+        Opening(id, [&] {
             ReadRow(*rows, row);
-            nVersion = LintelDb().FieldToNumber(rows->Fields("Version"), 0);
+            version = LintelDb().FieldToNumber(rows->Fields("Version"), 0);
         });
     }
-    Opening(nId, [&] { record->InitEdit(ArgumentsOf(row)); });
+    Opening(id, [&] { record->InitEdit(ArgumentsOf(row)); });
     record->NextRunDate = row.NextRunDate;
     record->LastRunDate = row.LastRunDate;
-    return {std::move(record), nVersion};
+    return {std::move(record), version};
 }
 
-std::int32_t EntryStore::Write(CNolSchedData& record, std::int32_t nVersion) {
+std::int32_t EntryStore::Write(CNolSchedData& record, std::int32_t version) {
     if (record.IsNew) {
-        record.Id = database->Insert(InsertStatement(), RowValues(record, 1, sUser));
+        record.Id = database->Insert(InsertStatement(), RowValues(record, 1, user));
         return 1;
     }
-    auto values = RowValues(record, nVersion + 1, sUser);
-    values.insert(values.end(), {std::int64_t{record.Id}, std::int64_t{nVersion}});
+    auto values = RowValues(record, version + 1, user);
+    values.insert(values.end(), {std::int64_t{record.Id}, std::int64_t{version}});
     if (database->Execute(UpdateStatement(), values) != 1) TellOvertaken(record);
-    return nVersion + 1;
+    return version + 1;
 }
 
 void EntryStore::TellOvertaken(const CNolSchedData& record) const {
@@ -161,21 +161,21 @@ void EntryStore::TellOvertaken(const CNolSchedData& record) const {
                          FieldToText(rows->Fields("SavedAt")) + ", after it was opened here.");
 }
 
-void EntryStore::Delete(std::int32_t nId) {
+void EntryStore::Delete(std::int32_t id) {
     Transaction transaction(*database);
-    if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{nId}}) != 1)
-        throw RequestError("There is no entry " + std::to_string(nId) + " in " + database->Name() + ".");
-    database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{nId}});
+    if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}}) != 1)
+        throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
+    database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{id}});
     transaction.Commit();
 }
 
 // Under the names that the columns bear here: a server gives them back in small letters.
-std::vector<std::vector<LintelField>> EntryStore::OverrideRows(std::int32_t nId) const {
+std::vector<std::vector<LintelField>> EntryStore::OverrideRows(std::int32_t id) const {
     constexpr auto columns = std::to_array<const char*>({"NOL_OverrideId", "Type", "ScenarioId", "Duration",
                                                          "Polling_Interval", "Retrieve_Delay", "ClearLog"});
     std::vector<std::vector<LintelField>> found;
     const auto rows = database->Open("SELECT * FROM NOL_Override WHERE NOL_OverrideId = ? ORDER BY Type",
-                                     {std::int64_t{nId}});
+                                     {std::int64_t{id}});
     for (; !rows->AtEnd(); rows->MoveNext()) {
         auto& row = found.emplace_back();
         for (const char* column : columns) row.push_back({column, rows->Fields(column).Value});
@@ -188,26 +188,26 @@ std::int64_t EntryStore::Count() const {
     return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);
 }
 
-void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, std::int64_t nAfterId,
-                         std::int64_t nMost) const {
+void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, std::int64_t afterId,
+                         std::int64_t limit) const {
     const auto rows = database->Open(
         "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
         "(SELECT * FROM NOL_Schedule WHERE Id > ? ORDER BY Id LIMIT ?) AS Entry "
         "LEFT JOIN NOL_Document ON NOL_Document.Id = Entry.RptGrpId AND NOL_Document.Type = 'NOL Group' "
         "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
         "NOL_Override.Type",
-        {nAfterId, nMost});
+        {afterId, limit});
     ListedEntry entry{std::make_shared<CNolSchedData>(), {}, {}, {}};
     while (!rows->AtEnd()) {
-        const auto nId = LintelDb().FieldToNumber(rows->Fields("Id"), 0);
-        ReadListed(*rows, nId, entry);
-        entry.sGroup = FieldToText(rows->Fields("GroupName"));
-        entry.sKinds.clear();
+        const auto id = LintelDb().FieldToNumber(rows->Fields("Id"), 0);
+        ReadListed(*rows, id, entry);
+        entry.group = FieldToText(rows->Fields("GroupName"));
+        entry.kinds.clear();
         do {
             const std::string kind = FieldToText(rows->Fields("OverrideType"));
-            if (!kind.empty()) entry.sKinds.push_back(kind);
+            if (!kind.empty()) entry.kinds.push_back(kind);
             rows->MoveNext();
-        } while (!rows->AtEnd() && LintelDb().FieldToNumber(rows->Fields("Id"), 0) == nId);
+        } while (!rows->AtEnd() && LintelDb().FieldToNumber(rows->Fields("Id"), 0) == id);
         visit(entry);
     }
 }

@@ -8,16 +8,16 @@
 namespace NolSchedCtls {
 
 Workspace::Workspace(WorkspaceOptions options)
-    : database(std::make_shared<Database>(options.sAddress)),
+    : database(std::make_shared<Database>(options.address)),
       failure(std::make_shared<std::optional<std::string>>()),
-      entries(database, std::move(options.sUser)),
+      entries(database, std::move(options.user)),
       documents(database) {
     const auto keepFirst = [kept = failure](const std::string& text) {
         if (!*kept) *kept = text;
     };
     const HostServices host{std::move(options.showMessage), keepFirst, std::move(options.now)};
     // A connection belongs to its thread; any other thread gets one of its own.
-    InstallServices([host, address = options.sAddress, own = database, thread = std::this_thread::get_id()] {
+    InstallServices([host, address = options.address, own = database, thread = std::this_thread::get_id()] {
         return MakePlatformProvider(
             std::this_thread::get_id() == thread ? own : std::make_shared<Database>(address), host);
     });

@@ -12,8 +12,8 @@
 namespace NolSchedCtls {
 
 struct WorkspaceOptions {
-    std::string sAddress;  // as Database takes it
-    std::string sUser;     // who saves
+    std::string address;  // as Database takes it
+    std::string user;     // who saves
     std::function<void(const Message&)> showMessage;
     std::function<DateTime()> now;  // empty for the system's clock
 };

@@ -26,7 +26,7 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     CPaviseNotify& notifier = session->Notifier();
     connections.emplace_back(notifier.Changed.Connect([this] { ShowState(); }));
     connections.emplace_back(
-        notifier.TabShown.Connect([this](const std::string& sTabName) { ShowPage(sTabName); }));
+        notifier.TabShown.Connect([this](const std::string& tabName) { ShowPage(tabName); }));
     ShowState();
 }
 
@@ -51,8 +51,7 @@ void EntryEditor::MakeHeader() {
 
 void EntryEditor::MakePages() {
     pages = new QTabWidget(this);
-    for (const Page& page : session->Pages())
-        pages->addTab(new PageView(*page.tab, pages), ToQt(page.sTitle));
+    for (const Page& page : session->Pages()) pages->addTab(new PageView(*page.tab, pages), ToQt(page.title));
     layout()->addWidget(pages);
 }
 
@@ -90,8 +89,8 @@ PageView& EntryEditor::PageOf(const Page& page) const {
     return *static_cast<PageView*>(pages->widget(static_cast<int>(&page - session->Pages().data())));
 }
 
-void EntryEditor::ShowPage(std::string_view sName) {
-    const Page* const page = session->FindPage(sName);
+void EntryEditor::ShowPage(std::string_view pageName) {
+    const Page* const page = session->FindPage(pageName);
     if (page != nullptr) pages->setCurrentWidget(&PageOf(*page));
 }
 
@@ -103,7 +102,7 @@ bool EntryEditor::Save() {
     CommitEdits();
     try {
         if (const Page* const page = session->Save().refusedBy) {
-            ShowPage(page->sName);
+            ShowPage(page->name);
             PageOf(*page).TakeFocus();
             return false;
         }

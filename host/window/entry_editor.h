@@ -29,7 +29,7 @@ class EntryEditor : public QDialog {
     PageView& PageOf(const Page& page) const;
     QPushButton* Button(QDialogButtonBox::StandardButton which) const;
     // Brings the page forward, by its short name or its title.
-    void ShowPage(std::string_view sName);
+    void ShowPage(std::string_view pageName);
 
     // False if a page or the store refused; the user has been told.
     bool Save();

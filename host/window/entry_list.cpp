@@ -43,7 +43,7 @@ const ColumnKind& KindOf(int column) { return columns[static_cast<std::size_t>(c
 
 QString KindsText(const ListedEntry& entry) {
     QStringList kinds;
-    for (const auto& kind : entry.sKinds) kinds.append(ToQt(kind).remove(u" Study"_s));
+    for (const auto& kind : entry.kinds) kinds.append(ToQt(kind).remove(u" Study"_s));
     return kinds.join(u", "_s);
 }
 
@@ -55,11 +55,11 @@ QString EndText(DateTime end) {
 
 EntryRow RowOf(const ListedEntry& entry) {
     const CNolSchedData& record = *entry.record;
-    const bool isRead = entry.sTrouble.empty();
+    const bool isRead = entry.trouble.empty();
     EntryRow row{record.Id, record.FirstDateTime, record.FinalDateTime, {}, {}};
     row.texts = {QString::number(record.Id),
                  ToQt(record.EditorName),
-                 ToQt(entry.sGroup),
+                 ToQt(entry.group),
                  ToQt(SentenceOf(entry)),
                  KindsText(entry),
                  isRead ? ToQt(ShortDateText(row.start)) : QString(),

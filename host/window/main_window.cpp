@@ -234,7 +234,7 @@ EntryEditor* MainWindow::OpenEntry(std::int32_t id) {
 EntryEditor* MainWindow::OpenNew() {
     return Open([this] {
         return std::make_unique<EntrySession>(workspace,
-                                              EntrySession::NewEntry{.sName = "New Schedule Entry"});
+                                              EntrySession::NewEntry{.name = "New Schedule Entry"});
     });
 }
 
@@ -250,9 +250,9 @@ void MainWindow::NewImmediate() {
             dialogs.choose(this, u"New Immediate Entry"_s, u"Study group to run:"_s, names, 0);
         const qsizetype place = names.indexOf(chosen);
         if (place < 0) return nullptr;
-        const auto nGroup = groups[static_cast<std::size_t>(place)]->Id;
+        const auto groupId = groups[static_cast<std::size_t>(place)]->Id;
         return std::make_unique<EntrySession>(workspace,
-                                              EntrySession::NewEntry{true, nGroup, "New Immediate Entry"});
+                                              EntrySession::NewEntry{true, groupId, "New Immediate Entry"});
     });
 }
 
@@ -262,7 +262,7 @@ void MainWindow::Edit() {
 
 void MainWindow::Duplicate() {
     const EntrySession::CopyOf original{CurrentId()};
-    if (original.nId != 0) Open([&] { return std::make_unique<EntrySession>(workspace, original); });
+    if (original.id != 0) Open([&] { return std::make_unique<EntrySession>(workspace, original); });
 }
 
 bool MainWindow::Confirm(std::int32_t id) {

@@ -100,9 +100,9 @@ void Write(QWidget& window, const QString& folder, const char* file) {
         throw NolSchedError("The picture " + Quoted(path.toStdString()) + " cannot be written.");
 }
 
-void WriteShot(Workspace& workspace, const QString& folder, const Shot& shot, std::int32_t nGroup) {
+void WriteShot(Workspace& workspace, const QString& folder, const Shot& shot, std::int32_t groupId) {
     auto session = std::make_unique<EntrySession>(
-        workspace, EntrySession::NewEntry{shot.isImmediate, nGroup, "Nightly Sweep"});
+        workspace, EntrySession::NewEntry{shot.isImmediate, groupId, "Nightly Sweep"});
     EntryEditor editor(std::move(session), {});
     editor.setAttribute(Qt::WA_DeleteOnClose, false);
     editor.ShowPage(shot.page);

@@ -112,7 +112,7 @@ TEST_P(Walks, OnFieldsAndOnWidgetsEndAlike) {
         const Page& page = OneOf(random, byFields.Session().Pages());
         ViewField& field = *OneOf(random, page.tab->Fields());
         if (!field.IsUsable()) continue;
-        QWidget& widget = Find(byWidgets, std::string(page.sName) + "." + field.Name());
+        QWidget& widget = Find(byWidgets, std::string(page.name) + "." + field.Name());
         ViewField* const left = front == nullptr || front == &page ? nullptr : front->tab->FocusedField();
         if (left != nullptr) left->LostFocus.Raise();  // a page that goes to the back has no focus
         front = &page;

@@ -54,7 +54,7 @@ class Windows : public testing::Test {
     static QWidget& Find(EntryEditor& editor, const std::string& name) {
         const std::size_t dot = name.find('.');
         const Page& page = *editor.Session().FindPage(name.substr(0, dot));
-        editor.ShowPage(page.sName);
+        editor.ShowPage(page.name);
         return *editor.PageOf(page).WidgetOf(*page.tab->FindField(name.substr(dot + 1)));
     }
     // Into the last part of a field of several.
