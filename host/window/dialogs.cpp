@@ -40,8 +40,14 @@ void ShowMessageBox(const Message& message) {
     box.exec();
 }
 
-void TellFailure(const std::exception& error) {
-    MessageService().Show(error.what(), MAppConstants::stopSign, "Schedule Entries", 0, 0);
+bool Succeeds(const std::function<void()>& act) {
+    try {
+        act();
+        return true;
+    } catch (const std::exception& error) {
+        MessageService().Show(error.what(), MAppConstants::stopSign, "Schedule Entries", 0, 0);
+        return false;
+    }
 }
 
 Dialogs UserDialogs() { return {Ask, Choose}; }

@@ -3,7 +3,6 @@
 
 #include <QMessageBox>
 #include <QStringList>
-#include <exception>
 #include <functional>
 
 #include "platform/services.h"
@@ -14,8 +13,8 @@ namespace NolSchedCtls {
 // when the user has closed it.
 void ShowMessageBox(const Message& message);
 
-// Tells a failure by the process's message service.
-void TellFailure(const std::exception& error);
+// Carries out the act; false if it fails, which the process's message service then tells.
+bool Succeeds(const std::function<void()>& act);
 
 struct Question {
     QString title;

@@ -100,14 +100,11 @@ void EntryEditor::CommitEdits() {
 
 bool EntryEditor::Save() {
     CommitEdits();
-    try {
-        if (const Page* const page = session->Save().refusedBy) {
-            ShowPage(page->name);
-            PageOf(*page).TakeFocus();
-            return false;
-        }
-    } catch (const std::exception& error) {
-        TellFailure(error);
+    EntrySession::SaveResult result;
+    if (!Succeeds([&] { result = session->Save(); })) return false;
+    if (const Page* const page = result.refusedBy) {
+        ShowPage(page->name);
+        PageOf(*page).TakeFocus();
         return false;
     }
     ShowState();

@@ -24,31 +24,22 @@ void EntryLoader::Start() {
     early.clear();
     lastId = std::numeric_limits<std::int32_t>::min();
     pieceSize = firstPiece;
-    try {
-        total = static_cast<int>(entries.Count());
-        timer.start(0);
-    } catch (const std::exception& error) {
-        TellFailure(error);
-    }
+    if (Succeeds([this] { total = static_cast<int>(entries.Count()); })) timer.start(0);
 }
 
 bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {
-    try {
-        entries.ForEach([&piece](const ListedEntry& entry) { piece.push_back(RowOf(entry)); }, lastId,
-                        pieceSize);
-        return piece.size() == static_cast<std::size_t>(pieceSize);
-    } catch (const std::exception& error) {
-        timer.stop();
-        TellFailure(error);
-        return false;
-    }
+    const auto take = [&piece](const ListedEntry& entry) { piece.push_back(RowOf(entry)); };
+    const bool isRead = Succeeds([&] { entries.ForEach(take, lastId, pieceSize); });
+    return isRead && piece.size() == static_cast<std::size_t>(pieceSize);
 }
 
 void EntryLoader::LoadPiece() {
     QElapsedTimer clock;
     clock.start();
     std::vector<EntryRow> piece;
+    timer.stop();  // in a message box it would fire again
     const bool hasMore = ReadPiece(piece);
+    if (hasMore) timer.start(0);
     if (!piece.empty()) lastId = piece.back().id;
     std::erase_if(piece, [this](const EntryRow& row) { return early.contains(row.id); });
     list.Append(piece);
@@ -57,23 +48,17 @@ void EntryLoader::LoadPiece() {
     const auto loaded = static_cast<int>(list.Size());
     Q_EMIT Progress(loaded, std::max(total, loaded));
     if (hasMore) return;
-    timer.stop();
     list.Sort();
     Q_EMIT Finished();
 }
 
 void EntryLoader::Reload(std::int32_t id) {
     bool isThere = false;
-    try {
-        entries.ForEach(
-            [&](const ListedEntry& entry) {
-                isThere = entry.record->Id == id;
-                if (isThere) list.Put(RowOf(entry));
-            },
-            std::int64_t{id} - 1, 1);
-    } catch (const std::exception& error) {
-        return TellFailure(error);
-    }
+    const auto take = [&](const ListedEntry& entry) {
+        isThere = entry.record->Id == id;
+        if (isThere) list.Put(RowOf(entry));
+    };
+    if (!Succeeds([&] { entries.ForEach(take, std::int64_t{id} - 1, 1); })) return;
     if (!isThere) list.Remove(id);
     if (isThere && id > lastId) early.insert(id);
 }

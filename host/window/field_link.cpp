@@ -27,11 +27,7 @@ void FieldLink::Mirror() {
 
 void FieldLink::Act(const std::function<void()>& act) {
     const QPointer<FieldLink> self(this);
-    try {
-        act();
-    } catch (const std::exception& error) {
-        TellFailure(error);
-    }
+    Succeeds(act);
     if (self) Mirror();
 }
 

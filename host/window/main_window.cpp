@@ -208,23 +208,20 @@ void MainWindow::SelectEntry(std::int32_t id) {
 }
 
 EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession) {
-    try {
-        auto session = makeSession();
-        if (!session) return nullptr;
-        auto* const editor = new EntryEditor(std::move(session), dialogs);
-        editors.removeAll(nullptr);
-        editors.append(editor);
-        connect(editor, &EntryEditor::Saved, this, [this](int id) {
-            loader.Reload(id);
-            SelectEntry(id);
-            ShowCount();
-        });
-        editor->show();
-        return editor;
-    } catch (const std::exception& error) {
-        TellFailure(error);
-        return nullptr;
-    }
+    EntryEditor* editor = nullptr;
+    Succeeds([&] {
+        if (auto session = makeSession()) editor = new EntryEditor(std::move(session), dialogs);
+    });
+    if (editor == nullptr) return nullptr;
+    editors.removeAll(nullptr);
+    editors.append(editor);
+    connect(editor, &EntryEditor::Saved, this, [this](int id) {
+        loader.Reload(id);
+        SelectEntry(id);
+        ShowCount();
+    });
+    editor->show();
+    return editor;
 }
 
 EntryEditor* MainWindow::OpenEntry(std::int32_t id) {
@@ -276,11 +273,7 @@ bool MainWindow::Confirm(std::int32_t id) {
 void MainWindow::Delete() {
     const std::int32_t id = CurrentId();
     if (id == 0 || !Confirm(id)) return;
-    try {
-        workspace.Entries().Delete(id);
-    } catch (const std::exception& error) {
-        TellFailure(error);
-    }
+    Succeeds([&] { workspace.Entries().Delete(id); });
     loader.Reload(id);
     ShowCount();
     ShowSelection();
