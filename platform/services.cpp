@@ -28,38 +28,30 @@ class DatabaseLintel : public ILintelDb {
     std::shared_ptr<Database> database;
 };
 
-class CallbackReport : public ILintelFailureReport {
-  public:
-    explicit CallbackReport(std::function<void(const std::string&)> tellA)
-        : tell(std::move(tellA)), failure(PresentFailure()) {}
-
-    void ReportFailure(std::string_view text) override { tell(std::string(text) + failure); }
-
-  private:
-    std::function<void(const std::string&)> tell;
-    std::string failure;
+// A service of which the host decides the one thing that it does.
+template <class Service>
+struct OfHost : Service {
+    explicit OfHost(HostServices hostA) : host(std::move(hostA)) {}
+    HostServices host;
 };
 
-class CallbackMessages : public IMessageService {
-  public:
-    explicit CallbackMessages(std::function<void(const Message&)> showA) : show(std::move(showA)) {}
+struct HostReport : OfHost<ILintelFailureReport> {
+    using OfHost::OfHost;
+    void ReportFailure(std::string_view text) override { host.reportFailure(std::string(text) + failure); }
+    std::string failure = PresentFailure();
+};
 
+struct HostMessages : OfHost<IMessageService> {
+    using OfHost::OfHost;
     void Show(std::string_view text, int flags, std::string_view title, int /*helpFile*/,
               int /*helpContext*/) override {
-        show({std::string(text), flags, std::string(title)});
+        host.showMessage({std::string(text), flags, std::string(title)});
     }
-
-  private:
-    std::function<void(const Message&)> show;
 };
 
-class CallbackClock : public IClock {
-  public:
-    explicit CallbackClock(std::function<DateTime()> nowA) : now(std::move(nowA)) {}
-    DateTime Now() override { return now(); }
-
-  private:
-    std::function<DateTime()> now;
+struct HostClock : OfHost<IClock> {
+    using OfHost::OfHost;
+    DateTime Now() override { return host.now(); }
 };
 
 class PlatformProvider : public ServiceProvider {
@@ -71,17 +63,17 @@ class PlatformProvider : public ServiceProvider {
         return std::make_unique<DatabaseLintel>(database);
     }
     std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override {
-        return std::make_unique<CallbackReport>(host.reportFailure);
+        return std::make_unique<HostReport>(host);
     }
     std::unique_ptr<ICaddisStore> CreateCaddisStore() override {
         return std::make_unique<DocumentStore>(database);
     }
     std::unique_ptr<IMessageService> CreateMessageService() override {
-        return std::make_unique<CallbackMessages>(host.showMessage);
+        return std::make_unique<HostMessages>(host);
     }
     std::unique_ptr<IClock> CreateClock() override {
         if (!host.now) return ServiceProvider::CreateClock();
-        return std::make_unique<CallbackClock>(host.now);
+        return std::make_unique<HostClock>(host);
     }
 
   private:

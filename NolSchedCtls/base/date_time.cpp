@@ -1,12 +1,12 @@
 #include "NolSchedCtls/base/date_time.h"
 
 #include <array>
-#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 
 #include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/base/text.h"
 
 namespace NolSchedCtls {
 
@@ -35,22 +35,14 @@ DayAndSecond RoundToSecond(DateTime dateTime) {
     return {static_cast<int>(day), static_cast<int>(second)};
 }
 
-std::string Joined(int first, int second, int third, char separator) {
-    return std::to_string(first) + separator + std::to_string(second) + separator + std::to_string(third);
+std::string Named(std::initializer_list<int> numbers, std::string_view separator) {
+    return Joined(
+        numbers, [](int number) { return std::to_string(number); }, separator);
 }
 
 bool IsClockTime(const DateTimeParts& parts) {
     return parts.hour >= 0 && parts.hour < 24 && parts.minute >= 0 && parts.minute < 60 &&
            parts.second >= 0 && parts.second < 60;
-}
-
-// Takes exactly `digits` digits off the front of the text.
-bool TakeNumber(std::string_view& text, std::size_t digits, int& number) {
-    if (text.size() < digits) return false;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + digits, number);
-    if (error != std::errc() || end != text.data() + digits || text.front() == '-') return false;
-    text.remove_prefix(digits);
-    return true;
 }
 
 bool TakeOneOf(std::string_view& text, std::string_view letters) {
@@ -61,19 +53,19 @@ bool TakeOneOf(std::string_view& text, std::string_view letters) {
 
 bool TakeSecond(std::string_view& text, int& second) {
     if (!TakeOneOf(text, ":")) return true;
-    if (!TakeNumber(text, 2, second)) return false;
+    if (!TakeDigits(text, 2, 2, second)) return false;
     if (TakeOneOf(text, "."))
         while (TakeOneOf(text, "0123456789")) continue;
     return true;
 }
 
 bool ReadIso(std::string_view text, DateTimeParts& parts) {
-    const bool hasDate = TakeNumber(text, 4, parts.year) && TakeOneOf(text, "-") &&
-                         TakeNumber(text, 2, parts.month) && TakeOneOf(text, "-") &&
-                         TakeNumber(text, 2, parts.day);
+    const bool hasDate = TakeDigits(text, 4, 4, parts.year) && TakeOneOf(text, "-") &&
+                         TakeDigits(text, 2, 2, parts.month) && TakeOneOf(text, "-") &&
+                         TakeDigits(text, 2, 2, parts.day);
     if (!hasDate || text.empty()) return hasDate;
-    return TakeOneOf(text, "T ") && TakeNumber(text, 2, parts.hour) && TakeOneOf(text, ":") &&
-           TakeNumber(text, 2, parts.minute) && TakeSecond(text, parts.second) && text.empty();
+    return TakeOneOf(text, "T ") && TakeDigits(text, 2, 2, parts.hour) && TakeOneOf(text, ":") &&
+           TakeDigits(text, 2, 2, parts.minute) && TakeSecond(text, parts.second) && text.empty();
 }
 
 }  // namespace
@@ -83,9 +75,9 @@ DateTime ComposeDateTime(const DateTimeParts& parts) {
                                            std::chrono::month{static_cast<unsigned>(parts.month)},
                                            std::chrono::day{static_cast<unsigned>(parts.day)}};
     if (parts.year < 100 || parts.year > 9999 || !date.ok())
-        throw NolSchedError("There is no day " + Joined(parts.year, parts.month, parts.day, '-') + ".");
+        throw NolSchedError("There is no day " + Named({parts.year, parts.month, parts.day}, "-") + ".");
     if (!IsClockTime(parts))
-        throw NolSchedError("There is no time " + Joined(parts.hour, parts.minute, parts.second, ':') + ".");
+        throw NolSchedError("There is no time " + Named({parts.hour, parts.minute, parts.second}, ":") + ".");
     const auto days = (std::chrono::sys_days{date} - dayZero).count();
     const int seconds = (parts.hour * 60 + parts.minute) * 60 + parts.second;
     return static_cast<double>(days) + seconds / secondsPerDay;

@@ -22,6 +22,16 @@ std::optional<Number> ParseWhole(std::string_view text) {
     return number;
 }
 
+// Takes `fewest` to `most` digits off the front of the text; false for fewer.
+constexpr bool TakeDigits(std::string_view& text, std::size_t fewest, std::size_t most, int& number) {
+    std::size_t count = 0;
+    number = 0;
+    while (count < most && count < text.size() && text[count] >= '0' && text[count] <= '9')
+        number = number * 10 + (text[count++] - '0');
+    text.remove_prefix(count);
+    return count >= fewest;
+}
+
 // The text without the characters of `blanks` at its ends.
 constexpr std::string_view Trimmed(std::string_view text, std::string_view blanks = " ") {
     const std::size_t first = text.find_first_not_of(blanks);

@@ -38,7 +38,6 @@ const NumberPiece* FindNumberPiece(std::string_view piece) {
 }
 
 bool IsName(std::string_view piece) { return piece == "DDDD" || piece == "MMMM"; }
-
 bool IsPatternLetter(char letter) { return letter == 'D' || letter == 'M' || letter == 'Y'; }
 
 // Takes a run of one character off the front of the pattern.
@@ -86,15 +85,6 @@ std::string_view ShortFormat(IDateSettings& settings) {
     return shortFormats.at(static_cast<std::size_t>(settings.DateOrder()));
 }
 
-bool TakeNumber(std::string_view& text, std::size_t fewest, std::size_t most, int& number) {
-    std::size_t count = 0;
-    number = 0;
-    while (count < most && count < text.size() && text[count] >= '0' && text[count] <= '9')
-        number = number * 10 + (text[count++] - '0');
-    text.remove_prefix(count);
-    return count >= fewest;
-}
-
 bool TakeText(std::string_view& text, std::string_view expected) {
     if (!EqualKeys(text.substr(0, expected.size()), expected)) return false;
     text.remove_prefix(expected.size());
@@ -126,7 +116,7 @@ bool TakePieceText(std::string_view& text, std::string_view piece, DateReading& 
         return place < monthNames.size();
     }
     if (const auto* number = FindNumberPiece(piece))
-        return TakeNumber(text, number->fewestDigits, number->mostDigits, reading.parts.*number->pPart);
+        return TakeDigits(text, number->fewestDigits, number->mostDigits, reading.parts.*number->pPart);
     return TakeText(text, piece);
 }
 
@@ -153,9 +143,9 @@ bool ReadTime(std::string_view text, DateTimeParts& parts) {
     if (text.empty()) return true;
     if (text.front() != ' ') return false;
     text = Trimmed(text);
-    if (!TakeNumber(text, 1, 2, parts.hour) || !TakeText(text, ":") || !TakeNumber(text, 1, 2, parts.minute))
+    if (!TakeDigits(text, 1, 2, parts.hour) || !TakeText(text, ":") || !TakeDigits(text, 1, 2, parts.minute))
         return false;
-    if (TakeText(text, ":") && !TakeNumber(text, 1, 2, parts.second)) return false;
+    if (TakeText(text, ":") && !TakeDigits(text, 1, 2, parts.second)) return false;
     return TakeHalfOfDay(text, parts.hour) && text.empty() && parts.minute < 60 && parts.second < 60;
 }
 

@@ -10,13 +10,9 @@ ViewField::ViewField(FieldPlace placeA, std::string nameA, std::string captionA)
 }
 
 void ViewField::SetVisible(bool visibleA) { Assign(visible, visibleA); }
-
 void ViewField::SetEnabled(bool enabledA) { Assign(enabled, enabledA); }
-
 void ViewField::SetLeft(float leftA) { Assign(left, leftA); }
-
 void ViewField::SetWidth(float widthA) { Assign(width, widthA); }
-
 bool ViewField::IsShown() const { return visible && (place.frame == nullptr || place.frame->IsShown()); }
 
 bool ViewField::IsUsable() const {

@@ -56,7 +56,6 @@ Done Act(TextBox& box, Verb verb, const std::string& text) {
 }
 
 Done Act(Label& /*label*/, Verb /*verb*/, const std::string& /*text*/) { return {}; }
-
 Done Act(Frame& /*frame*/, Verb /*verb*/, const std::string& /*text*/) { return {}; }
 
 Done Act(SSDateCombo& field, Verb verb, const std::string& text) {

@@ -61,7 +61,6 @@ FieldView View(const XAmbitPurge& purge) {
 using Texts = std::vector<std::string>;
 
 Texts Offered(const ViewField& /*anyOther*/) { return {}; }
-
 Texts Offered(const DropDownList& list) { return list.Entries(); }
 
 Texts Offered(const SSDateCombo& field) {
@@ -97,7 +96,6 @@ bool IsEnabled(const ViewField& field) {
 }  // namespace
 
 std::string DayText(DateTime date) { return IsoText(date).substr(0, 10); }
-
 std::string KindName(const ViewField& field) { return ViewOf(field).kind; }
 
 Texts OfferedBy(const ViewField& field) {

@@ -126,7 +126,6 @@ void Script::Look(std::string_view rest) {
 }
 
 void Script::ShowRecord() { answers.Tell(JsonOf(session.Record())); }
-
 void Script::ShowChanged() { answers.Tell({{"changed", session.Changes()}}); }
 
 void Script::Refuse(const Page& page) {

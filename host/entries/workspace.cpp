@@ -25,7 +25,6 @@ Workspace::Workspace(WorkspaceOptions options)
 }
 
 Workspace::~Workspace() { InstallServices({}); }
-
 std::optional<std::string> Workspace::TakeFailure() { return std::exchange(*failure, {}); }
 
 }  // namespace NolSchedCtls

@@ -24,9 +24,7 @@ constexpr const char* groupDeleted =
     "You can not edit this document.";
 
 CaddisDocumentType GroupType() { return DocumentTypes().TypeByName(MAppConstants::nolGroup); }
-
 int BoxOfFlag(const std::string& flag) { return flag == "Y" ? 1 : 0; }
-
 std::string FlagOfBox(const CheckBox& box) { return box.Value() != 0 ? "Y" : "N"; }
 
 }  // namespace

@@ -103,13 +103,9 @@ std::span<const XNolScheduleTab::FrequencyMode> XNolScheduleTab::FrequencyModes(
 }
 
 void XNolScheduleTab::SetCtlsOnce() { SetCtls(FrequencyModes()[once]); }
-
 void XNolScheduleTab::SetCtlsHourly() { SetCtls(FrequencyModes()[hourly]); }
-
 void XNolScheduleTab::SetCtlsDaily() { SetCtls(FrequencyModes()[daily]); }
-
 void XNolScheduleTab::SetCtlsWeekly() { SetCtls(FrequencyModes()[weekly]); }
-
 void XNolScheduleTab::SetCtlsMonthly() { SetCtls(FrequencyModes()[monthly]); }
 
 void XNolScheduleTab::SetCtlsOfPeriod() {
