@@ -9,15 +9,36 @@
 
 namespace NolSchedCtls::Testing {
 
-// What it says, with "t.db" for the store's address, and after it "[status N]" unless that is 0.
+// Both streams in one text, the lines of the second marked: "! error: ...".
+class Stream : public std::streambuf {
+  public:
+    Stream(std::string& toldA, const char* markA) : told(toldA), mark(markA) {}
+
+  protected:
+    int overflow(int letter) override {
+        if (told.empty() || told.back() == '\n') told += mark;
+        told += static_cast<char>(letter);
+        return letter;
+    }
+
+  private:
+    std::string& told;
+    const char* mark;
+};
+
+// What it says, with "t.db" for the store's address, and after it "[status N]" unless that is 0. No time: the
+// system's clock.
 inline std::string RunCommandLine(const std::string& address, std::vector<std::string> arguments,
-                                  const std::string& input = {}) {
-    arguments.insert(arguments.begin(), {"--db", address, "--now", "2026-03-02T09:05"});
+                                  const std::string& input = {}, const char* now = "2026-03-02T09:05") {
+    arguments.insert(arguments.begin(), {"--db", address});
+    if (*now != '\0') arguments.insert(arguments.begin(), {"--now", now});
+    std::string text;
+    Stream first(text, ""), second(text, "! ");
     std::istringstream in(input);
-    std::ostringstream told;
-    Terminal terminal{in, told, told, false, "tester"};
+    std::ostream out(&first), err(&second);
+    Terminal terminal{in, out, err, false, "tester"};
     const int status = RunNolsched(arguments, terminal);
-    std::string text = told.str() + (status == 0 ? "" : "[status " + std::to_string(status) + "]\n");
+    if (status != 0) text += "[status " + std::to_string(status) + "]\n";
     for (std::size_t at = 0; !address.empty() && (at = text.find(address, at)) != std::string::npos;)
         text.replace(at, address.size(), "t.db");
     return text;

@@ -6,12 +6,15 @@
 #include <QSqlDatabase>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <ctime>
 #include <thread>
 
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/toolkit/check_box.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 #include "host/entries/entry_session.h"
+#include "host/entries/process.h"
 #include "tests/host/run.h"
 #include "tests/host/store.h"
 
@@ -120,7 +123,7 @@ TEST_F(OpenedEntry, AStoreThatTurnsBadAfterTheLoadLosesNothing) {
     ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);  // root may write where it must not
     const std::string told = RunCommandLine(store.Address(), {"edit", "1"}, "save\n");
     ASSERT_EQ(seteuid(user), 0);
-    EXPECT_EQ(told, "failure: t.db: attempt to write a readonly database\n[status 3]\n");
+    EXPECT_EQ(told, "! failure: t.db: attempt to write a readonly database\n[status 3]\n");
 }
 
 TEST_F(OpenedEntry, HostileTextsComeBackEqualOrAreRefused) {
@@ -167,7 +170,7 @@ TEST(Faults, ABadStoreIsNamedInOneLineAndNothingChanges) {
         EXPECT_EQ(store.Sql(trouble), "");
         const std::string before = ReadFile(store.Address());
         EXPECT_EQ(RunCommandLine(store.Address(), {"edit", "1"}, "save\n"),
-                  std::string("failure: t.db: ") + told + "\n[status 3]\n");
+                  std::string("! failure: t.db: ") + told + "\n[status 3]\n");
         EXPECT_EQ(ReadFile(store.Address()), before) << trouble;
     }
 }
@@ -205,7 +208,32 @@ TEST(Faults, AStoreThatCannotBeOpenedIsNamed) {
          "refused"},
     };
     for (const auto& [address, told] : cases)
-        EXPECT_EQ(RunCommandLine(address, {"list"}), "failure: " + told + "\n[status 3]\n");
+        EXPECT_EQ(RunCommandLine(address, {"list"}), "! failure: " + told + "\n[status 3]\n");
+}
+
+TEST(Faults, PasswordsAreHiddenInTheArguments) {
+    std::string given[] = {"nolsched", "postgresql://u:secret@h/n", "--db=postgres://u:s:e@c@h:5432/n",
+                           "list",     "postgresql://u@h:5432/n",   "a:b@c.db"};
+    std::vector<char*> argv;
+    for (std::string& argument : given) argv.push_back(argument.data());
+    HidePasswords(static_cast<int>(argv.size()), argv.data());
+    EXPECT_EQ(Joined(given),
+              "nolsched, postgresql://u:xxxxxx@h/n, --db=postgres://u:xxxxx@h:5432/n, list, "
+              "postgresql://u@h:5432/n, a:b@c.db");
+}
+
+TEST(Faults, WithoutATimeAnEntryBeginsToday) {
+    const TemporaryStore store;
+    const auto today = [] {
+        std::string text(10, ' ');
+        const std::time_t now = std::time(nullptr);
+        std::strftime(text.data(), 11, "%Y-%m-%d", std::localtime(&now));
+        return text;
+    };
+    const std::string before = today();
+    RunCommandLine(store.Address(), {"new", "--group", "North Cells"}, "save\n", "");
+    const std::string first = store.Sql("SELECT FirstDateTime FROM NOL_Schedule").substr(0, 10);
+    EXPECT_TRUE(first == before || first == today()) << first;
 }
 
 TEST(Faults, PasswordsOpenTheStoreAndAreNeverTold) {
@@ -218,7 +246,7 @@ TEST(Faults, PasswordsOpenTheStoreAndAreNeverTold) {
     };
     EXPECT_EQ(listAs("locked:o%20p%3Ae%40n"), "");
     const std::string told = listAs("locked:wrong-word");
-    EXPECT_TRUE(told.starts_with("failure: postgresql://locked" + host + ": ")) << told;
+    EXPECT_TRUE(told.starts_with("! failure: postgresql://locked" + host + ": ")) << told;
     EXPECT_EQ(told.find("wrong-word"), std::string::npos) << told;
     qputenv("PGPASSWORD", "o p:e@n");
     EXPECT_EQ(listAs("locked"), "");
