@@ -82,19 +82,6 @@ InstalledWorld::InstalledWorld() {
 
 InstalledWorld::~InstalledWorld() { InstallServices({}); }
 
-MemoryStore::Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario,
-                             std::int64_t duration, std::int64_t polling, std::int64_t delay,
-                             const std::string& clearLog) {
-    const auto number = [](std::int64_t value) { return value == 0 ? LintelValue{} : LintelValue{value}; };
-    return {{"NOL_OverrideId", id},
-            {"Type", type},
-            {"ScenarioId", number(scenario)},
-            {"Duration", number(duration)},
-            {"Polling_Interval", number(polling)},
-            {"Retrieve_Delay", number(delay)},
-            {"ClearLog", clearLog}};
-}
-
 void TraceControl(World& world, UserControl& control) {
     control.FocusMoved.Connect([&world](ViewField& field) { world.trace += "focus " + field.Name() + "; "; });
     control.Beep.Connect([&world](ViewField& field) { world.trace += "beep " + field.Name() + "; "; });

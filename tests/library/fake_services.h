@@ -36,11 +36,6 @@ class InstalledWorld : public World {
 
 std::unique_ptr<ServiceProvider> MakeProvider(World& world);
 
-// An override row as the table gives it; a number of 0 stands for a column without a value.
-MemoryStore::Row OverrideRow(std::int64_t id, const std::string& type, std::int64_t scenario,
-                             std::int64_t duration, std::int64_t polling, std::int64_t delay,
-                             const std::string& clearLog);
-
 // Writes what the control does with focus and beep into the world's trace: "focus txtDuration; ".
 void TraceControl(World& world, UserControl& control);
 

@@ -51,18 +51,6 @@ TEST(GeneralTab, LoadsInOrderAndSilencesThePickerAloneAtFirst) {
               "used for this Schedule Entry.; ");
 }
 
-TEST(GeneralTab, ChecksTheGroupAndThenThePurgeOptions) {
-    GeneralPage page;
-    page.Load(page.tab);
-    page.tab.ctlPurgeOptions.PasteDays("0");
-    page.TakeTrace();
-    EXPECT_EQ(page.Valid(page.tab),
-              "T[16]: The purge interval must be between 1 and 365 days inclusive.; refused");
-    page.documents.clear();
-    page.tab.SetVisible(false);
-    EXPECT_EQ(page.Valid(page.tab), "T[16]: The NOL Group \"North\" has been deleted.; refused");
-}
-
 TEST(GeneralTab, ShowsExactFlagsAndEnablesTheKindsOfTheOverrides) {
     // The overrides by key and type, and the boxes, with "-" after a disabled one.
     const std::pair<std::map<std::string, std::string>, const char*> cases[] = {
@@ -113,7 +101,10 @@ TEST(GeneralTab, WritesTheRecordAtTheSaveButForHom) {
     const CNolSchedData& record = *page.record;
     EXPECT_EQ(Barred(record.RptGrpId, record.AutoPurge, record.PurgeInterval, record.RetrieveMode),
               "0|Y|12|M|");
+    tab.fdocRptGroup.Pick("");
+    EXPECT_EQ(FailureOf([&] { tab.SaveData(); }), "The entry \"Nightly\" has no study group to save.");
     page.notify = nullptr;
+    page.TakeTrace();
     page.Load(tab);
     tab.chkHom.SetValue(0);
     EXPECT_EQ(page.Flags() + page.trace, "N,Y,Y,Y,Y");

@@ -3,6 +3,7 @@
 #include <limits>
 #include <regex>
 
+#include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "tests/library/fake_services.h"
@@ -29,6 +30,7 @@ TEST(Records, NewEntryHasTheDefaults) {
     CNolSchedData record;
     EXPECT_EQ(Columns(record), "|0|1899-12-30T00:00:00|0|0|0|0||0|||||||||||0|0||||0|||,,,|0|");
     record.Id = 5;
+    record.SubFolderName = "left";
     record.InitNew(nullptr, false, 902, "Nightly");
     EXPECT_EQ(Columns(record),
               "Nightly|5|2026-03-02T00:00:00|50040|0|1|1|O|1|Y|Y|Y|Y|Y|Y|Y|Y|Y|Y|0|902|S|A|Y|30||N|,,,|1|");
@@ -39,44 +41,41 @@ TEST(Records, NewEntryHasTheDefaults) {
 
 TEST(Records, StoredEntryTakesItsColumnsAndRows) {
     InstalledWorld world;
-    world.tables["NOL_Override"] = {OverrideRow(42, "VCSA Study", 0, 30, 0, 5, ""),
-                                    OverrideRow(42, "Other", 3, 0, 4, 0, "log"),
-                                    OverrideRow(42, "HOM Study", 12, 0, 0, 0, "")};
     CNolSchedData record;
-    record.InitEdit(StoredEntry());
-    EXPECT_EQ(world.trace, "SELECT * FROM NOL_Override WHERE NOL_OverrideId = 42; ");
-    EXPECT_EQ((OpenRowsArguments{}), (OpenRowsArguments{"", 0, "", 0, "", "", 60}));
-    EXPECT_EQ(Columns(record),
-              "Nightly|42|2026-03-02T06:00:00|50040|11|2|3|A|4|on|m|t|w|h|f|s|u|o|a|901|902|S|M|P|33|Sub|C"
-              "|Y,,,Y|0|");
-    EXPECT_EQ(
-        OverridesOf(record),
-        "VCSA Study=42 VCSA Study 0 30 0 5 ; Other=42 Other 3 0 4 0 log; HOM Study=42 HOM Study 12 0 0 0 ; ");
-    EXPECT_THROW(record.InitEdit(StoredEntry()), DuplicateKeyError);
-}
-
-TEST(Records, StoredEntryKeepsItsColumnsWhenTheRowsFail) {
-    InstalledWorld world;
-    CNolSchedData record;
+    for (const auto& item :
+         {MakeOverride("VCSA Study", -1, 30), MakeOverride("Other", 3), MakeOverride("HOM Study")})
+        MSQL::InsertNolOverride(*item, 42);
+    world.statements = 0;
+    world.trace.clear();
     record.IsNew = true;
     world.failingStatement = 1;
     EXPECT_EQ(FailureOf([&] { record.InitEdit(StoredEntry()); }), "statement refused");
     EXPECT_EQ(Barred(record.Id, record.CreateFiles, record.IsNew), "42|C|1|");
-    world.tables["NOL_Override"] = {OverrideRow(42, "PLM Study", 1, 0, 0, 0, ""),
-                                    OverrideRow(42, "plm study", 2, 0, 0, 0, "")};
+    EXPECT_EQ(world.TakeTrace(), "SELECT * FROM NOL_Override WHERE NOL_OverrideId = 42; ");
+    record.InitEdit(StoredEntry());
+    EXPECT_EQ(Columns(record),
+              "Nightly|42|2026-03-02T06:00:00|50040|11|2|3|A|4|on|m|t|w|h|f|s|u|o|a|901|902|S|M|P|33|Sub|C"
+              "|Y,,,Y|0|");
+    EXPECT_EQ(OverridesOf(record),
+              "VCSA Study=42 VCSA Study 0 30 0 5 log; Other=42 Other 3 0 0 5 log; HOM Study=42 HOM Study 12 "
+              "0 0 5 log; ");
     EXPECT_THROW(record.InitEdit(StoredEntry()), DuplicateKeyError);
-    EXPECT_EQ(Barred(OverridesOf(record), record.IsNew), "PLM Study=42 PLM Study 1 0 0 0 ; |1|");
+    const auto compare = [&, stored = StoredEntry()](const auto& column) {
+        EXPECT_TRUE(!column.pArgument || record.*column.pProperty == stored.*column.pArgument)
+            << column.sName;
+    };
+    for (const EntryColumn& column : entryColumns) std::visit(compare, column);
 }
 
-TEST(Records, OnlyTheExactRunModeIsImmediate) {
+TEST(Records, OnlyTheExactRunModeGivesTheMomentToTheHostsRow) {
     InstalledWorld world;
-    for (const std::string mode : {"I", "i", " I", "II", "S", ""}) {
-        CNolSchedData record;
+    CNolSchedData record;
+    record.FirstDateTime = 100.5;
+    record.FinalDateTime = 200.5;
+    for (const auto& [mode, dates] : {std::pair{"i", "100.5|0|200.5|"}, {"I", "46083.4|1|200.5|"}}) {
         record.RunMode = mode;
-        record.FirstDateTime = record.FinalDateTime = 100.5;
-        EXPECT_EQ(record.IsOverride(), mode == "I") << mode;
-        EXPECT_EQ(record.DBFirstDateTime().Value, mode == "I" ? *world.now : 100.5);
-        EXPECT_EQ(record.DBFinalDateTime().Value, 100.5);
+        const LintelDateTime first = record.DBFirstDateTime();
+        EXPECT_EQ(Barred(first.Value, first.IsImmediate, record.DBFinalDateTime().Value), dates);
     }
 }
 
@@ -129,19 +128,18 @@ TEST(OverrideSet, SavesTheObjectsWhoseTypeIsOn) {
 TEST(OverrideSet, FlagsFollowExactKeysAlone) {
     CNolSchedData record;
     record.AddNolOverride(MakeOverride("HOM Study"), "hom study");
-    EXPECT_NE(record.GetOverride("HOM Study"), nullptr);
     EXPECT_THROW(record.AddNolOverride(MakeOverride("HOM Study"), "HOM Study"), DuplicateKeyError);
     EXPECT_THROW(record.AddNolOverride(nullptr, "PLM Study"), NolSchedError);
-    EXPECT_EQ(FlagsOf(record), ",,,");
-    for (const StudyKind& kind : studyKinds) {
-        record.RemoveNolOverride(kind.sKey);
-        record.RemoveNolOverride(kind.sKey);
-        EXPECT_EQ(record.GetOverride(kind.sKey), nullptr);
-        record.AddNolOverride(MakeOverride("any"), std::string(kind.sKey));
-        EXPECT_EQ(record.*kind.pFlag, "Y");
-        record.RemoveNolOverride(kind.sKey);
+    std::string trace;
+    for (const char* key : {"HOM Study", "PLM Study", "RF Call Trace Study", "VCSA Study"}) {
+        trace += FlagsOf(record) + "; ";
+        record.RemoveNolOverride(key);
+        record.RemoveNolOverride(key);
+        record.AddNolOverride(MakeOverride("any"), key);
     }
-    EXPECT_EQ(FlagsOf(record) + OverridesOf(record), "Y,Y,Y,Y");
+    record.RemoveNolOverride("VCSA Study");
+    EXPECT_EQ(trace + FlagsOf(record), ",,,; Y,,,; Y,Y,,; Y,Y,Y,; Y,Y,Y,Y");
+    EXPECT_EQ(record.Overrides().Count(), 3);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "NolSchedCtls/toolkit/date_text.h"
 #include "tests/library/test_schedule_tools.h"
 
 namespace NolSchedCtls::Testing {
@@ -86,50 +85,6 @@ TEST(ScheduleEncoding, WhatCannotBeShownEndsTheLoadThere) {
     }
     EXPECT_EQ(OpenTab(RecordOf("O", 52)).tab.cboFrequency.Text(), "1") << "the hidden list stays as it is";
     EXPECT_THROW(XNolScheduleTab().SaveData(), NolSchedError);
-}
-
-TEST(ScheduleDates, EveryMinuteIsComposedAndSplit) {
-    const InstalledWorld world;
-    OpenTab open(RecordOf("D"));
-    for (int minute = 0; minute < 1440; ++minute) {
-        const DateTime time = ComposeDateTime({2028, 2, 29, minute / 60, minute % 60, 0});
-        open.record->FirstDateTime = time + 29.0 / 86400;  // the seconds are lost
-        open.tab.LoadData(open.record, "", nullptr);
-        ASSERT_EQ(open.tab.dtpStartTime.Hour() * 60 + open.tab.dtpStartTime.Minute(), minute);
-        ASSERT_TRUE(minute % 2 == 0 || open.tab.SSDStartDate.BeginEdit());
-        open.tab.SaveData();
-        ASSERT_EQ(open.record->FirstDateTime, time) << minute;
-    }
-}
-
-TEST(ScheduleDates, EveryDayOfALeapYearIsReadAsItWasWritten) {
-    for (const auto order :
-         {DateFieldOrder::MonthFirst, DateFieldOrder::DayFirst, DateFieldOrder::YearFirst}) {
-        const auto settings = MakeDateSettings(order);
-        for (int day = 0; day < 366; ++day) {
-            const DateTime date = ParseIso("2028-01-01") + day;
-            for (const std::string& text : {ShortDateText(date, *settings), DateText(date, longDateFormat),
-                                            DateText(date, settings->EditDateFormat())}) {
-                EXPECT_EQ(ReadDateText(text, *settings), date) << text;
-                EXPECT_EQ(ReadDateText(text + " 21:5", *settings), date + 1265 / 1440.0) << text;
-                EXPECT_EQ(ReadDateText(text + " 9:05:00 PM", *settings), date + 1265 / 1440.0) << text;
-            }
-        }
-    }
-}
-
-TEST(ScheduleDates, TextsAreExactAndOthersAreRefused) {
-    const auto settings = MakeDateSettings(DateFieldOrder::MonthFirst);
-    const DateTime date = ParseIso("2026-03-02");
-    EXPECT_EQ(ShortDateText(date, *MakeDateSettings(DateFieldOrder::DayFirst)), "2/3/2026");
-    EXPECT_EQ(DateText(date, longDateFormat), "Monday, March 02, 2026");
-    EXPECT_EQ(ReadDateText("3/2/2026 12:07:09 AM", *settings), ParseIso("2026-03-02T00:07:09"));
-    EXPECT_THROW(DateText(date, "MMM D"), NolSchedError);
-    for (const char* text :
-         {"", "9:05", "2/30/2026", "2/29/2027", "13/1/2026", "0/1/2026", "3/2/26", "3/2/20261",
-          "3/2/2026 24:00", "3/2/2026 9:60", "3/2/2026 9:05:60", "3/2/2026 13:00 PM", "3/2/2026 9:05 XM",
-          "Tuesday, March 02, 2026", "Monday, Marsh 02, 2026"})
-        EXPECT_EQ(ReadDateText(text, *settings), std::nullopt) << text;
 }
 
 TEST(ScheduleDates, TheLastDayIsToldByItsDateAlone) {

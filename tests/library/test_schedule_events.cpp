@@ -29,21 +29,6 @@ TEST(ScheduleEvents, DateAndTimeReportWhatChanges) {
     EXPECT_THROW(start.SetText("soon"), NolSchedError);
 }
 
-TEST(ScheduleEvents, ADateFieldShowsTheEditFormatWhileItHasTheFocus) {
-    const InstalledWorld world;
-    OpenTab open(RecordOf("H", 1, 0, 0, 1, "2027-01-09"));
-    XNolScheduleTab& tab = open.tab;
-    const auto texts = [&tab] { return tab.SSDStartDate.Text() + "; " + tab.SSDEndDate.Text(); };
-    ASSERT_TRUE(tab.SSDStartDate.BeginEdit());
-    EXPECT_EQ(texts(), "03/02/2026; Saturday, January 09, 2027");
-    ASSERT_TRUE(tab.SSDEndDate.BeginEdit());
-    EXPECT_EQ(texts(), "Monday, March 02, 2026; 01/09/2027");
-    EXPECT_EQ(tab.FocusedField(), &tab.SSDEndDate);
-    EXPECT_EQ(open.Saved(), "H 1 0/0/1 YYYYYYYYY 2026-03-02T09:05:00 2027-01-09T23:59:59");
-    tab.cboFrequency.SetFocus();
-    EXPECT_EQ(texts(), "Monday, March 02, 2026; Saturday, January 09, 2027");
-}
-
 TEST(ScheduleEvents, AClickInAHiddenDayListPutsTheTwoListsOutOfStep) {
     const InstalledWorld world;
     OpenTab open(RecordOf("D", 1, 0, 0, 4));

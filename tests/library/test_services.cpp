@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <ctime>
 #include <optional>
 #include <thread>
 
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/library/catalogue.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
 #include "tests/library/fake_services.h"
@@ -36,9 +38,8 @@ TEST(Services, LetTwoThreadsEditEntriesOfTheirOwn) {
         for (int round = 0; round < 100; ++round) {
             const auto record = std::make_shared<CNolSchedData>();
             record->InitNew(nullptr, false, 0, "Nightly");
-            for (const auto& published : PublishedClasses())
-                if (published.kind == ClassKind::Control)
-                    CreateControl(published.sProgId)->LoadData(record, "", std::make_shared<CPaviseNotify>());
+            for (const auto& published : PublishedClasses().subspan(2))
+                CreateControl(published.sProgId)->LoadData(record, "", std::make_shared<CPaviseNotify>());
             record->AddNolOverride(MakeOverride("HOM Study"), "HOM Study");
             EXPECT_EQ(&record->SaveNolOverrides(), record.get());
         }
@@ -49,66 +50,119 @@ TEST(Services, LetTwoThreadsEditEntriesOfTheirOwn) {
     InstallServices({});
 }
 
-TEST(DateTimes, ReadWriteAndSplitToTheNearestSecond) {
-    const std::pair<const char*, DateTime> moments[] = {
-        {"1899-12-30T00:00:00", 0.0},       {"1899-12-29T12:00:00", -0.5},
-        {"2036-12-31T00:00:00", 50040.0},   {"2024-02-29T23:59:59", 45351.0 + 86399 / 86400.0},
-        {"0100-01-01T00:00:00", -657434.0}, {"9999-12-31T23:59:59", 2958465.0 + 86399 / 86400.0}};
-    for (const auto& [iso, dateTime] : moments) {
-        EXPECT_DOUBLE_EQ(ParseIso(iso), dateTime) << iso;
-        EXPECT_EQ(IsoText(dateTime), iso);
-    }
-    EXPECT_EQ(IsoText(ParseIso("2026-03-02 09:05:07.987")), "2026-03-02T09:05:07");
-    for (int minute = 0; minute < 1440; ++minute) {
-        const DateTimeParts parts{2026, 3, 2, minute / 60, minute % 60, 0};
-        EXPECT_EQ(SplitDateTime(46083 + minute / 1440.0), parts);
-        EXPECT_EQ(SplitDateTime(46083 + minute / 60 / 24.0 + minute % 60 / 1440.0 - 1e-7), parts);
-    }
-    EXPECT_EQ(DateOf(46083 - 1e-7), 46083);
+// The tables by name, a letter after each value for what it is: "One(7i, O's, n) Two() ".
+std::string Stored(const MemoryStore& store) {
+    const auto value = [](const LintelField& field) {
+        return FieldToText(field) + "nids"[field.Value.index()];
+    };
+    const auto row = [&](const MemoryStore::Row& fields) { return "(" + Joined(fields, value) + ")"; };
+    return Joined(
+        store.tables, [&](const auto& table) { return table.first + Joined(table.second, row, ""); }, " ");
 }
 
-TEST(DateTimes, RefuseWhatNoCalendarOrClockHas) {
-    for (const std::string text :
-         {"", "2026-3-2", "2026-03-02T", "2026-03-02X09:05", "2026-03-02T09", "-026-03-02", "2026-03--2",
-          "2026-03-02T09:05:00Z", "2026-11-31", "2026-13-10"})
-        EXPECT_NE(FailureOf([&] { ParseIso(text); }).find(text), std::string::npos) << text;
-    for (const char* text : {"0099-12-31", "2026-03-02T24:00", "2026-03-02T09:60", "2026-03-02T09:05:60"})
-        EXPECT_THROW(ParseIso(text), NolSchedError) << text;
+TEST(MemoryServices, StoreWhatTheStatementsSay) {
+    const auto store = InstallMemoryServices();
+    ILintelDb& lintel = LintelDb();
+    const std::string values = lintel.JoinValues({"O'Hara''s, ", LintelValue(), 1e-9, ""});
+    EXPECT_EQ(values, "'O''Hara''''s, ', NULL, 1e-09, ''");
+    const std::string first = "One(7i, O'Hara''s, s, n, 0.000000d, s)", half = "(8i, 0.500000d)",
+                      second = " Two" + first.substr(3);
+    const std::pair<std::string, std::string> statements[] = {
+        {"INSERT INTO One (Id, T, N, D, E) VALUES (7, " + values + ")", first},
+        {"INSERT INTO Two (Id, T, N, D, E) VALUES (7, " + values + ")", first + second},
+        {"INSERT INTO One (Id, D) VALUES (8, 0.5)", first + half + second},
+        {"DELETE FROM One WHERE ID = 7", "One" + half + second},
+        {"DELETE FROM Two WHERE Id = 8", "One" + half + second}};
+    for (const auto& [statement, tables] : statements) {
+        lintel.ExecuteStatement(statement);
+        EXPECT_EQ(Stored(*store), tables) << statement;
+    }
+    for (const std::string statement :
+         {"", "UPDATE One SET T = 1", "DELETE FROM One", "DELETE FROM One WHERE Id = 8 OR 1 = 1",
+          "DELETE FROM One WHERE Id = 'x", "INSERT INTO One (Id, T) VALUES (9)",
+          "INSERT INTO One (Id) VALUES (9x)", "SELECT * FROM One WHERE Id = 8"})
+        EXPECT_EQ(FailureOf([&] { lintel.ExecuteStatement(statement); }),
+                  "The statement " + Quoted(statement) + " is none that the store in memory understands.");
+    EXPECT_TRUE(lintel.OpenRows({"SELECT * FROM Two WHERE Id = 8"})->AtEnd());
+    const auto rows = lintel.OpenRows({"SELECT * FROM Two WHERE Id = 7"});
+    EXPECT_EQ(std::get<double>(rows->Fields("d").Value), 1e-9);
+    EXPECT_EQ(FailureOf([&] { rows->Fields("G"); }), "The rows have no column G.");
+    InstallServices({});
+}
+
+TEST(MemoryServices, KeepWhatIsShownAndGiveTheRestInEnglish) {
+    const auto store = InstallMemoryServices();
+    store->documents = {{5, "North", {"NOL Group"}}, {5, "Busy", {"Scenario"}}};
+    MessageService().Show("text", 48, "title", 0, 0);
+    try {
+        throw NolSchedError("refused");
+    } catch (const NolSchedError&) {
+        LintelFailureReport()->ReportFailure("insert: ");
+    }
+    const MemoryMessage& shown = store->messages.at(0);
+    const CaddisDocumentType scenario = CaddisScenarios().ScenarioDocumentType();
+    EXPECT_EQ(Barred(shown.sText, shown.nFlags, shown.sTitle, store->failures.at(0),
+                     CaddisStore().FindDocument(scenario, 5)->Name,
+                     CaddisStore().DocumentsOfType(scenario).size(), DateSettings().EditDateFormat()),
+              "text|48|title|insert: refused|Busy|1|MM/DD/YYYY|");
+    EXPECT_EQ(FailureOf([] { DayConversion().DayNumberOfName("Day"); }), "There is no weekday \"Day\".");
+    for (const char* zone : {"UTC", "XXX-12"}) {  // the system's clock, on both sides of noon
+        setenv("TZ", zone, 1);
+        tzset();
+        const std::time_t now = std::time(nullptr);
+        std::array<char, 32> text{};
+        std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", std::localtime(&now));
+        EXPECT_NEAR(Clock().Now(), ParseIso(text.data()), 5.0 / 86400) << zone;
+    }
+    unsetenv("TZ");
+    InstallServices({});
+}
+
+TEST(DateTimes, AreReadWrittenAndSplitToTheNearestSecond) {
+    const std::pair<std::string, std::string> texts[] = {{"1899-12-29T12:00", "1899-12-29T12:00:00"},
+                                                         {"0100-01-01", "0100-01-01T00:00:00"},
+                                                         {"9999-12-31T23:59:59", "9999-12-31T23:59:59"},
+                                                         {"2026-03-02 09:05:07.987", "2026-03-02T09:05:07"},
+                                                         {"2026-11-31", "There is no day 2026-11-31."},
+                                                         {"2026-13-10", "There is no day 2026-13-10."},
+                                                         {"0099-12-31", "There is no day 99-12-31."},
+                                                         {"2026-03-02T24:00", "There is no time 24:0:0."},
+                                                         {"2026-03-02T09:60", "There is no time 9:60:0."},
+                                                         {"2026-03-02T09:05:60", "There is no time 9:5:60."}};
+    const auto again = [](const std::string& text) {
+        std::string read;
+        const std::string failure = FailureOf([&] { read = IsoText(ParseIso(text)); });
+        return read.empty() ? failure : read;
+    };
+    for (const auto& [text, read] : texts) EXPECT_EQ(again(text), read);
+    for (const std::string text : {"", "2026-3-2", "2026-03-02T", "2026-03-02X09:05", "-026-03-02",
+                                   "2026-03--2", "2026-03-02T09:05:00Z"})
+        EXPECT_EQ(again(text), "The text \"" + text + "\" is no date-time of the form YYYY-MM-DDTHH:MM:SS.");
+    EXPECT_EQ(ParseIso("2036-12-31T12:00"), 50040.5);
+    for (int minute = 0; minute < 1440; ++minute)
+        EXPECT_EQ(SplitDateTime(46083 + minute / 60 / 24.0 + minute % 60 / 1440.0 - 1e-7),
+                  (DateTimeParts{2026, 3, 2, minute / 60, minute % 60, 0}));
     for (const DateTime dateTime : {std::nan(""), 1e300, -657435.0, 2958466.0})
         EXPECT_NE(FailureOf([=] { DateOf(dateTime); }).find(std::to_string(dateTime)), std::string::npos);
 }
 
-TEST(KeyedCollections, IgnoreCaseKeepOrderAndNameBadKeys) {
-    KeyedCollection<int> items;
-    for (const char* key : {"Zebra", "", "", "HOM Study"})
-        items.Add(static_cast<int>(items.Count()) + 1, key);
-    EXPECT_THROW(items.Add(5, "hom sTUDY"), DuplicateKeyError);
-    EXPECT_EQ(items.Item("HOM STUDY"), 4);
-    EXPECT_EQ(items.Find("HOM  Study"), nullptr);
-    EXPECT_THROW(items.Item(""), MissingKeyError);
-    EXPECT_EQ(FailureOf([&] { items.Item(5); }), "The collection has no item 5; it holds 4.");
-    EXPECT_EQ(FailureOf([&] { items.Remove("Zebr"); }), "The collection has no key \"Zebr\".");
-    items.Remove("zEBRA");
-    EXPECT_EQ(Barred(items.Count(), items.Item(1), items.Item(2), items.Item(3)), "3|2|3|4|");
-}
-
 TEST(Lintel, ReadsNumbersOutOfFields) {
     const InstalledWorld world;
-    const std::pair<LintelValue, std::int32_t> good[] = {
-        {{}, -7}, {std::int64_t{2147483647}, 2147483647}, {10.0, 10}, {std::string("12"), 12}};
-    for (const auto& [value, number] : good)
-        EXPECT_EQ(LintelDb().FieldToNumber({"Duration", value}, -7), number);
-    for (const LintelValue& value : {LintelValue(std::int64_t{2147483648}), {10.5}, {"12x"}, {""}}) {
-        const LintelField field{"Duration", value};
-        EXPECT_EQ(FailureOf([&] { LintelDb().FieldToNumber(field, -7); }),
-                  "The column Duration holds " + Quoted(FieldToText(field)) + ", which is no 32-bit number.");
-    }
-}
-
-TEST(DayConversion, RefusesWhatIsNoWeekday) {
-    const InstalledWorld world;
-    for (const int number : {0, 8}) EXPECT_THROW(DayConversion().DayNameOfNumber(number), NolSchedError);
-    EXPECT_EQ(FailureOf([] { DayConversion().DayNumberOfName("Day"); }), "There is no weekday \"Day\".");
+    const auto number = [](const LintelValue& value) {
+        return std::to_string(LintelDb().FieldToNumber({"Duration", value}, -7));
+    };
+    const std::pair<LintelValue, const char*> good[] = {
+        {{}, "-7"}, {std::int64_t{2147483647}, "2147483647"}, {10.0, "10"}, {"12", "12"}};
+    for (const auto& [value, text] : good) EXPECT_EQ(number(value), text);
+    const std::pair<LintelValue, std::string> bad[] = {
+        {std::int64_t{2147483648}, "2147483648"},
+        {10.5, "10.500000"},
+        {1e10, "10000000000"},
+        {"12x", "12x"},
+        {std::string(59, '9') + "\u00e9", std::string(59, '9') + "..."}};
+    for (const auto& [value, text] : bad)
+        EXPECT_EQ(FailureOf([&] { number(value); }),
+                  "The column Duration holds \"" + text + "\", which is no 32-bit number.");
 }
 
 }  // namespace

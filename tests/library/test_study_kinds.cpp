@@ -58,21 +58,6 @@ TEST(StudyKinds, OneClickReachesBothSides) {
         }
 }
 
-TEST(StudyKinds, LoadAnOverrideInEitherOrder) {
-    const std::string general =
-        "MarkChanged; MarkChanged; SetTabOverride HOM Study on; ";  // purge, then the box
-    const std::string hom =  // the box, scenario, duration, and the state at last
-        "SetTabState HOM Study on; MarkChanged; MarkChanged; MarkChanged; SetTabState HOM Study on; ";
-    for (const bool generalFirst : {true, false}) {
-        TwoTabs tabs;
-        tabs.record->PurgeInterval = 30;
-        tabs.record->AddNolOverride(MakeOverride("HOM Study", 12, 60), "HOM Study");
-        EXPECT_EQ(tabs.LoadBoth(generalFirst),
-                  generalFirst ? general + hom : hom + general + "SetTabState HOM Study on; ");
-        EXPECT_EQ(tabs.Boxes(), "1|1|shown|");
-    }
-}
-
 TEST(StudyKinds, HearTheirExactNameFromThePresentNotifierAlone) {
     TwoTabs tabs;
     tabs.LoadBoth(true);
@@ -88,20 +73,6 @@ TEST(StudyKinds, HearTheirExactNameFromThePresentNotifierAlone) {
     tabs.page.reset();
     EXPECT_TRUE(tabs.box.Click());
     EXPECT_EQ(tabs.record->HomOvr, "Y");
-}
-
-TEST(StudyKinds, OfAnImmediateEntryAreEnabledWhereItHasOverrides) {
-    for (const Kind& own : kinds) {
-        const std::string key(own.kind.study.sKey);
-        for (const Kind& other : kinds) {
-            TwoTabs tabs(other);
-            tabs.record->AddNolOverride(MakeOverride(key), key);
-            tabs.record->RunMode = "I";
-            tabs.LoadBoth(true);
-            const bool isOwn = &other == &own;
-            EXPECT_EQ(Barred(tabs.box.Enabled(), tabs.chkOverride.Enabled()), Barred(isOwn, isOwn)) << key;
-        }
-    }
 }
 
 }  // namespace

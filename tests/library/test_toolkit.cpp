@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "NolSchedCtls/toolkit/check_box.h"
-#include "NolSchedCtls/toolkit/text_box.h"
-#include "NolSchedCtls/toolkit/x_ambit.h"
-#include "NolSchedCtls/toolkit/x_marlet.h"
+#include "NolSchedCtls/toolkit/date_text.h"
+#include "NolSchedCtls/toolkit/fields.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {
@@ -23,40 +21,30 @@ struct Bell {
     std::string Ring(int n) { return event->Raise(n), std::exchange(trace, {}); }
 };
 
-TEST(Events, SurviveHandlersThatConnectDisconnectAndRaise) {
+TEST(Events, SurviveWhatTheirHandlersDo) {
     Bell bell;
-    Connection early, self, late;
-    early = bell.Hang("early");
+    Connection early = bell.Hang("early"), self, late, thrower;
     self = bell.Hang("self", [&](int n) {
-        if (n == 1) bell.Hang("new");
+        if (n == 1) early.Disconnect(), bell.Hang("new");
         if (n == 2) bell.event->Raise(20);
-        if (n == 20) early.Disconnect(), self.Disconnect(), late.Disconnect();
+        if (n == 20) self.Disconnect(), late.Disconnect();
     });
     late = bell.Hang("late");
     bell.Hang("last");
     EXPECT_EQ(bell.Ring(1), "early1 self1 late1 last1 ");
-    EXPECT_EQ(bell.Ring(2), "early2 self2 early20 self20 last20 new20 last2 new2 ");
+    EXPECT_EQ(bell.Ring(2), "self2 self20 last20 new20 last2 new2 ");
     EXPECT_EQ(bell.Ring(3), "last3 new3 ");
-}
-
-TEST(Events, SurviveHandlersThatThrowOrEndTheEvent) {
-    Bell bell;
-    Connection thrower = bell.Hang("throw", [&](int) {
+    thrower = bell.Hang("throw", [&](int) {
         thrower.Disconnect();
         throw NolSchedError("handler");
     });
-    {
-        const ScopedConnection scoped = bell.Hang("scoped");
-        EXPECT_EQ(FailureOf([&] { bell.Ring(1); }), "handler");
-        EXPECT_EQ(bell.Ring(2), "throw1 scoped2 ");
-    }
+    EXPECT_EQ(FailureOf([&] { bell.Ring(4); }), "handler");
     Connection outlives = bell.Hang("end", [&bell, owned = std::string(40, 'x')](int) {
         bell.event.reset();
         bell.trace += owned;
     });
-    bell.event->Raise(3);
+    EXPECT_EQ(bell.Ring(5), "last4 new4 throw4 last5 new5 end5 " + std::string(40, 'x'));
     outlives.Disconnect();
-    EXPECT_EQ(bell.trace, "end3 " + std::string(40, 'x'));
 }
 
 struct Panel : UserControl {
@@ -72,7 +60,7 @@ struct Panel : UserControl {
     Panel() {
         world.documents = {
             {5, "North", {"Scenario"}}, {6, "South", {"Scenario"}}, {7, "West", {"NOL Group"}}};
-        picker.RestoreState(std::make_shared<MarletState>(MarletState{{"Scenario"}, 0}));
+        picker.RestoreState(std::make_shared<MarletState>(MarletState{{"Scenario"}, 6}));
         TraceControl(world, *this);
         for (auto* event :
              {&box.Clicked, &text.Changed, &picker.DocumentChange, &purge.Changed, &download.Changed})
@@ -100,6 +88,7 @@ TEST(Fields, HearNoUserWhileHiddenOrDisabled) {
             for (ViewField* field : fields) (field->*set)(true);
         }
     EXPECT_EQ(panel.UserActs().substr(0, 10), "1111111111");
+    EXPECT_EQ(panel.picker.LastDocumentId(), 6);
 }
 
 TEST(Fields, MoveTheFocusOnceAndRefuseItWhereNoUserReaches) {
@@ -118,18 +107,6 @@ TEST(Fields, MoveTheFocusOnceAndRefuseItWhereNoUserReaches) {
     EXPECT_EQ(FailureOf([&] { panel.text.SetFocus(); }),
               "The field text cannot take the focus: it is disabled.");
     EXPECT_EQ(panel.FocusedField(), &panel.box);
-}
-
-TEST(Fields, RaiseOnlyWhenCodeChangesThem) {
-    Panel panel;
-    for (const int value : {0, 1, 1, 2, 0}) panel.box.SetValue(value);
-    EXPECT_EQ(panel.world.TakeTrace(), "raised; raised; raised; ");
-    for (const char* text : {"", "no user's length", "no user's length"}) panel.text.SetText(text);
-    EXPECT_EQ(panel.text.Text() + panel.world.TakeTrace(), "no user's lengthraised; ");
-    for (const char* mode : {"A", "Z", "Z"}) panel.download.SetDownloadMode(mode);
-    EXPECT_EQ(panel.world.TakeTrace(), "raised; raised; ");
-    EXPECT_FALSE(panel.download.Pick("Z"));
-    EXPECT_EQ(Barred(panel.download.DownloadMode(), panel.download.Text()), "Z||");
 }
 
 TEST(TextBoxes, CountCharactersAndKeepWhatIsNoUtf8) {
@@ -156,18 +133,74 @@ TEST(TextBoxes, CountCharactersAndKeepWhatIsNoUtf8) {
     EXPECT_EQ(panel.text.Text(), "777A");
 }
 
-TEST(PurgeOptions, RefuseASettingThatIsNoNumberOfDays) {
-    Panel panel;
-    for (const char* setting : {"", "0", "-1", "many", "90 ", "2147483648"}) {
-        const CaddisUser user{{{"Max Purge Interval", setting}}};
-        EXPECT_EQ(
-            FailureOf([&] { panel.purge.LoadPurgeOptions("Y", 1, user); }),
-            "The setting \"Max Purge Interval\" is " + Quoted(setting) + ", which is no number of days.");
-    }
-    panel.purge.PasteDays("1234567");
-    for (const char32_t key : {U'8', U'x', keyBackspace, U'9'}) panel.purge.Key(key);
-    EXPECT_EQ(panel.purge.DaysText() + panel.world.trace,
-              "12349focus purge; raised; beep purge; raised; raised; ");
+TEST(DateTexts, EveryDayOfALeapYearIsReadAsItWasWritten) {
+    for (const auto order : {DateFieldOrder::MonthFirst, DateFieldOrder::DayFirst, DateFieldOrder::YearFirst})
+        for (int day = 0; day < 366; ++day) {
+            const auto settings = MakeDateSettings(order);
+            const DateTime date = ParseIso("2028-01-01") + day;
+            for (const std::string& text : {ShortDateText(date, *settings), DateText(date, longDateFormat),
+                                            DateText(date, settings->EditDateFormat())}) {
+                EXPECT_EQ(ReadDateText(text, *settings), date) << text;
+                EXPECT_EQ(ReadDateText(text + " 21:5", *settings), date + 1265 / 1440.0) << text;
+                EXPECT_EQ(ReadDateText(text + " 9:05:00 PM", *settings), date + 1265 / 1440.0) << text;
+            }
+        }
+}
+
+TEST(DateFields, ShowTheirDefaultByTheFormatUntilADateIsSet) {
+    InstalledWorld world;
+    UserControl control;
+    SSDateCombo date(control, "date");
+    const auto told = [&](const std::function<void()>& act) {
+        const std::string failure = FailureOf(act);
+        return failure == "no failure" ? date.Text() : failure;
+    };
+    const std::pair<std::function<void()>, const char*> acts[] = {
+        {[&] { EXPECT_EQ(date.DateValue(), 46083); }, "3/2/2026"},
+        {[&] { world.now = 46084.99; }, "3/3/2026"},
+        {[&] { date.SetDefaultDate("4/5/2026"); }, "4/5/2026"},
+        {[&] { date.SetDefaultDate("soon"); }, "The default date \"soon\" of the field date is no date."},
+        {[&] { date.SetDisplayFormat("DD.M.YYYY"); }, "05.4.2026"},
+        {[&] { date.SetDisplayFormat("MMM D"); },
+         "A date format has no part \"MMM\"; it has DDDD, MMMM, MM, M, DD, D and YYYY."},
+        {[&] { date.PickDate(46083.9); }, "02.3.2026"}};
+    for (const auto& [act, text] : acts) EXPECT_EQ(told(act), text);
+    EXPECT_EQ(date.DateValue(), 46083);
+}
+
+TEST(DateTexts, AreExactAndOthersAreRefused) {
+    const auto settings = MakeDateSettings(DateFieldOrder::MonthFirst);
+    const auto dayFirst = MakeDateSettings(DateFieldOrder::DayFirst);
+    const DateTime date = ParseIso("2026-03-02");
+    EXPECT_EQ(ShortDateText(date, *dayFirst) + DateText(date, dayFirst->EditDateFormat()),
+              "2/3/202602/03/2026");
+    EXPECT_EQ(DateText(date, longDateFormat), "Monday, March 02, 2026");
+    EXPECT_EQ(ReadDateText(" monday, MARCH 2, 2026  ", *settings), date);
+    EXPECT_EQ(ReadDateText("3/2/2026 12:07:09 AM", *settings), ParseIso("2026-03-02T00:07:09"));
+    EXPECT_THROW(DateText(date, "MMM D"), NolSchedError);
+    for (const std::string text : {"",
+                                   "9:05",
+                                   "2/30/2026",
+                                   "2/29/2027",
+                                   "13/1/2026",
+                                   "0/1/2026",
+                                   "3/2/26",
+                                   "3/2/20261",
+                                   "3/2/0099",
+                                   "3/2/2026 24:00",
+                                   "3/2/2026 9:60",
+                                   "3/2/2026 9:05:60",
+                                   "3/2/2026 13:00 PM",
+                                   "3/2/2026 0:05 AM",
+                                   "3/2/2026 9:05 XM",
+                                   "3/2/2026 9:05 AM x",
+                                   "Tuesday, March 02, 2026",
+                                   "Monday, Marsh 02, 2026",
+                                   ", March 02, 2026",
+                                   "March 02, 2026",
+                                   "Monday, March 02",
+                                   "Monday, 02, 2026"})
+        EXPECT_EQ(ReadDateText(text, *settings), std::nullopt) << text;
 }
 
 }  // namespace
