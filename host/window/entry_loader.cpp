@@ -20,11 +20,12 @@ EntryLoader::EntryLoader(EntryStore& entriesA, EntryList& listA) : entries(entri
 }
 
 void EntryLoader::Start() {
+    if (!Succeeds([this] { total = static_cast<int>(entries.Count()); })) return;
     list.Clear();
     early.clear();
     lastId = std::numeric_limits<std::int32_t>::min();
     pieceSize = firstPiece;
-    if (Succeeds([this] { total = static_cast<int>(entries.Count()); })) timer.start(0);
+    timer.start(0);
 }
 
 bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {

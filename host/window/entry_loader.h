@@ -15,8 +15,8 @@ class EntryLoader : public QObject {
   public:
     EntryLoader(EntryStore& entriesA, EntryList& listA);
 
-    // From the first entry on; what the list holds goes. Stops with a message box where the store
-    // fails; what was loaded stays.
+    // From the first entry on; what the list holds goes, unless the store fails at once. Stops with a message
+    // box where the store fails; what was loaded stays.
     void Start();
     bool IsLoading() const { return timer.isActive(); }
     // Reads one entry anew; one that is gone goes from the list.
