@@ -183,8 +183,9 @@ class PickerCombo : public QComboBox {
 
   private:
     void Fill() {
+        const auto documents = field.Entries();
         clear();
-        for (const auto& document : field.Entries()) addItem(ToQt(document->Name), document->Id);
+        for (const auto& document : documents) addItem(ToQt(document->Name), document->Id);
         setCurrentIndex(-1);
     }
 
