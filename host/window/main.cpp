@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QSettings>
 #include <iostream>
 
@@ -68,7 +69,10 @@ int main(int argc, char** argv) {
         std::cerr << "nolsched-editor: there is no display; --screenshots needs none.\n";
         return exitUsage;
     }
-    if (!HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!HasDisplay()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        QLoggingCategory::setFilterRules(u"default.warning=false"_s);  // what the platform does not support
+    }
     HidePasswords(argc, argv);
     const QApplication application(argc, argv);
     SetAppearance(options.isDark);
