@@ -1,3 +1,5 @@
+#include <QAbstractItemModelTester>
+
 #include "host/window/main_window.h"
 #include "tests/window/windows.h"
 
@@ -5,62 +7,123 @@ namespace NolSchedCtls::Testing {
 
 class Lists : public Windows {
   protected:
-    // How many there are and the first three, the chosen one with a star.
-    std::string Listed() {
-        Activate(window);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !window.IsLoading(); }, 20000));
-        const auto& model = *table->model();
-        QStringList names;
-        for (int row = 0; row < std::min(model.rowCount(), 3); ++row)
-            names.append((row == table->currentIndex().row() ? u"*"_s : QString()) +
-                         model.index(row, EntryRow::Name).data().toString());
-        return std::to_string(model.rowCount()) + ": " + names.join(u", "_s).toStdString();
+    struct Step {
+        const char* act;    // keys, and after a quote a text
+        std::string trace;  // what is told and asked, and the window in front
+        const char* failing = "";
+        QMessageBox::StandardButton answer = QMessageBox::Cancel;
+    };
+    void Walk(const std::vector<Step>& steps) {
+        for (const auto& [act, trace, statement, reply] : steps) {
+            if (QApplication::activeWindow() == nullptr) Activate(window);
+            told.clear();
+            failing = statement;
+            answer = reply;
+            const QStringList parts = QString::fromUtf8(act).split(u'\'');
+            Press(*QApplication::focusWidget(), parts[0].toUtf8());
+            QCoreApplication::processEvents();
+            QTest::keyClicks(QApplication::focusWidget(), parts.value(1));
+            QTest::qWait(parts.size() > 1 || parts[0] == u"Ctrl+S"_s ? 200 : 0);  // these take their time
+            EXPECT_TRUE(QTest::qWaitFor([this] { return !window.IsLoading(); }, 20000));
+            failing.clear();
+            EXPECT_EQ(told + InFront(), trace) << act;
+        }
     }
-    static EntryEditor& Opened() {
-        QCoreApplication::processEvents();
-        return dynamic_cast<EntryEditor&>(*QApplication::activeWindow());
+    // The title of an editor; or the list's count, and its hint or first three, the chosen one with a star.
+    std::string InFront() const {
+        if (auto* const editor = dynamic_cast<EntryEditor*>(QApplication::activeWindow())) {
+            const bool isModified = editor->isWindowModified();
+            EXPECT_EQ(editor->Button(QDialogButtonBox::Apply)->isEnabled(),
+                      isModified || editor->Session().Record().IsNew);
+            return editor->windowTitle().replace(u"[*]"_s, isModified ? u"*"_s : QString()).toStdString();
+        }
+        QStringList texts;
+        for (int row = 0; row < std::min(table->model()->rowCount(), 3); ++row) {
+            const QModelIndex name = table->model()->index(row, EntryRow::Name);
+            EXPECT_EQ(name.data(Qt::ToolTipRole), name.data());
+            texts.append((row == table->currentIndex().row() ? u"*"_s : QString()) + name.data().toString());
+        }
+        if (const auto* hint = table->findChild<QLabel*>(); hint->isVisible()) texts.append(hint->text());
+        const std::string count = Shown(*window.statusBar()->findChild<QLabel*>());
+        return (window.isVisible() ? "" : "closed: ") + count + ": " + texts.join(u", "_s).toStdString();
     }
 
     MainWindow window{workspace, dialogs};
     QTableView* table = window.findChild<QTableView*>();
+    QAbstractItemModelTester tester{table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
 TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
     for (int i = 1; i <= 120; ++i) Store("Entry " + std::to_string(i));
-    EXPECT_EQ(Listed(), "120: *Entry 1, Entry 2, Entry 3");
+    Activate(window);
+    Press(window, "F5");
+    window.OpenEntry(120)->Save();  // which the loading has not come to
+    Activate(window);
+    Walk({{"Home", "120 entries: *Entry 1, Entry 2, Entry 3"}});
     table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);
-    EXPECT_EQ(Listed(), "120: Entry 99, Entry 98, Entry 97");
-    Press(window, "Ctrl+F");
-    QTest::keyClicks(window.focusWidget(), u"once ENTRY 7 3/2/2026 north"_s);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return table->model()->rowCount() < 120; }));
-    EXPECT_EQ(Listed(), "21: *Entry 97, Entry 87, Entry 79");
-    QTest::keyClicks(window.focusWidget(), u" nowhere"_s);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return table->model()->rowCount() == 0; }));
+    Walk({{"F5", "120 entries: Entry 99, Entry 98, Entry 97"},
+          {"Ctrl+F'once ENTRY 7 3/2/2026 north", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
+          {"Return", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
+          {"Down, F5", "21 of 120 entries: Entry 97, *Entry 87, Entry 79"},
+          {"Ctrl+F'7 8", "2 of 120 entries: *Entry 87, Entry 78"},
+          {"Ctrl+F'x", "0 of 120 entries: No entry holds all of these words."}});
+    spared = 1;
+    Walk({{"F5", "The store fails.\n0 of 50 entries: No entry holds all of these words.", "LIMIT"}});
 }
 
-TEST_F(Lists, MakeOpenCopyDeleteAndReloadByKeys) {
-    Store("Entry 1");
-    EXPECT_EQ(Listed(), "1: *Entry 1");
-    Press(window, "Ctrl+Shift+N");
-    EXPECT_EQ(Shown(Find(Opened(), "general.txtRptGrp")), "North Cells");
-    Press(Opened(), Box::Ok);
-    EXPECT_EQ(Listed(), "2: Entry 1, *New Immediate Entry");
-    Press(*table, "Up, Return");
-    Type(Opened(), {{"schedule.cboPeriod", "D"}});
-    QTest::keyClicks(Opened().findChild<QLineEdit*>(u"name"_s), u"+"_s);
-    Press(Opened(), Box::Ok);
-    EXPECT_EQ(Listed(), "2: *Entry 1+, New Immediate Entry");
-    Press(window, "Ctrl+D");
-    Press(Opened(), Box::Ok);
-    EXPECT_EQ(Listed(), "3: Entry 1+, New Immediate Entry, *Entry 1+ (copy)");
-    EXPECT_EQ(table->model()->index(2, EntryRow::Schedule).data(), u"Daily every 1 day(s)"_s);
-    Press(*table, "Del");  // not confirmed
-    answer = QMessageBox::Yes;
-    Press(*table, "Del");
-    EXPECT_EQ(Listed(), "2: Entry 1+, *New Immediate Entry");
-    store.Sql("UPDATE NOL_Schedule SET EditorName = 'By others' WHERE Id = 1");
-    Press(window, "F5");
-    EXPECT_EQ(Listed(), "2: By others, *New Immediate Entry");
+TEST_F(Lists, SortByEachColumn) {
+    for (const char* name : {"b", "A", "C"}) Store(name);
+    store.Sql("INSERT INTO NOL_Override (NOL_OverrideId, Type) VALUES (1, 'PLM Study'), (3, 'HOM Study')");
+    store.Sql(
+        "UPDATE NOL_Schedule SET RptGrpId = 4 - Id, Periodicity = substr('ODH', Id, 1), "
+        "FirstDateTime = substr('2026-10-012027-01-052026-03-02', Id * 10 - 9, 10), "
+        "FinalDateTime = substr('2030-01-012029-12-312036-12-31', Id * 10 - 9, 10)");
+    Walk({{"F5", "3 entries: *b, A, C"}});
+    QString orders;
+    for (int sorting = 0; sorting < 2 * EntryRow::columnCount; ++sorting) {
+        table->sortByColumn(sorting / 2, sorting % 2 == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
+        for (int row : {0, 1, 2}) orders += table->model()->index(row, EntryRow::Id).data().toString();
+    }
+    EXPECT_EQ(orders, u"123321213312132231231132231132312213213312"_s);
+}
+
+TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
+    const std::string asks = "The entry has unsaved changes. Do you want to save them?\n";
+    const std::string asksToDelete = "Do you want to delete the entry \"One\"?\n";
+    const std::string fails = "The store fails.\n";
+    const std::string both = "2 entries: *One, One (copy)";
+    Walk({{"F5", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
+          {"Ctrl+N", "New Schedule Entry - Schedule Entry"},
+          {"Escape", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
+          {"Ctrl+Shift+N", "New Immediate Entry - Immediate Entry"},
+          {"Return", "1 entries: *New Immediate Entry"}});
+    store.Sql("UPDATE NOL_Schedule SET EditorName = 'One', LastRunDate = '2026-03-01 00:00:00'");
+    choice = -1;
+    Walk({{"F5, Ctrl+Shift+N", "1 entries: *One"},  // no group is chosen
+          {"Ctrl+D", "One (copy) - Immediate Entry"},
+          {"Return", "2 entries: One, *One (copy)"},
+          {"Up, Return'!", "One!* - Immediate Entry"},
+          {"Escape", asks + "One!* - Immediate Entry"},
+          {"Ctrl+S", fails + "One!* - Immediate Entry", "UPDATE"},
+          {"Escape", asks + both, "", QMessageBox::Discard},
+          {"F5", fails + both, "COUNT"},
+          {"Return", fails + both, "SELECT"},
+          {"Del", asksToDelete + both},
+          {"Del", asksToDelete + fails + both, "FROM NOL_Override", QMessageBox::Yes},
+          {"Del", asksToDelete + fails + fails + both, " ", QMessageBox::Yes}});
+    EXPECT_TRUE(asked[0].preferred == QMessageBox::Save && asked.back().preferred == QMessageBox::Cancel);
+    store.Sql("DELETE FROM NOL_Document");
+    store.Sql("UPDATE NOL_Schedule SET Id = 3 WHERE Id = 1");
+    const std::string gone = "There is no entry 1 in " + store.Address() + ".\n";
+    Walk({{"Ctrl+Shift+N", "There is no study group to run; make one first.\n" + both},
+          {"Del", asksToDelete + gone + "1 entries: *One (copy)", "", QMessageBox::Yes},
+          {"F5", "2 entries: *One (copy), One"},
+          {"Down, Del", asksToDelete + "1 entries: *One (copy)", "", QMessageBox::Yes},
+          {"Return'!", "One (copy)!* - Immediate Entry"}});
+    Activate(window);
+    Walk({{"Ctrl+Q", asks + "1 entries: *One (copy)"},
+          {"Ctrl+Q", asks + "closed: 1 entries: *One (copy)", "", QMessageBox::Discard}});
+    EXPECT_EQ(store.Sql("SELECT EditorName, RptGrpId, LastRunDate FROM NOL_Schedule"), "One (copy)|1|NULL\n");
 }
 
 }  // namespace NolSchedCtls::Testing

@@ -16,7 +16,6 @@
 
 namespace NolSchedCtls::Testing {
 
-using Box = QDialogButtonBox;
 using Keys = std::vector<std::pair<std::string, const char*>>;  // what is typed, by "page.field"
 
 // What a widget shows; one of several parts shows them in a row.
@@ -31,16 +30,14 @@ inline std::string Shown(const QWidget& widget) {
 
 class Windows : public testing::Test {
   protected:
+    std::unique_ptr<EntrySession> NewSession(const std::string& name = "Nightly", int group = 1) {
+        return std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{false, group, name});
+    }
     // Shown and active. Deleted with the test, unless it was closed before.
-    EntryEditor& Open(std::unique_ptr<EntrySession> session) {
-        editors.emplace_back(new EntryEditor(std::move(session), dialogs));
+    EntryEditor& OpenNew(int group = 1) {
+        editors.emplace_back(new EntryEditor(NewSession("Nightly", group), dialogs));
         Activate(*editors.back());
         return *editors.back();
-    }
-    EntryEditor& OpenNew() { return Open(NewSession()); }
-    EntryEditor& OpenStored() { return Open(std::make_unique<EntrySession>(workspace, 1)); }
-    std::unique_ptr<EntrySession> NewSession(const std::string& name = "Nightly") {
-        return std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{false, 1, name});
     }
     void Store(const std::string& name = "Nightly") { EntryEditor(NewSession(name), dialogs).Save(); }
     void TearDown() override { qDeleteAll(editors); }
@@ -68,22 +65,28 @@ class Windows : public testing::Test {
     static void Press(QWidget& widget, const char* keys) {
         QTest::keySequence(&widget, QKeySequence(QString::fromUtf8(keys)));
     }
-    static void Press(EntryEditor& editor, Box::StandardButton which) {
-        QTest::mouseClick(editor.Button(which), Qt::LeftButton);
-    }
 
     TemporaryStore store;
     std::string told;  // messages and questions, each in a line
-    std::function<void(const Message&)> show = [this](const Message& m) { told += m.text + '\n'; };
+    std::vector<Question> asked;
     QMessageBox::StandardButton answer = QMessageBox::Discard;
-    const Dialogs dialogs{
-        [this](QWidget*, const Question& question) {
-            told += question.text.toStdString() + '\n';
-            return answer;
-        },
-        [](QWidget*, const QString&, const QString&, const QStringList& offered, int) { return offered[1]; }};
-    Workspace workspace{
-        {store.Address(), "tester", [this](const Message& m) { show(m); }, [] { return 46083.0; }}};
+    int choice = 1;  // of what is offered; -1 for none
+    const Dialogs dialogs{[this](QWidget*, const Question& question) {
+                              told += question.text.toStdString() + '\n';
+                              asked.push_back(question);
+                              return answer;
+                          },
+                          [this](QWidget*, const auto&, const auto&, const auto& offered, int) {
+                              return offered.value(choice);
+                          }};
+    Workspace workspace{{store.Address(), "tester", [this](const Message& m) { told += m.text + '\n'; },
+                         [] { return 46083.0; }}};
+    std::string failing;  // statements that hold this fail
+    int spared = 0;       // but for so many
+    const ScopedConnection fault = workspace.Store().Statement.Connect([this](std::string_view statement) {
+        if (failing.empty() || statement.find(failing) == std::string_view::npos) return;
+        if (spared-- <= 0) throw StoreError("The store fails.");
+    });
     std::vector<QPointer<EntryEditor>> editors;
 };
 
