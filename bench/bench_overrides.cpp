@@ -2,9 +2,8 @@
 // that grows.
 #include <sqlite3.h>
 
-#include <QCoreApplication>
-#include <QTemporaryDir>
 #include <array>
+#include <filesystem>
 
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
@@ -79,7 +78,7 @@ CNolSchedData& RecordWithOverrides() {
 
 // A store with rows of that many overrides, four an entry; entry 500 is among them.
 std::shared_ptr<Database> MakeStore(const std::string& address, int rows) {
-    auto database = std::make_shared<Database>(address);
+    std::shared_ptr<Database> database = OpenDatabase(address);
     PrepareTables(*database);
     Transaction transaction(*database);
     database->Execute(
@@ -172,11 +171,9 @@ void MeasurePlain(const std::string& name, const std::string& file, int rows) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    const QTemporaryDir folder;
-    const auto file = [&folder](const char* name) {
-        return folder.filePath(QString::fromUtf8(name)).toStdString();
-    };
+    std::string folder = std::filesystem::temp_directory_path() / "nolsched-XXXXXX";
+    if (mkdtemp(folder.data()) == nullptr) Fail(folder);
+    const auto file = [&folder](const char* name) { return folder + "/" + name; };
     MeasurePlatform("file", file("platform.db"), 1000);
     MeasurePlain("file", file("plain.db"), 1000);
     MeasurePlatform("memory", ":memory:", 0);
@@ -192,5 +189,6 @@ int main(int argc, char** argv) {
          {"save four overrides among 1,000,000 / among 1,000", "save 1000000", "save file", 1.3},
          {"load four overrides among 1,000,000 / among 1,000", "load 1000000", "load file", 1.3}});
     InstallServices({});
+    std::filesystem::remove_all(folder);
     return status;
 }

@@ -11,11 +11,14 @@ DocumentStore::Documents DocumentStore::Read(const std::string& condition, const
     Documents documents;
     const auto rows = database->Open(
         "SELECT Id, Type, Name FROM NOL_Document" + condition + " ORDER BY Type, Name", values);
+    const auto read = [&rows] {
+        return CaddisDocument{LintelDb().FieldToNumber(rows->Fields("Id"), 0),
+                              FieldToText(rows->Fields("Name")),
+                              {FieldToText(rows->Fields("Type"))}};
+    };
+    const auto about = [this] { return database->Name() + ": a document: "; };
     for (; !rows->AtEnd(); rows->MoveNext())
-        documents.push_back(
-            std::make_shared<CaddisDocument>(CaddisDocument{LintelDb().FieldToNumber(rows->Fields("Id"), 0),
-                                                            FieldToText(rows->Fields("Name")),
-                                                            {FieldToText(rows->Fields("Type"))}}));
+        documents.push_back(std::make_shared<CaddisDocument>(Explained<StoreError>(read, about)));
     return documents;
 }
 

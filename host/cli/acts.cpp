@@ -1,7 +1,7 @@
 #include "host/cli/acts.h"
 
-#include <QList>
-#include <QString>
+#include <utf8.h>
+
 #include <array>
 
 #include "NolSchedCtls/base/text.h"
@@ -19,11 +19,7 @@ constexpr std::array<std::string_view, 6> verbNames = {"click", "pick", "type", 
 using Done = std::optional<bool>;
 
 // The keys that make the text; a byte that is no UTF-8 is the key U+FFFD.
-std::u32string KeysOf(const std::string& text) {
-    std::u32string keys;
-    for (const uint key : QString::fromStdString(text).toUcs4()) keys.push_back(key);
-    return keys;
-}
+std::u32string KeysOf(const std::string& text) { return utf8::utf8to32(utf8::replace_invalid(text)); }
 
 // Keys into an emptied field.
 bool Type(auto& field, bool emptied, const std::string& text) {

@@ -36,7 +36,7 @@ int RunScript(const Run& run, EntrySession& session) {
 
 void TellEntry(const Run& run, const ListedEntry& entry) {
     run.answers.Tell({{"entry",
-                       {{"Id", entry.record->Id},
+                       {{"Id", entry.id},
                         {"EditorName", entry.record->EditorName},
                         {"group", entry.group},
                         {"sentence", SentenceOf(entry)},
@@ -46,12 +46,12 @@ void TellEntry(const Run& run, const ListedEntry& entry) {
 // Page by page, so that a store of any size takes the same memory.
 int List(const Run& run) {
     constexpr int pageSize = 500;
-    std::int64_t lastId = std::numeric_limits<std::int32_t>::min();
+    std::int64_t lastId = std::numeric_limits<std::int64_t>::min();
     for (int told = pageSize; told == pageSize;) {
         told = 0;
         const auto tell = [&](const ListedEntry& entry) {
             TellEntry(run, entry);
-            lastId = entry.record->Id;
+            lastId = entry.id;
             ++told;
         };
         run.workspace.Entries().ForEach(tell, lastId, pageSize);
@@ -60,6 +60,7 @@ int List(const Run& run) {
 }
 
 int Show(const Run& run) {
+    const Transaction reading(run.workspace.Store(), Access::Read);
     const StoredEntry entry = run.workspace.Entries().Load(*run.line.id);
     Json answer = JsonOf(*entry.record);
     answer.erase("overrides");

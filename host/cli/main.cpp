@@ -1,6 +1,5 @@
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <iostream>
 
 #include "host/cli/commands.h"
@@ -9,7 +8,6 @@
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     NolSchedCtls::HidePasswords(argc, argv);
-    const QCoreApplication application(argc, argv);
     NolSchedCtls::Terminal terminal{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) == 1,
                                     NolSchedCtls::UserName()};
     return NolSchedCtls::RunNolsched(arguments, terminal);

@@ -1,7 +1,8 @@
 #include "host/entries/arguments.h"
 
+#include <utf8.h>
+
 #include <CLI/CLI.hpp>
-#include <QUtf8StringView>
 #include <algorithm>
 #include <set>
 
@@ -106,7 +107,7 @@ void RefuseGaps(const CLI::App& chosen) {
 std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::string>& given) {
     std::vector<std::string> reversed;
     for (const auto& argument : given) {
-        if (!QUtf8StringView(argument.data(), static_cast<qsizetype>(argument.size())).isValidUtf8())
+        if (!utf8::is_valid(argument))
             throw UsageError("The argument " + Quoted(argument) + " is not valid UTF-8.");
         const std::string name = argument.substr(0, argument.find('='));
         const bool isEmptied =

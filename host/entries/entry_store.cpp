@@ -59,19 +59,38 @@ void ReadRow(const ILintelRows& rows, CNolSchedData& record) {
     for (const auto& column : entryColumns) std::visit(FromRow{rows, record}, column);
 }
 
-// What the store itself fails in is no trouble of the row.
-void ReadListed(const ILintelRows& rows, std::int32_t id, ListedEntry& entry) {
-    entry.trouble.clear();
+// Runs a step of reading; false, and its trouble with the entry, for a value that cannot be read. What the
+// store itself fails in is no trouble of the row.
+template <class Step>
+bool Reads(ListedEntry& entry, Step step) {
     try {
-        ReadRow(rows, *entry.record);
+        step();
+        return true;
     } catch (const StoreError&) {
         throw;
     } catch (const NolSchedError& error) {
-        entry.trouble = error.what();
-        entry.record = std::make_shared<CNolSchedData>();
-        entry.record->Id = id;
-        entry.record->EditorName = FieldToText(rows.Fields("EditorName"));
+        if (entry.trouble.empty()) entry.trouble = error.what();
+        return false;
     }
+}
+
+void ReadListed(const ILintelRows& rows, ListedEntry& entry) {
+    if (Reads(entry, [&] { ReadRow(rows, *entry.record); })) return;
+    entry.record = std::make_shared<CNolSchedData>();
+    Reads(entry, [&] { entry.record->EditorName = FieldToText(rows.Fields("EditorName")); });
+}
+
+void ReadKind(const ILintelRows& rows, ListedEntry& entry) {
+    Reads(entry, [&] {
+        std::string kind = FieldToText(rows.Fields("OverrideType"));
+        if (!kind.empty()) entry.kinds.push_back(std::move(kind));
+    });
+}
+
+std::int64_t IdOf(const ILintelRows& rows) {
+    const auto id = rows.Fields("Id").Value;
+    const auto* const number = std::get_if<std::int64_t>(&id);
+    return number == nullptr ? 0 : *number;
 }
 
 InitEditArguments ArgumentsOf(const CNolSchedData& row) {
@@ -126,6 +145,7 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
     CNolSchedData row;
     std::int32_t version = 0;
     auto record = std::make_shared<CNolSchedData>();
+    const Transaction reading(*database, Access::Read);
     {
         const auto rows = database->Open("SELECT * FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}});
         if (rows->AtEnd())
@@ -192,22 +212,23 @@ void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, s
                          std::int64_t limit) const {
     const auto rows = database->Open(
         "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
-        "(SELECT * FROM NOL_Schedule WHERE Id > ? ORDER BY Id LIMIT ?) AS Entry "
+        "(SELECT * FROM NOL_Schedule WHERE Id > CAST(? AS BIGINT) ORDER BY Id LIMIT ?) AS Entry "
         "LEFT JOIN NOL_Document ON NOL_Document.Id = Entry.RptGrpId AND NOL_Document.Type = 'NOL Group' "
         "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
         "NOL_Override.Type",
         {afterId, limit});
-    ListedEntry entry{std::make_shared<CNolSchedData>(), {}, {}, {}};
+    ListedEntry entry{0, std::make_shared<CNolSchedData>(), {}, {}, {}};
     while (!rows->AtEnd()) {
-        const auto id = LintelDb().FieldToNumber(rows->Fields("Id"), 0);
-        ReadListed(*rows, id, entry);
-        entry.group = FieldToText(rows->Fields("GroupName"));
+        entry.id = IdOf(*rows);
+        entry.trouble.clear();
+        entry.group.clear();
         entry.kinds.clear();
+        ReadListed(*rows, entry);
+        Reads(entry, [&] { entry.group = FieldToText(rows->Fields("GroupName")); });
         do {
-            const std::string kind = FieldToText(rows->Fields("OverrideType"));
-            if (!kind.empty()) entry.kinds.push_back(kind);
+            ReadKind(*rows, entry);
             rows->MoveNext();
-        } while (!rows->AtEnd() && LintelDb().FieldToNumber(rows->Fields("Id"), 0) == id);
+        } while (!rows->AtEnd() && IdOf(*rows) == entry.id);
         visit(entry);
     }
 }

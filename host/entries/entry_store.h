@@ -25,8 +25,9 @@ struct StoredEntry {
 };
 
 // A row of the list. The record holds the entry's own columns, without overrides; of a row that no record can
-// hold it has Id and EditorName alone, and trouble says why.
+// hold it has EditorName alone, and trouble says why.
 struct ListedEntry {
+    std::int64_t id = 0;  // as it is stored: it may be one that no record can have
     std::shared_ptr<CNolSchedData> record;
     std::string trouble;
     std::string group;               // empty if the group is gone
@@ -39,7 +40,8 @@ class EntryStore {
   public:
     EntryStore(std::shared_ptr<Database> databaseA, std::string userA);
 
-    // Throws RequestError, and StoreError for a row that no record can hold.
+    // Row and overrides as they stood at one moment. Throws RequestError, and StoreError for a row that no
+    // record can hold.
     StoredEntry Load(std::int32_t id) const;
     // A new entry gets its Id. Returns the version that now stands. Throws OvertakenError for a stored entry
     // whose version is no longer the one given. Call inside a transaction.
@@ -54,7 +56,7 @@ class EntryStore {
     // By Id, one at a time, those after afterId and at most limit. The entry given is filled anew for the
     // next.
     void ForEach(const std::function<void(const ListedEntry&)>& visit,
-                 std::int64_t afterId = std::numeric_limits<std::int32_t>::min(),
+                 std::int64_t afterId = std::numeric_limits<std::int64_t>::min(),
                  std::int64_t limit = std::numeric_limits<std::int64_t>::max()) const;
     std::int64_t Count() const;
 

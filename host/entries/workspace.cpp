@@ -8,7 +8,7 @@
 namespace NolSchedCtls {
 
 Workspace::Workspace(WorkspaceOptions options)
-    : database(std::make_shared<Database>(options.address)),
+    : database(OpenDatabase(options.address)),
       failure(std::make_shared<std::optional<std::string>>()),
       entries(database, std::move(options.user)),
       documents(database) {
@@ -18,8 +18,7 @@ Workspace::Workspace(WorkspaceOptions options)
     const HostServices host{std::move(options.showMessage), keepFirst, std::move(options.now)};
     // A connection belongs to its thread; any other thread gets one of its own.
     InstallServices([host, address = options.address, own = database, thread = std::this_thread::get_id()] {
-        return MakePlatformProvider(
-            std::this_thread::get_id() == thread ? own : std::make_shared<Database>(address), host);
+        return MakePlatformProvider(std::this_thread::get_id() == thread ? own : OpenDatabase(address), host);
     });
     PrepareTables(*database);
 }

@@ -56,8 +56,8 @@ QString EndText(DateTime end) {
 EntryRow RowOf(const ListedEntry& entry) {
     const CNolSchedData& record = *entry.record;
     const bool isRead = entry.trouble.empty();
-    EntryRow row{record.Id, record.FirstDateTime, record.FinalDateTime, {}, {}};
-    row.texts = {QString::number(record.Id),
+    EntryRow row{entry.id, record.FirstDateTime, record.FinalDateTime, {}, {}};
+    row.texts = {QString::number(entry.id),
                  ToQt(record.EditorName),
                  ToQt(entry.group),
                  ToQt(SentenceOf(entry)),
@@ -103,7 +103,7 @@ void EntryList::Put(const EntryRow& row) {
     Q_EMIT dataChanged(index(place, 0), index(place, EntryRow::columnCount - 1));
 }
 
-void EntryList::Remove(std::int32_t id) {
+void EntryList::Remove(std::int64_t id) {
     std::erase_if(rows, [id](const auto& row) { return row->id == id; });
     const int place = PlaceOf(id);
     if (place < 0) return;
@@ -122,7 +122,7 @@ void EntryList::SetFilter(const QString& words) {
     endResetModel();
 }
 
-int EntryList::PlaceOf(std::int32_t id) const {
+int EntryList::PlaceOf(std::int64_t id) const {
     const auto found =
         std::find_if(shown.begin(), shown.end(), [id](const auto& row) { return row->id == id; });
     return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
@@ -163,7 +163,7 @@ void EntryList::sort(int column, Qt::SortOrder order) {
     sortOrder = order;
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
-    std::vector<std::int32_t> ids;
+    std::vector<std::int64_t> ids;
     for (const QModelIndex& index : before) ids.push_back(IdAt(index.row()));
     Order();
     QModelIndexList after;

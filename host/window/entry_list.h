@@ -14,7 +14,7 @@ namespace NolSchedCtls {
 struct EntryRow {
     enum Column { Id, Name, Group, Schedule, Overrides, Start, End, columnCount };
 
-    std::int32_t id = 0;
+    std::int64_t id = 0;
     DateTime start = 0;
     DateTime end = 0;
     std::array<QString, columnCount> texts;
@@ -33,14 +33,14 @@ class EntryList : public QAbstractTableModel {
     void Append(const std::vector<EntryRow>& added);
     // In the place of the row of that id, or after the others.
     void Put(const EntryRow& row);
-    void Remove(std::int32_t id);
+    void Remove(std::int64_t id);
     // Shows the rows that hold each of the words somewhere. Resets the model.
     void SetFilter(const QString& words);
     void Sort() { sort(sortColumn, sortOrder); }
 
     std::size_t Size() const { return rows.size(); }
-    std::int32_t IdAt(int place) const { return shown[static_cast<std::size_t>(place)]->id; }
-    int PlaceOf(std::int32_t id) const;  // -1 for a row that is not shown
+    std::int64_t IdAt(int place) const { return shown[static_cast<std::size_t>(place)]->id; }
+    int PlaceOf(std::int64_t id) const;  // -1 for a row that is not shown
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -23,7 +23,7 @@ void EntryLoader::Start() {
     if (!Succeeds([this] { total = static_cast<int>(entries.Count()); })) return;
     list.Clear();
     early.clear();
-    lastId = std::numeric_limits<std::int32_t>::min();
+    lastId = std::numeric_limits<std::int64_t>::min();
     pieceSize = firstPiece;
     timer.start(0);
 }
@@ -56,7 +56,7 @@ void EntryLoader::LoadPiece() {
 void EntryLoader::Reload(std::int32_t id) {
     bool isThere = false;
     const auto take = [&](const ListedEntry& entry) {
-        isThere = entry.record->Id == id;
+        isThere = entry.id == id;
         if (isThere) list.Put(RowOf(entry));
     };
     if (!Succeeds([&] { entries.ForEach(take, std::int64_t{id} - 1, 1); })) return;

@@ -37,7 +37,7 @@ class EntryLoader : public QObject {
     std::int64_t lastId = 0;
     int total = 0;
     int pieceSize = 0;
-    QSet<std::int32_t> early;  // in the list before the loading has come to them
+    QSet<std::int64_t> early;  // in the list before the loading has come to them
 };
 
 }  // namespace NolSchedCtls

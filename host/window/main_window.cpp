@@ -13,6 +13,7 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
@@ -190,18 +191,23 @@ void MainWindow::ShowSelection() {
 }
 
 void MainWindow::ApplyFilter() {
-    const std::int32_t current = CurrentId();
+    const std::int64_t current = CurrentRowId();
     list.SetFilter(filter->text());
     SelectEntry(list.PlaceOf(current) >= 0 || list.rowCount() == 0 ? current : list.IdAt(0));
     ShowCount();
 }
 
-std::int32_t MainWindow::CurrentId() const {
+std::int64_t MainWindow::CurrentRowId() const {
     const QModelIndex current = table->currentIndex();
     return current.isValid() ? list.IdAt(current.row()) : 0;
 }
 
-void MainWindow::SelectEntry(std::int32_t id) {
+std::int32_t MainWindow::CurrentId() const {
+    const std::int64_t id = CurrentRowId();
+    return std::in_range<std::int32_t>(id) ? static_cast<std::int32_t>(id) : 0;
+}
+
+void MainWindow::SelectEntry(std::int64_t id) {
     const int place = list.PlaceOf(id);
     if (place >= 0) table->setCurrentIndex(list.index(place, EntryRow::Name));
     ShowSelection();

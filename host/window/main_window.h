@@ -57,8 +57,9 @@ class MainWindow : public QMainWindow {
     void ApplyFilter();
     // Nothing if no session came of it: the user has changed their mind, or has been told of a failure.
     EntryEditor* Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession);
-    std::int32_t CurrentId() const;  // 0 for none
-    void SelectEntry(std::int32_t id);
+    std::int64_t CurrentRowId() const;  // 0 for none
+    std::int32_t CurrentId() const;     // 0 for none, and for one that no record can have
+    void SelectEntry(std::int64_t id);
     bool Confirm(std::int32_t id);
 
     Workspace& workspace;

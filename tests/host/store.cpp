@@ -1,12 +1,10 @@
 #include "tests/host/store.h"
 
 #include <unistd.h>
-#include <QDateTime>
-#include <QSqlError>
-#include <QSqlRecord>
-#include <QVariant>
-#include <algorithm>
+
+#include <cstdlib>
 #include <filesystem>
+#include <stdexcept>
 
 #include "platform/database.h"
 
@@ -14,22 +12,28 @@ namespace NolSchedCtls::Testing {
 
 namespace {
 
-std::string Cell(const QVariant& value) {
-    if (value.isNull()) return "NULL";
-    if (value.typeId() == QMetaType::QDateTime)
-        return value.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
-    return value.toString().isEmpty() ? "''" : value.toString().toStdString();
+std::string Cell(const LintelValue& value) {
+    if (std::holds_alternative<std::monostate>(value)) return "NULL";
+    const std::string text = FieldToText({{}, value});
+    return text.empty() ? "''" : text;
 }
 
-// Connections are numbered; Qt lists them in no order.
-QString NewestConnection() {
-    return std::ranges::max(QSqlDatabase::connectionNames(), {},
-                            [](const QString& name) { return name.section(u'-', -1).toInt(); });
+std::string Server() {
+    const char* const server = std::getenv("NOLSCHED_TEST_SERVER");
+    return server == nullptr ? "" : server;
 }
 
-std::string Server() { return qEnvironmentVariable("NOLSCHED_TEST_SERVER").toStdString(); }
+void OnServer(const std::string& statement) { OpenDatabase(Server() + "/postgres")->Execute(statement); }
 
-void OnServer(const std::string& statement) { Database(Server() + "/postgres").Execute(statement); }
+std::string Rows(Database& database, const std::string& statement) {
+    std::string text;
+    const auto rows = database.Open(statement);
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+        for (int i = 0; i < rows->ColumnCount(); ++i) text += (i == 0 ? "" : "|") + Cell(rows->Value(i));
+        text += '\n';
+    }
+    return text;
+}
 
 }  // namespace
 
@@ -50,15 +54,11 @@ TemporaryStore::~TemporaryStore() {
 bool TemporaryStore::IsServer() { return !Server().empty(); }
 
 std::string TemporaryStore::Sql(const std::string& statement) const {
-    const Database database(address);
-    QSqlQuery query(QSqlDatabase::database(NewestConnection()));
-    if (!query.exec(QString::fromStdString(statement))) return query.lastError().text().toStdString();
-    std::string rows;
-    while (query.next()) {
-        for (int i = 0; i < query.record().count(); ++i) rows += (i == 0 ? "" : "|") + Cell(query.value(i));
-        rows += '\n';
+    try {
+        return Rows(*OpenDatabase(address), statement);
+    } catch (const StoreError& error) {
+        return error.what();
     }
-    return rows;
 }
 
 std::string TemporaryStore::Dump() const {
@@ -67,5 +67,11 @@ std::string TemporaryStore::Dump() const {
         dump += std::string(table) + '\n' + Sql(std::string("SELECT * FROM ") + table + " ORDER BY 1, 2");
     return dump;
 }
+
+TemporaryFolder::TemporaryFolder() : path(std::filesystem::temp_directory_path() / "nolsched-XXXXXX") {
+    if (mkdtemp(path.data()) == nullptr) throw std::runtime_error(path);
+}
+
+TemporaryFolder::~TemporaryFolder() { std::filesystem::remove_all(path); }
 
 }  // namespace NolSchedCtls::Testing

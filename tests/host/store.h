@@ -24,4 +24,17 @@ class TemporaryStore {
     std::string address;
 };
 
+// An empty folder, gone at its end.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+
+    const std::string& Path() const { return path; }
+
+  private:
+    std::string path;
+};
+
 }  // namespace NolSchedCtls::Testing

@@ -7,6 +7,7 @@
 
 #include <climits>
 #include <random>
+#include <set>
 
 #include "NolSchedCtls/toolkit/check_box.h"
 #include "host/entries/entry_session.h"
@@ -75,6 +76,22 @@ TEST(Processes, EightSaversLoseNothing) {
     EXPECT_EQ(store.Sql("SELECT EditorName, Version, count(*), (SELECT count(*) FROM NOL_Override), "
                         "(SELECT count(*) FROM NOL_Document) FROM NOL_Schedule GROUP BY 1, 2"),
               "full|50|8|32|6\n");
+}
+
+TEST(Processes, AReaderBesideASaverSeesOneVersion) {
+    const TemporaryStore store;
+    const int pid = StartSaver(store.Address(), INT_MAX);
+    ASSERT_EQ(StatusOf(pid), -SIGSTOP);
+    Workspace workspace({store.Address(), "reader", [](const Message&) {}, {}});
+    kill(pid, SIGCONT);
+    std::set<std::string> seen;
+    for (int reads = 0; reads < 300 || (seen.size() < 2 && reads < 30'000); ++reads) {
+        const auto record = workspace.Entries().Load(1).record;
+        seen.insert(record->EditorName + " with " + std::to_string(record->Overrides().Count()));
+    }
+    kill(pid, SIGKILL);
+    EXPECT_EQ(StatusOf(pid), -SIGKILL);
+    EXPECT_EQ(seen, (std::set<std::string>{"full with 4", "plain with 1"}));
 }
 
 }  // namespace

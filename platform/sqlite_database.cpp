@@ -1,0 +1,186 @@
+#include "platform/sqlite_database.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr std::size_t mostIdle = 32;
+constexpr std::size_t longestIdle = 4096;  // a longer statement bears its values and hardly comes again
+
+StoreError::Kind KindOf(int result) {
+    using enum StoreError::Kind;
+    switch (result & 0xFF) {  // the rest tells more of the same
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return Busy;
+        case SQLITE_CONSTRAINT:
+            return Constraint;
+        case SQLITE_CANTOPEN:
+            return Connection;
+        case SQLITE_FULL:
+            return Full;
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return Corrupt;
+        default:
+            return Other;
+    }
+}
+
+struct Binding {
+    sqlite3_stmt* statement;
+    int place;
+
+    int operator()(std::monostate) const { return sqlite3_bind_null(statement, place); }
+    int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, place, number); }
+    int operator()(double number) const { return sqlite3_bind_double(statement, place, number); }
+    int operator()(const std::string& text) const {
+        return sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+};
+
+}  // namespace
+
+// Rows come one by one, as they are asked for.
+class SqliteRows : public StoreRows {
+  public:
+    SqliteRows(SqliteDatabase& databaseA, SqliteDatabase::Prepared preparedA)
+        : database(databaseA), prepared(std::move(preparedA)), statement(prepared.statement.get()) {
+        SqliteRows::MoveNext();
+    }
+    ~SqliteRows() override { database.GiveBack(std::move(prepared)); }
+    SqliteRows(const SqliteRows&) = delete;
+    SqliteRows& operator=(const SqliteRows&) = delete;
+
+    bool AtEnd() const override { return atEnd; }
+    void MoveNext() override {
+        const int result = sqlite3_step(statement);
+        atEnd = result != SQLITE_ROW;
+        if (atEnd && result != SQLITE_DONE) database.Check(result);
+    }
+    int ColumnCount() const override { return sqlite3_column_count(statement); }
+    std::string_view ColumnName(int column) const override { return sqlite3_column_name(statement, column); }
+    LintelValue Value(int column) const override {
+        switch (sqlite3_column_type(statement, column)) {
+            case SQLITE_NULL:
+                return {};
+            case SQLITE_INTEGER:
+                return std::int64_t{sqlite3_column_int64(statement, column)};
+            case SQLITE_FLOAT:
+                return sqlite3_column_double(statement, column);
+            default:
+                return Text(column);
+        }
+    }
+    std::int64_t Changed() const override { return sqlite3_changes64(database.connection.get()); }
+
+  private:
+    std::string Text(int column) const {
+        const void* const bytes = sqlite3_column_blob(statement, column);
+        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+        return size == 0 ? std::string() : std::string(static_cast<const char*>(bytes), size);
+    }
+    const std::string& Store() const override { return database.Name(); }
+
+    SqliteDatabase& database;
+    SqliteDatabase::Prepared prepared;
+    sqlite3_stmt* statement;
+    bool atEnd = false;
+};
+
+SqliteDatabase::SqliteDatabase(const std::string& path) : Database(path) {
+    constexpr int flags =
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    connection.reset(opened);  // also of one that could not be opened, to tell why
+    Check(result);
+    sqlite3_busy_handler(opened, Wait, this);
+}
+
+void SqliteDatabase::Check(int result) const {
+    if (result == SQLITE_OK) return;
+    Fail(connection ? sqlite3_errmsg(connection.get()) : sqlite3_errstr(result), KindOf(result));
+}
+
+// Steps so short that a window asked in between stays alive.
+int SqliteDatabase::Wait(void* self, int count) noexcept {
+    auto& database = *static_cast<SqliteDatabase*>(self);
+    if (count == 0) database.waitBegan = std::chrono::steady_clock::now();
+    try {
+        if (!database.WaitsOn(database.waitBegan)) return 0;
+    } catch (...) {
+        return 0;  // no exception may pass through the engine: the statement is given up
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(count + 1, 20)));
+    return 1;
+}
+
+SqliteDatabase::Prepared SqliteDatabase::Prepare(std::string_view statement) {
+    sqlite3_stmt* made = nullptr;
+    const char* rest = nullptr;
+    const int result = sqlite3_prepare_v3(connection.get(), statement.data(),
+                                          static_cast<int>(statement.size()), 0, &made, &rest);
+    Prepared prepared{std::string(statement), std::unique_ptr<sqlite3_stmt, Close>(made)};
+    Check(result);
+    const std::string_view unread = statement.substr(static_cast<std::size_t>(rest - statement.data()));
+    if (made == nullptr || unread.find_first_not_of("; \n") != std::string_view::npos)
+        Fail("not one statement: " + Quoted(statement), StoreError::Kind::Other);
+    return prepared;
+}
+
+SqliteDatabase::Prepared SqliteDatabase::Taken(std::string_view statement) {
+    const auto found = std::ranges::find(idle, statement, &Prepared::text);
+    if (found == idle.end()) return Prepare(statement);
+    Prepared prepared = std::move(*found);
+    idle.erase(found);
+    return prepared;
+}
+
+void SqliteDatabase::GiveBack(Prepared prepared) {
+    if (prepared.text.size() > longestIdle) return;
+    sqlite3_reset(prepared.statement.get());
+    sqlite3_clear_bindings(prepared.statement.get());
+    idle.push_front(std::move(prepared));
+    if (idle.size() > mostIdle) idle.pop_back();
+}
+
+void SqliteDatabase::Bind(sqlite3_stmt* statement, const Values& values) const {
+    if (sqlite3_bind_parameter_count(statement) != static_cast<int>(values.size()))
+        Fail("not as many values as places: " + Quoted(sqlite3_sql(statement)), StoreError::Kind::Other);
+    for (int place = 1; const auto& value : values) Check(std::visit(Binding{statement, place++}, value));
+}
+
+std::unique_ptr<StoreRows> SqliteDatabase::Run(std::string_view statement, const Values& values) {
+    // A full or broken disk may have ended the transaction: what follows must not be stored on its own.
+    if (IsInTransaction() && sqlite3_get_autocommit(connection.get()) != 0)
+        Fail("the transaction was rolled back.", StoreError::Kind::Other);
+    Prepared prepared = Taken(statement);
+    Bind(prepared.statement.get(), values);
+    return std::make_unique<SqliteRows>(*this, std::move(prepared));
+}
+
+std::string SqliteDatabase::QuotedText(const std::string& text) const {
+    const std::unique_ptr<char, decltype(&sqlite3_free)> quoted(sqlite3_mprintf("%Q", text.c_str()),
+                                                                sqlite3_free);
+    if (!quoted) Check(SQLITE_NOMEM);
+    return quoted.get();
+}
+
+bool SqliteDatabase::HasTable(std::string_view table) {
+    return !Open("SELECT 1 FROM sqlite_master WHERE type IN ('table', 'view') AND name = ? COLLATE NOCASE",
+                 {std::string(table)})
+                ->AtEnd();
+}
+
+// One that writes takes the lock at the start: a reader that turns writer could not wait for another writer.
+std::string_view SqliteDatabase::BeginStatement(Access access) const {
+    return access == Access::Read ? "BEGIN" : "BEGIN IMMEDIATE";
+}
+
+std::unique_ptr<Database> OpenFile(const std::string& path) { return std::make_unique<SqliteDatabase>(path); }
+
+}  // namespace NolSchedCtls
