@@ -1,5 +1,6 @@
 #include "platform/postgres_database.h"
 
+#include <libpq-fe.h>
 #include <poll.h>
 
 #include <algorithm>
@@ -32,6 +33,15 @@ constexpr auto kindsOfStates = std::to_array<KindOfState>({{"53100", StoreError:
                                                            {"08", StoreError::Kind::Connection},
                                                            {"23", StoreError::Kind::Constraint},
                                                            {"XX00", StoreError::Kind::Corrupt}});
+
+struct Close {
+    void operator()(PGconn* connection) const { PQfinish(connection); }
+    void operator()(PGresult* result) const { PQclear(result); }
+    void operator()(PGcancel* cancel) const { PQfreeCancel(cancel); }
+    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+    void operator()(char* text) const { PQfreemem(text); }
+};
+using Result = std::unique_ptr<PGresult, Close>;
 
 StoreError::Kind KindOf(std::string_view state) {
     const auto begins = [state](const KindOfState& known) { return state.starts_with(known.beginning); };
@@ -96,9 +106,8 @@ std::string NameOf(const std::string& address) {
 // Of what libpq does not understand, an unknown parameter alone can be told without a password.
 void CheckAddress(const std::string& address) {
     char* trouble = nullptr;
-    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
-        PQconninfoParse(address.c_str(), &trouble), PQconninfoFree);
-    const std::unique_ptr<char, decltype(&PQfreemem)> text(trouble, PQfreemem);
+    const std::unique_ptr<PQconninfoOption, Close> options(PQconninfoParse(address.c_str(), &trouble));
+    const std::unique_ptr<char, Close> text(trouble);
     if (!options) {
         const std::string told(Trimmed(text ? text.get() : "", "\n"));
         if (told.starts_with("invalid URI query parameter"))
@@ -111,13 +120,10 @@ void CheckAddress(const std::string& address) {
             RefuseAddress();
 }
 
-}  // namespace
-
 // Rows come whole: no later one can fail.
 class PostgresRows : public StoreRows {
   public:
-    PostgresRows(const PostgresDatabase& databaseA, PostgresDatabase::Result resultA)
-        : database(databaseA), result(std::move(resultA)) {}
+    PostgresRows(const std::string& storeA, Result resultA) : store(storeA), result(std::move(resultA)) {}
 
     bool AtEnd() const override { return row >= PQntuples(result.get()); }
     void MoveNext() override { ++row; }
@@ -140,28 +146,64 @@ class PostgresRows : public StoreRows {
     }
 
   private:
-    const std::string& Store() const override { return database.Name(); }
+    const std::string& Store() const override { return store; }
 
-    const PostgresDatabase& database;
-    PostgresDatabase::Result result;
+    const std::string& store;
+    Result result;
     int row = 0;
 };
 
-PostgresDatabase::PostgresDatabase(const std::string& address, std::string nameA)
-    : Database(std::move(nameA)) {
-    const char* const keywords[] = {"dbname", "client_encoding", nullptr};
-    const char* const values[] = {address.c_str(), "UTF8", nullptr};
-    connection.reset(PQconnectdbParams(keywords, values, 1));
-    PQsetNoticeProcessor(
-        connection.get(), [](void*, const char*) {}, nullptr);
-    Prepare();
-}
+class PostgresDatabase : public Database {
+  public:
+    PostgresDatabase(const std::string& address, std::string nameA) : Database(std::move(nameA)) {
+        const char* const keywords[] = {"dbname", "client_encoding", nullptr};
+        const char* const values[] = {address.c_str(), "UTF8", nullptr};
+        connection.reset(PQconnectdbParams(keywords, values, 1));
+        PQsetNoticeProcessor(
+            connection.get(), [](void*, const char*) {}, nullptr);
+        Prepare();
+    }
 
-void PostgresDatabase::Prepare() {
-    if (IsBroken()) FailBy(nullptr, {});
-    const Result result = Send("SET datestyle TO 'ISO'", {});
-    if (IsFailure(result.get())) FailBy(result.get(), {});
-}
+    // Asked as statements look for it: along the search path, in any kind of table.
+    bool HasTable(std::string_view table) override {
+        return !Open("SELECT 1 WHERE to_regclass(?) IS NOT NULL", {std::string(table)})->AtEnd();
+    }
+    std::string_view IdColumn() const override { return "SERIAL PRIMARY KEY"; }
+    // A server's own default may be another one, in which a second maker of tables would not see the first.
+    std::string_view BeginStatement(Access access) const override {
+        return access == Access::Read ? "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"
+                                      : "BEGIN ISOLATION LEVEL READ COMMITTED";
+    }
+    // Under any number that we alone use.
+    void LockTableMaking() override { Execute("SELECT pg_advisory_xact_lock(1852795755)"); }
+
+  private:
+    std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
+    std::string QuotedText(const std::string& text) const override {
+        const std::unique_ptr<char, Close> quoted(
+            PQescapeLiteral(connection.get(), text.data(), text.size()));
+        if (!quoted) FailBy(nullptr, {});
+        return quoted.get();
+    }
+    bool IsBroken() const { return PQstatus(connection.get()) != CONNECTION_OK; }
+    // What every new connection needs; throws where there is none.
+    void Prepare() {
+        if (IsBroken()) FailBy(nullptr, {});
+        const Result result = Send("SET datestyle TO 'ISO'", {});
+        if (IsFailure(result.get())) FailBy(result.get(), {});
+    }
+    void Reopen() {
+        PQreset(connection.get());
+        Prepare();
+    }
+    // Nothing if the statement could not be sent.
+    Result Send(const std::string& statement, const Values& values);
+    void Await(bool mayGiveUp);
+    // The one way from a failure of the engine's to an error.
+    [[noreturn]] void FailBy(const PGresult* result, std::string_view statement) const;
+
+    std::unique_ptr<PGconn, Close> connection;
+};
 
 void PostgresDatabase::FailBy(const PGresult* result, std::string_view statement) const {
     const std::string told =
@@ -181,8 +223,7 @@ void PostgresDatabase::Await(bool mayGiveUp) {
     while (PQisBusy(connection.get()) != 0) {
         pollfd link{PQsocket(connection.get()), POLLIN, 0};
         if (poll(&link, 1, step) == 0 && mayGiveUp && !WaitsOn(began)) {
-            const std::unique_ptr<PGcancel, decltype(&PQfreeCancel)> cancel(PQgetCancel(connection.get()),
-                                                                            PQfreeCancel);
+            const std::unique_ptr<PGcancel, Close> cancel(PQgetCancel(connection.get()));
             std::array<char, 256> trouble{};
             PQcancel(cancel.get(), trouble.data(), static_cast<int>(trouble.size()));
             return;  // the server answers with a failure
@@ -193,7 +234,7 @@ void PostgresDatabase::Await(bool mayGiveUp) {
 
 // Not prepared beforehand: another session may alter a table, and a prepared "SELECT *" would fail from then
 // on.
-PostgresDatabase::Result PostgresDatabase::Send(const std::string& statement, const Values& values) {
+Result PostgresDatabase::Send(const std::string& statement, const Values& values) {
     std::vector<std::string> texts;
     for (const auto& value : values)
         texts.push_back(std::holds_alternative<double>(value) ? NumberText(std::get<double>(value))
@@ -219,43 +260,20 @@ std::unique_ptr<StoreRows> PostgresDatabase::Run(std::string_view statement, con
     // What only reads or begins may be sent again on a new connection: it has left nothing behind.
     const bool isRepeatable =
         !IsInTransaction() && (statement.starts_with("SELECT") || statement.starts_with("BEGIN"));
-    const auto reopen = [this] {
-        PQreset(connection.get());
-        Prepare();
-    };
-    if (IsBroken()) reopen();
+    if (IsBroken()) Reopen();
     Result result = Send(std::string(statement), values);
     if (IsFailure(result.get()) && IsBroken() && isRepeatable) {
-        reopen();
+        Reopen();
         result = Send(std::string(statement), values);
     }
     if (IsFailure(result.get())) FailBy(result.get(), statement);
     // The server's answer to committing a transaction in which a statement had failed.
     if (statement == "COMMIT" && PQcmdStatus(result.get()) == std::string_view("ROLLBACK"))
         Fail("the transaction was rolled back.", StoreError::Kind::Other);
-    return std::make_unique<PostgresRows>(*this, std::move(result));
+    return std::make_unique<PostgresRows>(Name(), std::move(result));
 }
 
-std::string PostgresDatabase::QuotedText(const std::string& text) const {
-    const std::unique_ptr<char, decltype(&PQfreemem)> quoted(
-        PQescapeLiteral(connection.get(), text.data(), text.size()), PQfreemem);
-    if (!quoted) FailBy(nullptr, {});
-    return quoted.get();
-}
-
-// Asked as statements look for it: along the search path, in any kind of table.
-bool PostgresDatabase::HasTable(std::string_view table) {
-    return !Open("SELECT 1 WHERE to_regclass(?) IS NOT NULL", {std::string(table)})->AtEnd();
-}
-
-// A server's own default may be another one, in which a second maker of tables would not see the first.
-std::string_view PostgresDatabase::BeginStatement(Access access) const {
-    return access == Access::Read ? "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"
-                                  : "BEGIN ISOLATION LEVEL READ COMMITTED";
-}
-
-// Under any number that we alone use.
-void PostgresDatabase::LockTableMaking() { Execute("SELECT pg_advisory_xact_lock(1852795755)"); }
+}  // namespace
 
 bool IsServerAddress(std::string_view address) {
     return address.find("://") != std::string_view::npos || address.starts_with("postgres:") ||

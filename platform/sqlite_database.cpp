@@ -1,6 +1,9 @@
 #include "platform/sqlite_database.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
+#include <list>
 #include <thread>
 
 namespace NolSchedCtls {
@@ -42,12 +45,71 @@ struct Binding {
     }
 };
 
-}  // namespace
+struct Close {
+    void operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    void operator()(char* text) const { sqlite3_free(text); }
+};
+
+struct Prepared {
+    std::string text;
+    std::unique_ptr<sqlite3_stmt, Close> statement;
+};
+
+class SqliteDatabase : public Database {
+  public:
+    explicit SqliteDatabase(const std::string& path) : Database(path) {
+        constexpr int flags =
+            SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+        sqlite3* opened = nullptr;
+        const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+        connection.reset(opened);  // also of one that could not be opened, to tell why
+        Check(result);
+        sqlite3_busy_handler(opened, Wait, this);
+    }
+
+    bool HasTable(std::string_view table) override {
+        return !Open(
+                    "SELECT 1 FROM sqlite_master WHERE type IN ('table', 'view') AND name = ? COLLATE NOCASE",
+                    {std::string(table)})
+                    ->AtEnd();
+    }
+    std::string_view IdColumn() const override { return "INTEGER PRIMARY KEY AUTOINCREMENT"; }
+    // One that writes takes the lock at the start: a reader that turns writer could not wait for another
+    // writer.
+    std::string_view BeginStatement(Access access) const override {
+        return access == Access::Read ? "BEGIN" : "BEGIN IMMEDIATE";
+    }
+    void LockTableMaking() override {}  // transactions that write exclude each other
+
+    // The one way from a result of the engine's to an error.
+    void Check(int result) const {
+        if (result == SQLITE_OK) return;
+        Fail(connection ? sqlite3_errmsg(connection.get()) : sqlite3_errstr(result), KindOf(result));
+    }
+    std::int64_t Changes() const { return sqlite3_changes64(connection.get()); }
+    void GiveBack(Prepared prepared);
+
+  private:
+    std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
+    std::string QuotedText(const std::string& text) const override {
+        const std::unique_ptr<char, Close> quoted(sqlite3_mprintf("%Q", text.c_str()));
+        if (!quoted) Check(SQLITE_NOMEM);
+        return quoted.get();
+    }
+    Prepared Prepare(std::string_view statement) const;
+    Prepared Taken(std::string_view statement);
+    static int Wait(void* self, int count) noexcept;
+
+    std::unique_ptr<sqlite3, Close> connection;
+    std::list<Prepared> idle;  // the latest used first
+    std::chrono::steady_clock::time_point waitBegan;
+};
 
 // Rows come one by one, as they are asked for.
 class SqliteRows : public StoreRows {
   public:
-    SqliteRows(SqliteDatabase& databaseA, SqliteDatabase::Prepared preparedA)
+    SqliteRows(SqliteDatabase& databaseA, Prepared preparedA)
         : database(databaseA), prepared(std::move(preparedA)), statement(prepared.statement.get()) {
         SqliteRows::MoveNext();
     }
@@ -75,7 +137,7 @@ class SqliteRows : public StoreRows {
                 return Text(column);
         }
     }
-    std::int64_t Changed() const override { return sqlite3_changes64(database.connection.get()); }
+    std::int64_t Changed() const override { return database.Changes(); }
 
   private:
     std::string Text(int column) const {
@@ -86,25 +148,10 @@ class SqliteRows : public StoreRows {
     const std::string& Store() const override { return database.Name(); }
 
     SqliteDatabase& database;
-    SqliteDatabase::Prepared prepared;
+    Prepared prepared;
     sqlite3_stmt* statement;
     bool atEnd = false;
 };
-
-SqliteDatabase::SqliteDatabase(const std::string& path) : Database(path) {
-    constexpr int flags =
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-    sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
-    connection.reset(opened);  // also of one that could not be opened, to tell why
-    Check(result);
-    sqlite3_busy_handler(opened, Wait, this);
-}
-
-void SqliteDatabase::Check(int result) const {
-    if (result == SQLITE_OK) return;
-    Fail(connection ? sqlite3_errmsg(connection.get()) : sqlite3_errstr(result), KindOf(result));
-}
 
 // Steps so short that a window asked in between stays alive.
 int SqliteDatabase::Wait(void* self, int count) noexcept {
@@ -119,7 +166,7 @@ int SqliteDatabase::Wait(void* self, int count) noexcept {
     return 1;
 }
 
-SqliteDatabase::Prepared SqliteDatabase::Prepare(std::string_view statement) {
+Prepared SqliteDatabase::Prepare(std::string_view statement) const {
     sqlite3_stmt* made = nullptr;
     const char* rest = nullptr;
     const int result = sqlite3_prepare_v3(connection.get(), statement.data(),
@@ -132,7 +179,7 @@ SqliteDatabase::Prepared SqliteDatabase::Prepare(std::string_view statement) {
     return prepared;
 }
 
-SqliteDatabase::Prepared SqliteDatabase::Taken(std::string_view statement) {
+Prepared SqliteDatabase::Taken(std::string_view statement) {
     const auto found = std::ranges::find(idle, statement, &Prepared::text);
     if (found == idle.end()) return Prepare(statement);
     Prepared prepared = std::move(*found);
@@ -148,38 +195,19 @@ void SqliteDatabase::GiveBack(Prepared prepared) {
     if (idle.size() > mostIdle) idle.pop_back();
 }
 
-void SqliteDatabase::Bind(sqlite3_stmt* statement, const Values& values) const {
-    if (sqlite3_bind_parameter_count(statement) != static_cast<int>(values.size()))
-        Fail("not as many values as places: " + Quoted(sqlite3_sql(statement)), StoreError::Kind::Other);
-    for (int place = 1; const auto& value : values) Check(std::visit(Binding{statement, place++}, value));
-}
-
 std::unique_ptr<StoreRows> SqliteDatabase::Run(std::string_view statement, const Values& values) {
     // A full or broken disk may have ended the transaction: what follows must not be stored on its own.
     if (IsInTransaction() && sqlite3_get_autocommit(connection.get()) != 0)
         Fail("the transaction was rolled back.", StoreError::Kind::Other);
     Prepared prepared = Taken(statement);
-    Bind(prepared.statement.get(), values);
+    sqlite3_stmt* const made = prepared.statement.get();
+    if (sqlite3_bind_parameter_count(made) != static_cast<int>(values.size()))
+        Fail("not as many values as places: " + Quoted(statement), StoreError::Kind::Other);
+    for (int place = 1; const auto& value : values) Check(std::visit(Binding{made, place++}, value));
     return std::make_unique<SqliteRows>(*this, std::move(prepared));
 }
 
-std::string SqliteDatabase::QuotedText(const std::string& text) const {
-    const std::unique_ptr<char, decltype(&sqlite3_free)> quoted(sqlite3_mprintf("%Q", text.c_str()),
-                                                                sqlite3_free);
-    if (!quoted) Check(SQLITE_NOMEM);
-    return quoted.get();
-}
-
-bool SqliteDatabase::HasTable(std::string_view table) {
-    return !Open("SELECT 1 FROM sqlite_master WHERE type IN ('table', 'view') AND name = ? COLLATE NOCASE",
-                 {std::string(table)})
-                ->AtEnd();
-}
-
-// One that writes takes the lock at the start: a reader that turns writer could not wait for another writer.
-std::string_view SqliteDatabase::BeginStatement(Access access) const {
-    return access == Access::Read ? "BEGIN" : "BEGIN IMMEDIATE";
-}
+}  // namespace
 
 std::unique_ptr<Database> OpenFile(const std::string& path) { return std::make_unique<SqliteDatabase>(path); }
 
