@@ -101,6 +101,13 @@ TEST(GeneralTab, WritesTheRecordAtTheSaveButForHom) {
     const CNolSchedData& record = *page.record;
     EXPECT_EQ(Barred(record.RptGrpId, record.AutoPurge, record.PurgeInterval, record.RetrieveMode),
               "0|Y|12|M|");
+    const auto state = CaddisPickerStates().PickerStates().StatesForType({"NOL Group"});
+    tab.fdocRptGroup.Pick("North");
+    for (const char* mode : {"I", "S"}) {
+        page.record->RunMode = mode;
+        tab.SaveState();
+        EXPECT_EQ(state->nLastDocumentId, *mode == 'S' ? 5 : 0);
+    }
     tab.fdocRptGroup.Pick("");
     EXPECT_EQ(FailureOf([&] { tab.SaveData(); }), "The entry \"Nightly\" has no study group to save.");
     page.notify = nullptr;

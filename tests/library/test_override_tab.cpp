@@ -56,6 +56,26 @@ TEST(OverrideTab, ReadsWhatTheTextBoxHolds) {
     EXPECT_EQ(answer(std::string(1 << 20, 'x')), notNumeric);
 }
 
+TEST(OverrideTab, ChecksTheScenarioBeforeTheDuration) {
+    const std::string deleted =
+        "T[16]: HOM Override.\r\nThe Scenario \"Busy\" has been deleted.; ShowTab HOM Study; ";
+    OverridePage page;
+    page.record->AddNolOverride(MakeOverride("HOM Study", 13, 9), "HOM Study");
+    page.LoadAndSwitchOn();
+    EXPECT_EQ(page.Valid(page.tab), outOfRange);
+    page.documents.pop_back();
+    EXPECT_EQ(page.Valid(page.tab), deleted + "focus fdocCBScenario; refused");
+    page.chkOverride.SetFocus();
+    page.TakeTrace();
+    page.tab.SetVisible(false);
+    EXPECT_EQ(page.Valid(page.tab), deleted + "refused");
+    page.Picker().Pick("");
+    for (const char32_t key : {keyBackspace, U'1', U'x', U'0'}) page.txtDuration.Key(key);
+    EXPECT_EQ(page.txtDuration.Text(), "10");
+    page.TakeTrace();
+    EXPECT_EQ(page.Valid(page.tab), "valid");
+}
+
 TEST(OverrideTab, ReplacesTheOverrideByAnotherMadeFromTheView) {
     OverridePage page;
     const auto loaded = MakeOverride("HOM Study", 12, 60);

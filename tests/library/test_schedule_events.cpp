@@ -25,7 +25,11 @@ TEST(ScheduleEvents, DateAndTimeReportWhatChanges) {
     EXPECT_EQ(act(time.PickTime(0, 59)), "done 0");
     EXPECT_EQ(act(time.PickTime(24, 0)), "refused 0");
     EXPECT_EQ(time.Text(), "12:59 AM");
+    time.SetMinute(9);
+    time.SetHour(12);
+    EXPECT_EQ(time.Text(), "12:09 PM");
     EXPECT_THROW(time.SetMinute(60), NolSchedError);
+    EXPECT_THROW(open.tab.cboPeriod.SetListIndex(5), NolSchedError);
     EXPECT_THROW(start.SetText("soon"), NolSchedError);
 }
 

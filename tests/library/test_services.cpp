@@ -161,7 +161,7 @@ TEST(Lintel, ReadsNumbersOutOfFields) {
         {"12x", "12x"},
         {std::string(59, '9') + "\u00e9", std::string(59, '9') + "..."}};
     for (const auto& [value, text] : bad)
-        EXPECT_EQ(FailureOf([&] { number(value); }),
+        EXPECT_EQ(FailureOf([&, &held = value] { number(held); }),
                   "The column Duration holds \"" + text + "\", which is no 32-bit number.");
 }
 
