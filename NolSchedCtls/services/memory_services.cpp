@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
@@ -39,7 +40,11 @@ class StatementReader {
     void Expect(std::string_view word) {
         if (!Takes(word)) Fail();
     }
-    std::string Name() { return std::string(TakeUpTo(" ,)")); }
+    std::string Name() {
+        const std::string_view name = TakeUpTo(" ,)");
+        if (name.empty()) Fail();
+        return std::string(name);
+    }
     LintelValue Literal() {
         if (Takes("NULL")) return {};
         if (Takes("'")) return QuotedText();
@@ -47,7 +52,8 @@ class StatementReader {
         if (const auto whole = ParseWhole<std::int64_t>(text)) return *whole;
         double number = 0;
         const char* const end = text.data() + text.size();
-        if (text.empty() || std::from_chars(text.data(), end, number).ptr != end) Fail();
+        const auto [read, error] = std::from_chars(text.data(), end, number);
+        if (error != std::errc() || read != end || !std::isfinite(number)) Fail();
         return number;
     }
     void ExpectEnd() {
@@ -110,10 +116,11 @@ class MemoryRows : public ILintelRows {
   public:
     explicit MemoryRows(std::vector<MemoryStore::Row> rowsA) : rows(std::move(rowsA)) {}
 
-    bool AtEnd() const override { return next == rows.size(); }
+    bool AtEnd() const override { return next >= rows.size(); }
     void MoveNext() override { ++next; }
     LintelField Fields(std::string_view sColumn) const override {
-        if (const LintelField* const field = FindField(rows[next], sColumn)) return *field;
+        const LintelField* const field = AtEnd() ? nullptr : FindField(rows[next], sColumn);
+        if (field != nullptr) return *field;
         throw NolSchedError("The rows have no column " + std::string(sColumn) + ".");
     }
 

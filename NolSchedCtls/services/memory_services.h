@@ -34,10 +34,11 @@ struct MemoryStore {
     std::vector<std::string> failures;    // what each reported failure says
 };
 
-// Its Lintel understands the statements that the records send, "DELETE FROM table WHERE column = number",
-// "SELECT
-// * FROM table WHERE column = number" and "INSERT INTO table (columns) VALUES (literals)", and throws
-// NolSchedError that names any other.
+// Its Lintel understands the statements that the records send, and throws NolSchedError that names any other:
+//   DELETE FROM table WHERE column = literal
+//   SELECT * FROM table WHERE column = literal
+//   INSERT INTO table (columns) VALUES (literals)
+// A condition holds for a value of the same type alone, so that 1 is not 1.0; tables are told apart by case.
 class NOLSCHED_API MemoryProvider : public ServiceProvider {
   public:
     explicit MemoryProvider(std::shared_ptr<MemoryStore> storeA) : store(std::move(storeA)) {}

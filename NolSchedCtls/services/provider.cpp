@@ -4,7 +4,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <utility>
 
 namespace NolSchedCtls {
@@ -22,14 +21,21 @@ Installation& TheInstallation() {
     return installation;
 }
 
+template <class Service>
+struct Holder {
+    std::unique_ptr<Service> service;
+};
+
+// Ends the services from the last to the first, so that each may still use the database.
+template <class... Services>
+struct Made : Holder<Services>... {};
+
 // The provider stands first, so that it ends after the services that it made.
 struct ThreadServices {
     std::unique_ptr<ServiceProvider> provider;
     std::uint64_t generation = 0;
-    std::tuple<std::unique_ptr<ILintelDb>, std::unique_ptr<ICaddisStore>, std::unique_ptr<IMessageService>,
-               std::unique_ptr<ICaddisPickerStates>, std::unique_ptr<ICaddisScenarios>,
-               std::unique_ptr<IDocumentTypes>, std::unique_ptr<ICodeTables>, std::unique_ptr<IDayConversion>,
-               std::unique_ptr<IClock>, std::unique_ptr<IDateSettings>>
+    Made<ILintelDb, ICaddisStore, IMessageService, ICaddisPickerStates, ICaddisScenarios, IDocumentTypes,
+         ICodeTables, IDayConversion, IClock, IDateSettings>
         made;
 };
 
@@ -58,7 +64,7 @@ ServiceProvider& Provider(const char* service) {
 template <class Service>
 Service& Used(const char* name, std::unique_ptr<Service> (ServiceProvider::*create)()) {
     ServiceProvider& provider = Provider(name);
-    auto& service = std::get<std::unique_ptr<Service>>(threadServices->made);
+    auto& service = static_cast<Holder<Service>&>(threadServices->made).service;
     if (!service) service = (provider.*create)();
     return *service;
 }

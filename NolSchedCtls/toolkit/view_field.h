@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -122,9 +123,15 @@ class NOLSCHED_API Label : public ViewField {
     void SetCaption(const std::string& captionA) { Assign(caption, captionA); }
 };
 
+template <class Kind, class... Kinds>
+constexpr bool IsOneOf(const std::variant<Kinds...>* /*kinds*/) {
+    return (std::is_same_v<Kind*, Kinds> || ...);
+}
+
 // The field if it is of that kind, else nothing.
 template <class Kind>
 Kind* FieldAs(ViewField& field) {
+    static_assert(IsOneOf<Kind>(static_cast<const FieldKind*>(nullptr)), "not one of the kinds of FieldKind");
     const FieldKind kind = field.Kind();
     Kind* const* const found = std::get_if<Kind*>(&kind);
     return found == nullptr ? nullptr : *found;

@@ -102,18 +102,30 @@ void RefuseGaps(const CLI::App& chosen) {
                      chosen.get_name() + " --help).");
 }
 
+bool TakesText(const CLI::App& app, const std::string& option) {
+    const CLI::App* const owner = OwnerOf(app, option);
+    return owner != nullptr && owner->get_option_no_throw(option)->get_items_expected_max() > 0;
+}
+
 // From the last to the first, as the parser takes them, and none with its text left out after "=": the
-// parser would take the next argument for it.
+// parser would take the next argument for it. A "++" among them would end a command without a word.
 std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::string>& given) {
     std::vector<std::string> reversed;
+    bool isText = false;  // what follows an option, or "--"
+    bool isEnded = false;
     for (const auto& argument : given) {
         if (!utf8::is_valid(argument))
             throw UsageError("The argument " + Quoted(argument) + " is not valid UTF-8.");
         const std::string name = argument.substr(0, argument.find('='));
-        const bool isEmptied =
-            name.starts_with("--") && name.size() + 1 == argument.size() && OwnerOf(app, name) != nullptr;
+        const bool isKnown = !isText && !isEnded && name.starts_with("--") && OwnerOf(app, name) != nullptr;
+        const bool isOption = isKnown && TakesText(app, name);
+        const bool isEmptied = isKnown && argument == name + '=';
+        if (isEmptied && !isOption) throw UsageError("The option " + name + " takes no text.");
+        if (argument == "++" && !isText && !isEnded) throw UsageError("The text \"++\" stands after \"--\".");
         reversed.push_back(isEmptied ? name : argument);
         if (isEmptied) reversed.emplace_back();
+        isEnded = isEnded || (!isText && argument == "--");
+        isText = isOption && name == argument;
     }
     std::ranges::reverse(reversed);
     return reversed;

@@ -166,6 +166,9 @@ class PickerCombo : public QComboBox {
         typeAhead->setFilterMode(Qt::MatchContains);
         typeAhead->setCaseSensitivity(Qt::CaseInsensitive);
         setCompleter(typeAhead);
+        // Going through its offers puts each into the line, past what the line tells of typing.
+        connect(typeAhead, qOverload<const QString&>(&QCompleter::highlighted), this,
+                [this](const QString& text) { link->Act([&] { field.Paste(text.toStdString()); }); });
         link = FieldLink::Tie(field, *this, [this] { Show(); });
         connect(lineEdit(), &QLineEdit::textEdited, this,
                 [this](const QString& text) { link->Act([&] { field.Paste(text.toStdString()); }); });

@@ -83,6 +83,11 @@ TEST(ScheduleEncoding, WhatCannotBeShownEndsTheLoadThere) {
         EXPECT_EQ(tab.SSDStartDate.Text(), "Monday, March 02, 2026");
         EXPECT_EQ(tab.cbExcludeDay[0].Value(), 0) << named;
     }
+    OpenTab emptied(RecordOf("D"));
+    emptied.tab.cboDayNum.Clear();
+    EXPECT_EQ(
+        FailureOf(emptied.tab, RecordOf("D", 1, 7)),
+        "The entry's WhichMonthDate 7 cannot be shown: The list cboDayNum has no index 0; it is empty.");
     EXPECT_EQ(OpenTab(RecordOf("O", 52)).tab.cboFrequency.Text(), "1") << "the hidden list stays as it is";
     EXPECT_THROW(XNolScheduleTab().SaveData(), NolSchedError);
 }

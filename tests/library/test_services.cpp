@@ -80,7 +80,8 @@ TEST(MemoryServices, StoreWhatTheStatementsSay) {
     for (const std::string statement :
          {"", "UPDATE One SET T = 1", "DELETE FROM One", "DELETE FROM One WHERE Id = 8 OR 1 = 1",
           "DELETE FROM One WHERE Id = 'x", "INSERT INTO One (Id, T) VALUES (9)",
-          "INSERT INTO One (Id) VALUES (9x)", "SELECT * FROM One WHERE Id = 8"})
+          "INSERT INTO One (Id) VALUES (9x)", "INSERT INTO One (Id) VALUES (1e999)",
+          "INSERT INTO  (Id) VALUES (9)", "SELECT * FROM One WHERE Id = 8"})
         EXPECT_EQ(FailureOf([&] { lintel.ExecuteStatement(statement); }),
                   "The statement " + Quoted(statement) + " is none that the store in memory understands.");
     EXPECT_TRUE(lintel.OpenRows({"SELECT * FROM Two WHERE Id = 8"})->AtEnd());

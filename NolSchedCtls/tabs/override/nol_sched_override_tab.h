@@ -59,9 +59,9 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
     std::unique_ptr<Label> note;
 
   public:
-    Frame& fraDuration = numbers[0].frame;
-    TextBox& txtDuration = numbers[0].text;
-    Label& Label1(std::size_t index) { return numbers[index].unit; }  // the unit after each number
+    Frame& fraDuration = numbers.at(0).frame;
+    TextBox& txtDuration = numbers.at(0).text;
+    Label& Label1(std::size_t index) { return numbers.at(index).unit; }  // the unit after each number
 
   private:
     std::deque<Number> MakeNumbers();
@@ -84,6 +84,8 @@ class NOLSCHED_API XNolSchedHomOvr : public NolSchedOverrideTab {
   public:
     XNolSchedHomOvr();
 
+    Frame& fraScenario = scenario->fraScenario;
+    Label& lblScenario = scenario->lblScenario;
     XMarlet& fdocCBScenario = scenario->fdocCBScenario;
 };
 
@@ -91,6 +93,8 @@ class NOLSCHED_API XNolSchedPlmOvr : public NolSchedOverrideTab {
   public:
     XNolSchedPlmOvr();
 
+    Frame& fraScenario = scenario->fraScenario;
+    Label& lblScenario = scenario->lblScenario;
     XMarlet& fdocCBScenario = scenario->fdocCBScenario;
     Frame& fraRetrieveDelay = numbers[1].frame;
     TextBox& txtRetrieveDelay = numbers[1].text;

@@ -16,13 +16,14 @@ namespace {
 constexpr int lastDayIndex = 28;
 constexpr int lastWeekIndex = 4;
 
-// A code with what it shows in cboPeriod and, where it has one, the number that it shows in cboDayNum.
+// A code with what it shows in cboPeriod, and the property whose number it shows in cboDayNum.
 struct PeriodCode {
     std::string_view sCode;
     std::string_view sText;
-    const char* sNumber = "";  // the property's name
-    std::int32_t CNolSchedData::*pNumber = nullptr;
-    int nLastIndex = 0;  // of the entry that stands for 0
+    std::string_view sNumber = "WhichMonthDate";
+    std::int32_t CNolSchedData::*pNumber = &CNolSchedData::WhichMonthDate;
+    int nLastIndex =
+        0;  // of the entry that stands for 0; a code without one shows the first, whatever the number
 };
 
 constexpr std::string_view codeOfDay = "M";
@@ -81,8 +82,7 @@ void XNolScheduleTab::SetCtlsFromData() {
     ShowProperty("Frequency", data.Frequency, [this] { ShowFrequency(); });
     ShowProperty("WhichWeekday", data.WhichWeekday, [this] { cboDayName.SetText(GetDayNameText()); });
     const PeriodCode code = RowOfCode(data.Periodicity);
-    ShowProperty(code.sNumber, code.pNumber == nullptr ? 0 : data.*code.pNumber,
-                 [this] { cboDayNum.SetListIndex(GetDayNumIndex()); });
+    ShowProperty(code.sNumber, data.*code.pNumber, [this] { cboDayNum.SetListIndex(GetDayNumIndex()); });
     ShowExclusions();
 }
 
@@ -105,7 +105,7 @@ std::string XNolScheduleTab::GetDayNameText() const {
 
 int XNolScheduleTab::GetDayNumIndex() const {
     const PeriodCode code = RowOfCode(Record().Periodicity);
-    return code.pNumber == nullptr ? 0 : IndexOfNumber(Record().*code.pNumber, code.nLastIndex);
+    return code.nLastIndex == 0 ? 0 : IndexOfNumber(Record().*code.pNumber, code.nLastIndex);
 }
 
 void XNolScheduleTab::SetDataFromCtls() const {
