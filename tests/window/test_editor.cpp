@@ -24,7 +24,7 @@ TEST_F(Windows, ARefusedSaveShowsThePageAndTheField) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return duration.hasFocus() && duration.isVisible(); }));
         EXPECT_TRUE(told.ends_with("Study Duration must be between 10 and 1439 minutes inclusive.\n"));
     }
-    EXPECT_EQ(Shown(duration), "9");
+    EXPECT_EQ(asked.size(), 1U) << "by Escape";
 }
 
 TEST_F(Windows, AnEditorMayCloseInsideAHandlerOfItsOwnWidget) {
@@ -75,7 +75,7 @@ TEST_F(Windows, APickerOffersWhatTheStoreHoldsWhenItOpens) {
     EXPECT_EQ(picker.completer()->completionCount(), 2);
     picker.completer()->popup()->close();
     Type(editor, {{"general.fdocRptGroup", "\b\b\b\b"}});
-    store.Sql("DELETE FROM NOL_Document WHERE Name = 'Core Sites'");
+    store.Sql("DELETE FROM NOL_Document WHERE Name = 'South Cells'");
     for (const char* statement : {"", "NOL_Document"}) {
         failing = statement;
         picker.showPopup();

@@ -64,8 +64,8 @@ TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
     Walk({{"F5", "120 entries: Entry 99, Entry 98, Entry 97"},
           {"Ctrl+F'once ENTRY 7 3/2/2026 north", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
           {"Return", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
-          {"Down, F5", "21 of 120 entries: Entry 97, *Entry 87, Entry 79"},
-          {"Ctrl+F'7 8", "2 of 120 entries: *Entry 87, Entry 78"},
+          {"Down, Down, F5", "21 of 120 entries: Entry 97, Entry 87, *Entry 79"},
+          {"Ctrl+F'7 9", "2 of 120 entries: Entry 97, *Entry 79"},
           {"Ctrl+F'x", "0 of 120 entries: No entry holds all of these words."}});
     spared = 1;
     Walk({{"F5", "The store fails.\n0 of 50 entries: No entry holds all of these words.", "LIMIT"}});
@@ -92,6 +92,8 @@ TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
     const std::string asksToDelete = "Do you want to delete the entry \"One\"?\n";
     const std::string fails = "The store fails.\n";
     const std::string both = "2 entries: *One, One (copy)";
+    const auto actions = window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
+    EXPECT_EQ(std::ranges::count_if(actions, &QAction::isEnabled), 5) << "need no entry";
     Walk({{"F5", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
           {"Ctrl+N", "New Schedule Entry - Schedule Entry"},
           {"Escape", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
@@ -104,7 +106,7 @@ TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
           {"Return", "2 entries: One, *One (copy)"},
           {"Up, Return'!", "One!* - Immediate Entry"},
           {"Escape", asks + "One!* - Immediate Entry"},
-          {"Ctrl+S", fails + "One!* - Immediate Entry", "UPDATE"},
+          {"Escape", asks + fails + "One!* - Immediate Entry", "UPDATE", QMessageBox::Save},
           {"Escape", asks + both, "", QMessageBox::Discard},
           {"F5", fails + both, "COUNT"},
           {"Return", fails + both, "SELECT"},

@@ -75,12 +75,12 @@ TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {
 }
 
 TEST_F(Windows, TheSentenceStandsFlushAndCutsNoTextInAnyMode) {
-    const QFont former = QApplication::font();
     EntryEditor& editor = OpenNew();
     const QWidget& row = *Find(editor, "schedule.cboPeriod").parentWidget();
     auto& tab = dynamic_cast<XNolScheduleTab&>(*editor.Session().FindPage("schedule")->tab);
     for (const int points : {7, 9, 11, 16, 24}) {
-        QApplication::setFont({former.family(), points});
+        editor.setFont({editor.font().family(), points});
+        QCoreApplication::processEvents();
         for (int mode = 0; tab.cboPeriod.PickIndex(mode); ++mode) {
             int edge = -1;
             for (const auto* widget : row.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -93,7 +93,6 @@ TEST_F(Windows, TheSentenceStandsFlushAndCutsNoTextInAnyMode) {
             EXPECT_LE(edge, row.width());
         }
     }
-    QApplication::setFont(former);
 }
 
 }  // namespace NolSchedCtls::Testing
