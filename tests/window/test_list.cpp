@@ -89,11 +89,12 @@ TEST_F(Lists, SortByEachColumn) {
 
 TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
     const std::string asks = "The entry has unsaved changes. Do you want to save them?\n";
-    const std::string asksToDelete = "Do you want to delete the entry \"One\"?\n";
+    const std::string asksToDelete = "Do you want to delete the entry \"One!\"?\n";
     const std::string fails = "The store fails.\n";
-    const std::string both = "2 entries: *One, One (copy)";
+    const std::string both = "2 entries: *One!, One (copy)";
     const auto actions = window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
     EXPECT_EQ(std::ranges::count_if(actions, &QAction::isEnabled), 5) << "need no entry";
+    EXPECT_EQ(std::ranges::count(actions, QString(), &QAction::statusTip), 0);
     Walk({{"F5", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
           {"Ctrl+N", "New Schedule Entry - Schedule Entry"},
           {"Escape", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
@@ -107,7 +108,8 @@ TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
           {"Up, Return'!", "One!* - Immediate Entry"},
           {"Escape", asks + "One!* - Immediate Entry"},
           {"Escape", asks + fails + "One!* - Immediate Entry", "UPDATE", QMessageBox::Save},
-          {"Escape", asks + both, "", QMessageBox::Discard},
+          {"Ctrl+S", "One! - Immediate Entry"},
+          {"Escape", both},
           {"F5", fails + both, "COUNT"},
           {"Return", fails + both, "SELECT"},
           {"Del", asksToDelete + both},
@@ -119,7 +121,7 @@ TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
     const std::string gone = "There is no entry 1 in " + store.Address() + ".\n";
     Walk({{"Ctrl+Shift+N", "There is no study group to run; make one first.\n" + both},
           {"Del", asksToDelete + gone + "1 entries: *One (copy)", "", QMessageBox::Yes},
-          {"F5", "2 entries: *One (copy), One"},
+          {"F5", "2 entries: *One (copy), One!"},
           {"Down, Del", asksToDelete + "1 entries: *One (copy)", "", QMessageBox::Yes},
           {"Return'!", "One (copy)!* - Immediate Entry"}});
     Activate(window);

@@ -62,9 +62,7 @@ class Windows : public testing::Test {
             QTest::keyClicks(&widget, QString::fromUtf8(text));
         }
     }
-    static void Press(QWidget& widget, const char* keys) {
-        QTest::keySequence(&widget, QKeySequence(QString::fromUtf8(keys)));
-    }
+    static void Press(QWidget& at, const char* keys) { QTest::keySequence(&at, {QString::fromUtf8(keys)}); }
 
     TemporaryStore store;
     std::string told;  // messages and questions, each in a line
