@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QSignalBlocker>
@@ -168,7 +169,7 @@ class PickerCombo : public QComboBox {
         setCompleter(typeAhead);
         // Going through its offers puts each into the line, past what the line tells of typing.
         connect(typeAhead, qOverload<const QString&>(&QCompleter::highlighted), this,
-                [this](const QString& text) { link->Act([&] { field.Paste(text.toStdString()); }); });
+                [this](const QString& text) { TakeOffer(text); });
         link = FieldLink::Tie(field, *this, [this] { Show(); });
         connect(lineEdit(), &QLineEdit::textEdited, this,
                 [this](const QString& text) { link->Act([&] { field.Paste(text.toStdString()); }); });
@@ -192,7 +193,16 @@ class PickerCombo : public QComboBox {
         setCurrentIndex(-1);
     }
 
+    // The line shows the offer by itself; another write to it would end the way through the offers.
+    void TakeOffer(const QString& offer) {
+        const QPointer<QObject> self(this);  // a handler may close the page
+        isOffering = true;
+        link->Act([&] { field.Paste(offer.toStdString()); });
+        if (self) isOffering = false;
+    }
+
     void Show() {
+        if (isOffering) return;
         const QString text = ToQt(field.Text());
         if (count() == 0 || (field.Document() && findData(field.Document()->Id) < 0)) Fill();
         const int index = field.Document() ? findData(field.Document()->Id) : -1;
@@ -202,6 +212,7 @@ class PickerCombo : public QComboBox {
 
     XMarlet& field;
     FieldLink* link = nullptr;
+    bool isOffering = false;
 };
 
 QWidget* Bind(XMarlet& field, QWidget* parent) { return new PickerCombo(field, parent); }

@@ -73,8 +73,12 @@ TEST_F(Windows, APickerOffersWhatTheStoreHoldsWhenItOpens) {
     EXPECT_EQ(picker.lineEdit()->placeholderText(), u"None"_s);
     Type(editor, {{"general.fdocRptGroup", "CELL"}});
     EXPECT_EQ(picker.completer()->completionCount(), 2);
-    picker.completer()->popup()->close();
-    Type(editor, {{"general.fdocRptGroup", "\b\b\b\b"}});
+    QTest::keySequence(picker.completer()->popup(), QKeySequence(u"Down, Down, Tab"_s));
+    EXPECT_EQ(editor.Session().FindPage("general")->tab->Field<XMarlet>("fdocRptGroup").Text(),
+              Shown(picker));
+    EXPECT_EQ(picker.currentText(), u"South Cells"_s);
+    picker.lineEdit()->selectAll();
+    Type(editor, {{"general.fdocRptGroup", "\b"}});
     store.Sql("DELETE FROM NOL_Document WHERE Name = 'South Cells'");
     for (const char* statement : {"", "NOL_Document"}) {
         failing = statement;
