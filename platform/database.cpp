@@ -56,10 +56,18 @@ std::unique_ptr<StoreRows> Database::Open(std::string_view query, const Values& 
     return Run(query, values);
 }
 
+void Database::Insert(std::string_view statement) {
+    if (Execute(statement) == 0) FailUntaken();
+}
+
+void Database::FailUntaken() const {
+    Fail("nothing was saved; the row was not taken.", StoreError::Kind::Constraint);
+}
+
 // The store itself tells the id of the very row: a trigger may have drawn others, or kept the row out.
 std::int32_t Database::Insert(std::string_view statement, const Values& values) {
     const auto rows = Open(std::string(statement) + " RETURNING Id", values);
-    if (rows->AtEnd()) Fail("nothing was saved; the new row was not taken.", StoreError::Kind::Constraint);
+    if (rows->AtEnd()) FailUntaken();
     const LintelField id = rows->Fields("Id");
     rows->MoveNext();
     const auto* number = std::get_if<std::int64_t>(&id.Value);

@@ -17,7 +17,8 @@ namespace NolSchedCtls {
 // The store refused or could not be reached. One line that begins with the store's name, without a password.
 class StoreError : public NolSchedError {
   public:
-    enum class Kind { Busy, Constraint, Connection, Full, Corrupt, Other };
+    // Unknown: the connection broke while a transaction was committed; whether it stands is not known.
+    enum class Kind { Busy, Constraint, Connection, Full, Corrupt, Unknown, Other };
 
     explicit StoreError(const std::string& text, Kind kindA = Kind::Other)
         : NolSchedError(text), kind(kindA) {}
@@ -66,13 +67,19 @@ class Database {
     // One statement; the values take the places of "?". Gives the number of rows that changed.
     std::int64_t Execute(std::string_view statement, const Values& values = {});
     std::unique_ptr<StoreRows> Open(std::string_view query, const Values& values = {});
-    // The id that the store gave to the row of an INSERT. A row without one was not stored: throws.
+    // One INSERT with its values in it. Throws if the row was not taken.
+    void Insert(std::string_view statement);
+    // The id that the store gave to the new row. Throws if it was not taken.
     std::int32_t Insert(std::string_view statement, const Values& values);
+    // Throws: a row was not taken, as a trigger may have it.
+    [[noreturn]] void FailUntaken() const;
 
     // The value as this store writes it in a statement.
     std::string Literal(const LintelValue& value) const;
     // Whether statements find a table, or a view, of that name.
     virtual bool HasTable(std::string_view table) = 0;
+    // Whether there is no table, or view, at all where new ones are made.
+    virtual bool IsEmpty() = 0;
     // The definition of a column that numbers its rows.
     virtual std::string_view IdColumn() const = 0;
     virtual std::string_view BeginStatement(Access access) const = 0;

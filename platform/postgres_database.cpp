@@ -1,16 +1,18 @@
 #include "platform/postgres_database.h"
 
-#include <libpq-fe.h>
 #include <poll.h>
 
 #include <algorithm>
 #include <array>
 
 #include "NolSchedCtls/base/text.h"
+#include "platform/libpq.h"
 
 namespace NolSchedCtls {
 
 namespace {
+
+using namespace Libpq;
 
 // The numbers of the server's types of whole and broken numbers and of "t" and "f".
 constexpr Oid typeBool = 16;
@@ -164,9 +166,18 @@ class PostgresDatabase : public Database {
         Prepare();
     }
 
-    // Asked as statements look for it: along the search path, in any kind of table.
+    // Asked as statements look for it: along the search path, in any kind of table, as of the transaction.
     bool HasTable(std::string_view table) override {
-        return !Open("SELECT 1 WHERE to_regclass(?) IS NOT NULL", {std::string(table)})->AtEnd();
+        return !Open("SELECT 1 FROM pg_class WHERE oid = to_regclass(?)", {std::string(table)})->AtEnd();
+    }
+    // Those of extensions aside.
+    bool IsEmpty() override {
+        return Open(
+                   "SELECT 1 FROM pg_class AS one WHERE relnamespace = "
+                   "(SELECT oid FROM pg_namespace WHERE nspname = current_schema()) AND "
+                   "relkind IN ('r', 'p', 'v', 'm', 'f') AND NOT EXISTS (SELECT 1 FROM pg_depend WHERE "
+                   "objid = one.oid AND deptype = 'e') LIMIT 1")
+            ->AtEnd();
     }
     std::string_view IdColumn() const override { return "SERIAL PRIMARY KEY"; }
     // A server's own default may be another one, in which a second maker of tables would not see the first.
@@ -211,7 +222,7 @@ void PostgresDatabase::FailBy(const PGresult* result, std::string_view statement
     const char* const state = result == nullptr ? nullptr : PQresultErrorField(result, PG_DIAG_SQLSTATE);
     if (statement == "COMMIT" && IsBroken())
         Fail("the connection broke while the transaction was committed; whether it stands is not known.",
-             StoreError::Kind::Connection);
+             StoreError::Kind::Unknown);
     if (state == nullptr)
         Fail(told.empty() ? "the connection is broken." : told, StoreError::Kind::Connection);
     Fail(told, KindOf(state));

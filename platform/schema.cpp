@@ -1,5 +1,6 @@
 #include "platform/schema.h"
 
+#include <algorithm>
 #include <span>
 #include <utility>
 
@@ -42,7 +43,6 @@ std::string ScheduleColumns(const std::string& idColumn) {
     return columns + "Version INTEGER NOT NULL, SavedBy TEXT NOT NULL, SavedAt TIMESTAMP NOT NULL";
 }
 
-// NOL_Schedule last: a store that has it has been prepared.
 std::vector<Table> TablesOf(const Database& database) {
     const std::string idColumn = "Id " + std::string(database.IdColumn());
     return {{"NOL_Override",
@@ -55,7 +55,6 @@ std::vector<Table> TablesOf(const Database& database) {
 }
 
 void Make(Database& database, const Table& table) {
-    if (database.HasTable(table.name)) return;
     const std::string name(table.name);
     database.Execute("CREATE TABLE " + name + " (" + table.columns + ")");
     for (const auto& [first, second] : table.rows)
@@ -63,21 +62,37 @@ void Make(Database& database, const Table& table) {
                          {std::string(first), std::string(second)});
 }
 
+bool AreThere(Database& database, const std::vector<Table>& tables) {
+    const auto isThere = [&database](const Table& table) { return database.HasTable(table.name); };
+    return std::ranges::all_of(tables, isThere);
+}
+
+// A store is made as a whole or not at all: what is left of a damaged one is not mixed with new tables, and
+// nothing is made beside the tables of others.
+void RefuseUnlessEmpty(Database& database, const std::vector<Table>& tables) {
+    if (database.IsEmpty()) return;
+    const auto isMissing = [&database](const Table& table) { return !database.HasTable(table.name); };
+    if (std::ranges::all_of(tables, isMissing))
+        throw StoreError(database.Name() + ": holds the tables of something else and no schedule entries.");
+    const auto missing = std::ranges::find_if(tables, isMissing);
+    throw StoreError(database.Name() + ": the table " + std::string(missing->name) + " is missing.");
+}
+
 }  // namespace
 
 void PrepareTables(Database& database) {
     const auto tables = TablesOf(database);
-    if (database.HasTable(tables.back().name)) {
-        for (const Table& table : tables)
-            if (!database.HasTable(table.name))
-                throw StoreError(database.Name() + ": the table " + std::string(table.name) + " is missing.");
-        return;
+    {
+        const Transaction reading(database, Access::Read);
+        if (AreThere(database, tables)) return;
+        RefuseUnlessEmpty(database, tables);
     }
     Transaction transaction(database);
     database.LockTableMaking();
-    if (database.HasTable(tables.back().name)) return;  // another process was faster
+    if (AreThere(database, tables)) return;  // another process was faster
+    RefuseUnlessEmpty(database, tables);
     for (const Table& table : tables) Make(database, table);
-    database.Execute("CREATE INDEX IF NOT EXISTS NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
+    database.Execute("CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     transaction.Commit();
 }
 

@@ -5,9 +5,9 @@
 
 namespace NolSchedCtls {
 
-// Makes the tables of a store that has no NOL_Schedule yet, in a transaction of its own: all or none. A table
-// that is there stays as it is; documents get samples, settings their defaults. Throws StoreError for a store
-// that has NOL_Schedule and lacks another table, and names that one.
+// Makes the tables of an empty store, in a transaction of its own: all or none; documents get samples,
+// settings their defaults. Throws StoreError for a store that lacks a table, which it names, or holds others
+// alone.
 void PrepareTables(Database& database);
 
 }  // namespace NolSchedCtls

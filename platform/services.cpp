@@ -11,7 +11,12 @@ class DatabaseLintel : public ILintelDb {
   public:
     explicit DatabaseLintel(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
 
-    void ExecuteStatement(std::string_view statement) override { database->Execute(statement); }
+    void ExecuteStatement(std::string_view statement) override {
+        if (statement.starts_with("INSERT"))
+            database->Insert(statement);
+        else
+            database->Execute(statement);
+    }
 
     // A connection has one source, one user and one kind of cursor; the query alone differs.
     std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {

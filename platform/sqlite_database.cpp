@@ -74,6 +74,9 @@ class SqliteDatabase : public Database {
                     {std::string(table)})
                     ->AtEnd();
     }
+    bool IsEmpty() override {
+        return Open("SELECT 1 FROM sqlite_master WHERE name NOT LIKE 'sqlite\\_%' ESCAPE '\\'")->AtEnd();
+    }
     std::string_view IdColumn() const override { return "INTEGER PRIMARY KEY AUTOINCREMENT"; }
     // One that writes takes the lock at the start: a reader that turns writer could not wait for another
     // writer.

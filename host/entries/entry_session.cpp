@@ -1,6 +1,7 @@
 #include "host/entries/entry_session.h"
 
 #include <array>
+#include <utility>
 
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
@@ -39,7 +40,7 @@ std::vector<Page> MakePages() {
 StoredEntry NewRecord(const EntrySession::NewEntry& entry) {
     auto record = std::make_shared<CNolSchedData>();
     record->InitNew(std::make_shared<CaddisScenarioType>(), entry.isImmediate, entry.groupId, entry.name);
-    return {std::move(record), 0};
+    return {std::move(record), {}};
 }
 
 StoredEntry CopiedRecord(StoredEntry entry) {
@@ -54,7 +55,7 @@ StoredEntry CopiedRecord(StoredEntry entry) {
 }  // namespace
 
 EntrySession::EntrySession(Workspace& workspaceA, StoredEntry entry)
-    : workspace(workspaceA), record(std::move(entry.record)), version(entry.version), pages(MakePages()) {
+    : workspace(workspaceA), record(std::move(entry.record)), row(std::move(entry.row)), pages(MakePages()) {
     changed = notifier->Changed.Connect([this] { ++changes; });
 }
 
@@ -88,6 +89,7 @@ const Page* EntrySession::FirstRefusal() {
 
 EntrySession::SaveResult EntrySession::Save() {
     if (const Page* page = FirstRefusal()) return {page};
+    Settle();
     const auto formerId = record->Id;
     const bool wasNew = record->IsNew;
     try {
@@ -96,7 +98,7 @@ EntrySession::SaveResult EntrySession::Save() {
     } catch (...) {
         record->Id = formerId;
         record->IsNew = wasNew;
-        throw;
+        RethrowUnlessSaved();
     }
     record->IsNew = false;
     savedChanges = changes;
@@ -107,11 +109,43 @@ EntrySession::SaveResult EntrySession::Save() {
 void EntrySession::Store() {
     workspace.TakeFailure();
     Transaction transaction(workspace.Store());
-    const auto newVersion = workspace.Entries().Write(*record, version);
+    StoredRow written = workspace.Entries().Write(*record, row);
     record->SaveNolOverrides();
     if (const auto failure = workspace.TakeFailure()) throw StoreError(*failure);
-    transaction.Commit();
-    version = newVersion;
+    try {
+        transaction.Commit();
+    } catch (const StoreError& error) {
+        if (error.kind == StoreError::Kind::Unknown) unsettled = Attempt{record->Id, std::move(written)};
+        throw;
+    }
+    row = std::move(written);
+}
+
+bool EntrySession::Settle() {
+    if (!unsettled) return false;
+    const bool stands = workspace.Entries().Stands(unsettled->id, unsettled->row);
+    const Attempt attempt = *std::exchange(unsettled, {});
+    if (!stands) return false;
+    record->Id = attempt.id;
+    record->IsNew = false;
+    row = attempt.row;
+    return true;
+}
+
+// In a handler: what a lost answer to the commit would have told is looked up. If the store cannot be asked
+// now, it is before the next save.
+void EntrySession::RethrowUnlessSaved() {
+    if (!unsettled) throw;
+    std::optional<bool> isSaved;
+    try {
+        isSaved = Settle();
+    } catch (const StoreError&) {
+    }
+    if (!isSaved) throw;
+    if (!*isSaved)
+        throw StoreError(
+            workspace.Store().Name() + ": the connection broke at the commit; nothing was saved.",
+            StoreError::Kind::Connection);
 }
 
 }  // namespace NolSchedCtls

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,10 +64,18 @@ class EntrySession {
   private:
     explicit EntrySession(Workspace& workspaceA, StoredEntry entry);
     void Store();
+    // Looks up what became of an unsettled save; true if it stands. Throws while the store cannot be asked.
+    bool Settle();
+    void RethrowUnlessSaved();
 
     Workspace& workspace;
     std::shared_ptr<CNolSchedData> record;
-    std::int32_t version = 0;
+    StoredRow row;
+    struct Attempt {
+        std::int32_t id;
+        StoredRow row;
+    };
+    std::optional<Attempt> unsettled;  // a save of which it is not known whether it stands
     std::shared_ptr<CPaviseNotify> notifier = std::make_shared<CPaviseNotify>();
     int changes = 0;
     int savedChanges = 0;

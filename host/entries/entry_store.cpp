@@ -20,20 +20,26 @@ LintelValue DateValue(DateTime dateTime) {
     return text;
 }
 
-// The row's value of a property.
-struct ToRowValue {
+// The row's value of a property, as the record was read from it.
+struct ReadValue {
     const CNolSchedData& record;
 
-    LintelValue operator()(const Column<std::int32_t>& column) const {
+    LintelValue operator()(const NumberColumn& column) const {
         return std::int64_t{record.*column.pProperty};
     }
-    LintelValue operator()(const Column<std::string>& column) const { return record.*column.pProperty; }
-    LintelValue operator()(const Column<DateTime>& column) const {
+    LintelValue operator()(const TextColumn& column) const { return record.*column.pProperty; }
+    LintelValue operator()(const DateColumn& column) const { return DateValue(record.*column.pProperty); }
+};
+
+// The same, as the record is to be stored.
+struct WrittenValue : ReadValue {
+    using ReadValue::operator();
+    LintelValue operator()(const DateColumn& column) const {
         if (column.pProperty == &CNolSchedData::FirstDateTime)
             return DateValue(record.DBFirstDateTime().Value);
         if (column.pProperty == &CNolSchedData::FinalDateTime)
             return DateValue(record.DBFinalDateTime().Value);
-        return DateValue(record.*column.pProperty);
+        return ReadValue::operator()(column);
     }
 };
 
@@ -103,10 +109,10 @@ InitEditArguments ArgumentsOf(const CNolSchedData& row) {
     return arguments;
 }
 
-Database::Values RowValues(const CNolSchedData& record, std::int32_t version, const std::string& user) {
+template <class ToValue>
+Database::Values RowValues(const ToValue& toValue) {
     Database::Values values;
-    for (const auto& column : writtenColumns) values.push_back(std::visit(ToRowValue{record}, column));
-    values.insert(values.end(), {std::int64_t{version}, user, DateValue(Clock().Now())});
+    for (const auto& column : writtenColumns) values.push_back(std::visit(toValue, column));
     return values;
 }
 
@@ -118,11 +124,8 @@ const std::string& InsertStatement() {
     return statement;
 }
 
-const std::string& UpdateStatement() {
-    static const std::string statement =
-        "UPDATE NOL_Schedule SET " + Joined(writtenColumns, NameOf, " = ?, ") +
-        " = ?, Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
-    return statement;
+void Append(Database::Values& values, const Database::Values& more) {
+    values.insert(values.end(), more.begin(), more.end());
 }
 
 }  // namespace
@@ -142,8 +145,8 @@ void EntryStore::Opening(std::int32_t id, const std::function<void()>& step) con
 }
 
 StoredEntry EntryStore::Load(std::int32_t id) const {
-    CNolSchedData row;
-    std::int32_t version = 0;
+    CNolSchedData read;
+    StoredRow row;
     auto record = std::make_shared<CNolSchedData>();
     const Transaction reading(*database, Access::Read);
     {
@@ -151,32 +154,64 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
         if (rows->AtEnd())
             throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
         Opening(id, [&] {
-            ReadRow(*rows, row);
-            version = LintelDb().FieldToNumber(rows->Fields("Version"), 0);
+            ReadRow(*rows, read);
+            row = {LintelDb().FieldToNumber(rows->Fields("Version"), 0), RowValues(ReadValue{read}), {}};
         });
     }
-    Opening(id, [&] { record->InitEdit(ArgumentsOf(row)); });
-    record->NextRunDate = row.NextRunDate;
-    record->LastRunDate = row.LastRunDate;
-    return {std::move(record), version};
+    Opening(id, [&] { record->InitEdit(ArgumentsOf(read)); });
+    record->NextRunDate = read.NextRunDate;
+    record->LastRunDate = read.LastRunDate;
+    return {std::move(record), std::move(row)};
 }
 
-std::int32_t EntryStore::Write(CNolSchedData& record, std::int32_t version) {
+StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
+    StoredRow written{record.IsNew ? 1 : row.version + 1, RowValues(WrittenValue{{record}}),
+                      DateValue(Clock().Now())};
+    const Database::Values save{std::int64_t{written.version}, user, written.savedAt};
     if (record.IsNew) {
-        record.Id = database->Insert(InsertStatement(), RowValues(record, 1, user));
-        return 1;
+        Database::Values values = written.values;
+        Append(values, save);
+        record.Id = database->Insert(InsertStatement(), values);
+        return written;
     }
-    auto values = RowValues(record, version + 1, user);
-    values.insert(values.end(), {std::int64_t{record.Id}, std::int64_t{version}});
-    if (database->Execute(UpdateStatement(), values) != 1) TellOvertaken(record);
-    return version + 1;
+    // What another program has noted in the other columns meanwhile stays.
+    std::string statement = "UPDATE NOL_Schedule SET ";
+    Database::Values values;
+    for (std::size_t i = 0; i < writtenColumns.size(); ++i) {
+        if (written.values[i] == row.values[i]) continue;
+        statement.append(NameOf(writtenColumns[i])).append(" = ?, ");
+        values.push_back(written.values[i]);
+    }
+    Append(values, save);
+    Append(values, {std::int64_t{record.Id}, std::int64_t{row.version}});
+    statement += "Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
+    if (database->Execute(statement, values) != 1) TellOvertaken(record.Id, record.EditorName, row.version);
+    return written;
 }
 
-void EntryStore::TellOvertaken(const CNolSchedData& record) const {
-    const auto rows =
-        database->Open("SELECT SavedBy, SavedAt FROM NOL_Schedule WHERE Id = ?", {std::int64_t{record.Id}});
-    const std::string entry = "The entry " + Quoted(record.EditorName) + " was ";
+std::unique_ptr<StoreRows> EntryStore::LastSave(std::int32_t id) const {
+    return database->Open("SELECT Version, SavedBy, SavedAt FROM NOL_Schedule WHERE Id = ?",
+                          {std::int64_t{id}});
+}
+
+bool EntryStore::Stands(std::int32_t id, const StoredRow& row) const {
+    {
+        const auto rows = LastSave(id);
+        if (rows->AtEnd() && row.version == 1) return false;
+        const std::int64_t version = rows->AtEnd() ? 0 : LintelDb().FieldToNumber(rows->Fields("Version"), 0);
+        if (version == row.version - 1) return false;
+        if (version == row.version && FieldToText(rows->Fields("SavedBy")) == user &&
+            rows->Fields("SavedAt").Value == row.savedAt)
+            return true;
+    }
+    TellOvertaken(id, FieldToText({{}, row.values.front()}), row.version - 1);
+}
+
+void EntryStore::TellOvertaken(std::int32_t id, const std::string& name, std::int32_t version) const {
+    const auto rows = LastSave(id);
+    const std::string entry = "The entry " + Quoted(name) + " was ";
     if (rows->AtEnd()) throw OvertakenError(entry + "deleted by another user since it was opened.");
+    if (LintelDb().FieldToNumber(rows->Fields("Version"), 0) == version) database->FailUntaken();
     throw OvertakenError(entry + "saved by " + FieldToText(rows->Fields("SavedBy")) + " at " +
                          FieldToText(rows->Fields("SavedAt")) + ", after it was opened here.");
 }

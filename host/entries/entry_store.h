@@ -19,9 +19,17 @@ class OvertakenError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
+// An entry's own row as it was last read or written here. What a save changes is what differs from it: other
+// programs have columns of their own in the row.
+struct StoredRow {
+    std::int32_t version = 0;  // counts the saves
+    Database::Values values;   // of all columns but Id, in their order
+    LintelValue savedAt;       // of a save made here
+};
+
 struct StoredEntry {
     std::shared_ptr<CNolSchedData> record;
-    std::int32_t version = 0;  // counts the saves
+    StoredRow row;
 };
 
 // A row of the list. The record holds the entry's own columns, without overrides; of a row that no record can
@@ -43,9 +51,12 @@ class EntryStore {
     // Row and overrides as they stood at one moment. Throws RequestError, and StoreError for a row that no
     // record can hold.
     StoredEntry Load(std::int32_t id) const;
-    // A new entry gets its Id. Returns the version that now stands. Throws OvertakenError for a stored entry
-    // whose version is no longer the one given. Call inside a transaction.
-    std::int32_t Write(CNolSchedData& record, std::int32_t version);
+    // A new entry gets its Id. Returns the row that now stands. Throws OvertakenError for a stored entry
+    // whose version is no longer the row's. Call inside a transaction.
+    StoredRow Write(CNolSchedData& record, const StoredRow& row);
+    // Whether what Write returned stands, where the answer to the commit was lost. Throws OvertakenError if
+    // another user has saved the entry since, so that it cannot be told.
+    bool Stands(std::int32_t id, const StoredRow& row) const;
     // The row and its override rows, in a transaction of its own. Throws RequestError.
     void Delete(std::int32_t id);
     // Every column of the entry's override rows as it is stored, by Type.
@@ -61,7 +72,8 @@ class EntryStore {
     std::int64_t Count() const;
 
   private:
-    [[noreturn]] void TellOvertaken(const CNolSchedData& record) const;
+    std::unique_ptr<StoreRows> LastSave(std::int32_t id) const;
+    [[noreturn]] void TellOvertaken(std::int32_t id, const std::string& name, std::int32_t version) const;
 
     std::shared_ptr<Database> database;
     std::string user;
