@@ -139,7 +139,9 @@ TEST_F(OpenedEntry, AStoreThatTurnsBadAfterTheLoadLosesNothing) {
                       name +
                           ": the connection broke while the transaction was committed; whether it stands "
                           "is not known.");
+            OverrideHom(entry, isCommitted ? "61" : "60");
             EXPECT_EQ(Save(entry), "saved");
+            EXPECT_EQ(store.Sql("SELECT Duration FROM NOL_Override"), isCommitted ? "61\n" : "60\n");
         }
         return;
     }
