@@ -1,4 +1,5 @@
-// From the start of `nolsched-editor` to its first painted frame, beside a bare Qt window with a table.
+// From the start of `nolsched-editor` to its first painted frame, beside a bare Qt window with a table; and
+// `nolsched list` of an empty store, from start to end, beside SQLite's own program with a select.
 #include <filesystem>
 
 #include "bench/claims.h"
@@ -28,9 +29,12 @@ int main(int argc, char** argv) {
     Run({NOLSCHED, "--db", store, "list"});  // makes the store
     MeasureStart("editor", {NOLSCHED_EDITOR, "--db", store}, folder.string());
     MeasureStart("bare", {BARE_WINDOW}, folder.string());
+    Measure("list", [store] { Run({NOLSCHED, "--db", store, "list"}); })->Iterations(50);
+    Measure("select", [store] { Run({"/usr/bin/sqlite3", store, "select 1"}); })->Iterations(50);
     const int status =
         RunClaims(argc, argv,
-                  {{"editor, start to first frame / a bare Qt window with a table", "editor", "bare", 1.3}});
+                  {{"editor, start to first frame / a bare Qt window with a table", "editor", "bare", 1.3},
+                   {"nolsched list of an empty store / sqlite3 FILE 'select 1'", "list", "select", 1.5}});
     fs::remove_all(folder);
     return status;
 }

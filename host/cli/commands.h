@@ -12,7 +12,7 @@ struct Terminal {
     std::ostream& out;
     std::ostream& err;
     bool isInteractive = false;  // `in` is a terminal: prompt for a script
-    std::string user;            // who saves
+    std::string user = {};       // who saves; empty: the user that the process runs for
 };
 
 // The arguments after the program's name. Needs a QCoreApplication. Gives the exit status.

@@ -8,7 +8,6 @@
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     NolSchedCtls::HidePasswords(argc, argv);
-    NolSchedCtls::Terminal terminal{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) == 1,
-                                    NolSchedCtls::UserName()};
+    NolSchedCtls::Terminal terminal{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) == 1};
     return NolSchedCtls::RunNolsched(arguments, terminal);
 }

@@ -5,6 +5,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/services/provider.h"
+#include "host/entries/process.h"
 
 namespace NolSchedCtls {
 
@@ -167,7 +168,7 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
 StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     StoredRow written{record.IsNew ? 1 : row.version + 1, RowValues(WrittenValue{{record}}),
                       DateValue(Clock().Now())};
-    const Database::Values save{std::int64_t{written.version}, user, written.savedAt};
+    const Database::Values save{std::int64_t{written.version}, User(), written.savedAt};
     if (record.IsNew) {
         Database::Values values = written.values;
         Append(values, save);
@@ -189,6 +190,12 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     return written;
 }
 
+// Asked for at the first save: most starts need no user, and the system reads files for one.
+const std::string& EntryStore::User() const {
+    if (user.empty()) user = UserName();
+    return user;
+}
+
 std::unique_ptr<StoreRows> EntryStore::LastSave(std::int32_t id) const {
     return database->Open("SELECT Version, SavedBy, SavedAt FROM NOL_Schedule WHERE Id = ?",
                           {std::int64_t{id}});
@@ -200,7 +207,7 @@ bool EntryStore::Stands(std::int32_t id, const StoredRow& row) const {
         if (rows->AtEnd() && row.version == 1) return false;
         const std::int64_t version = rows->AtEnd() ? 0 : LintelDb().FieldToNumber(rows->Fields("Version"), 0);
         if (version == row.version - 1) return false;
-        if (version == row.version && FieldToText(rows->Fields("SavedBy")) == user &&
+        if (version == row.version && FieldToText(rows->Fields("SavedBy")) == User() &&
             rows->Fields("SavedAt").Value == row.savedAt)
             return true;
     }

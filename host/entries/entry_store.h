@@ -46,6 +46,7 @@ struct ListedEntry {
 // store fails.
 class EntryStore {
   public:
+    // No user: the one that the process runs for.
     EntryStore(std::shared_ptr<Database> databaseA, std::string userA);
 
     // Row and overrides as they stood at one moment. Throws RequestError, and StoreError for a row that no
@@ -72,11 +73,12 @@ class EntryStore {
     std::int64_t Count() const;
 
   private:
+    const std::string& User() const;
     std::unique_ptr<StoreRows> LastSave(std::int32_t id) const;
     [[noreturn]] void TellOvertaken(std::int32_t id, const std::string& name, std::int32_t version) const;
 
     std::shared_ptr<Database> database;
-    std::string user;
+    mutable std::string user;
 };
 
 }  // namespace NolSchedCtls

@@ -13,7 +13,7 @@ namespace NolSchedCtls {
 
 struct WorkspaceOptions {
     std::string address;  // as Database takes it
-    std::string user;     // who saves
+    std::string user;     // who saves; empty: the user that the process runs for
     std::function<void(const Message&)> showMessage;
     std::function<DateTime()> now;  // empty for the system's clock
 };

@@ -35,8 +35,7 @@ int RunWindow(Workspace& workspace, const EditorOptions& options) {
 
 int Run(const EditorOptions& options) {
     const bool isPictures = !options.screenshots.empty();
-    Workspace workspace(
-        {options.address, UserName(), isPictures ? WriteMessage : ShowMessageBox, options.now});
+    Workspace workspace({options.address, {}, isPictures ? WriteMessage : ShowMessageBox, options.now});
     if (!isPictures) return RunWindow(workspace, options);
     WriteScreenshots(workspace, ToQt(options.screenshots));
     return exitDone;

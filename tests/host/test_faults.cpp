@@ -379,7 +379,7 @@ TEST(Faults, PasswordsAreHiddenInTheArguments) {
               "postgresql://u@h:5432/n, a:b@c.db, postgresql://h/n?password=xxxxxx&user=u");
 }
 
-TEST(Faults, WithoutATimeAnEntryBeginsToday) {
+TEST(Faults, WithoutATimeAnEntryBeginsTodayAndIsItsUsers) {
     const TemporaryStore store;
     const auto today = [] {
         std::string text(10, ' ');
@@ -391,6 +391,7 @@ TEST(Faults, WithoutATimeAnEntryBeginsToday) {
     RunCommandLine(store.Address(), {"new", "--group", "North Cells"}, "save\n", "");
     const std::string first = store.Sql("SELECT FirstDateTime FROM NOL_Schedule").substr(0, 10);
     EXPECT_TRUE(first == before || first == today()) << first;
+    EXPECT_EQ(store.Sql("SELECT SavedBy FROM NOL_Schedule"), UserName() + '\n');
 }
 
 TEST(Faults, PasswordsOpenTheStoreAndAreNeverTold) {
