@@ -61,11 +61,19 @@ std::string Listed(const std::vector<std::string>& parts) {
 
 std::string ExcludedNames(ExcludedDays excluded, std::string_view weekdayEnding) {
     std::vector<std::string> names;
-    for (std::size_t day = 0; day < weekdayNames.size(); ++day)
+    for (const std::size_t day : {1, 2, 3, 4, 5, 6, 0})
         if (excluded[day]) names.push_back(WeekdayName(day).append(weekdayEnding));
     if (excluded[excludedHolidays]) names.emplace_back("holidays");
     if (excluded[excludedDaysAfter]) names.emplace_back("days after holidays");
     return Listed(names);
+}
+
+// Where all runs lie on one weekday, the others are not worth a word.
+ExcludedDays WorthAWord(const Recurrence& recurrence) {
+    ExcludedDays excluded = recurrence.excluded;
+    for (unsigned day = 0; day < weekdayNames.size(); ++day)
+        if (recurrence.HasWeekday() && day != recurrence.weekday.c_encoding()) excluded.reset(day);
+    return excluded;
 }
 
 // All but the exclusions and the end.
@@ -104,6 +112,7 @@ std::string DayText(const Recurrence& recurrence) {
 }
 
 std::string ExcludedText(ExcludedDays excluded) {
+    if (AreAllWeekdays(excluded)) return "every day of the week is excluded";
     const bool isOneWeekday = excluded.count() == 1 && excluded.to_ulong() < 1UL << excludedHolidays;
     return ExcludedNames(excluded, "") + (isOneWeekday ? " is excluded" : " are excluded");
 }
@@ -113,7 +122,8 @@ std::string DescribeSchedule(const CNolSchedData& record, const OutlookSettings&
     try {
         const Recurrence recurrence = ReadRecurrence(record, settings);
         std::string text = RunsText(recurrence);
-        if (recurrence.excluded.any()) text += ", not on " + ExcludedNames(recurrence.excluded, "s");
+        if (const ExcludedDays told = WorthAWord(recurrence); told.any())
+            text += ", not on " + ExcludedNames(told, "s");
         const bool hasEnd = recurrence.last != latestMoment && recurrence.code != RecurrenceCode::Once;
         return hasEnd ? text + ", until " + DateText(recurrence.last) : text;
     } catch (const NolSchedError& error) {

@@ -68,47 +68,35 @@ Moment ReadLast(const CNolSchedData& record) {
     return DayOf(last) == DayOf(MomentOf(MAppConstants::NoEndDate)) ? latestMoment : last;
 }
 
-void ReadSteps(Recurrence& recurrence, const CNolSchedData& record, const OutlookSettings& settings) {
-    const auto weekday = [&record] {
-        return std::chrono::weekday{static_cast<unsigned>(record.WhichWeekday - 1)};
-    };
-    recurrence.frequency = record.Frequency;
-    switch (recurrence.code) {
-        case RecurrenceCode::Once:
-            recurrence.frequency = 1;
-            recurrence.last = std::min(recurrence.first, recurrence.last);
-            break;
-        case RecurrenceCode::Hourly:
-            CheckNumber("Period Minutes", settings.periodMinutes, 1, 1440);
-            recurrence.frequency *= settings.periodMinutes;
-            break;
-        case RecurrenceCode::Daily:
-            break;
-        case RecurrenceCode::Weekly:
-            recurrence.weekday = weekday();
-            break;
-        case RecurrenceCode::MonthDay:
-            recurrence.number = record.WhichMonthDate;
-            break;
-        case RecurrenceCode::MonthWeekday:
-            recurrence.number = record.WhichWeek;
-            recurrence.weekday = weekday();
-            break;
-    }
+int ReadFrequency(const CNolSchedData& record, RecurrenceCode code, const OutlookSettings& settings) {
+    if (code == RecurrenceCode::Once) return 1;
+    if (code != RecurrenceCode::Hourly) return record.Frequency;
+    CheckNumber("Period Minutes", settings.periodMinutes, 1, 1440);
+    return record.Frequency * settings.periodMinutes;
+}
+
+// Of any number: only codes that have a weekday read it, and theirs is checked.
+std::chrono::weekday ReadWeekday(const CNolSchedData& record) {
+    const auto fromOne = static_cast<unsigned>(record.WhichWeekday);
+    return std::chrono::weekday{(fromOne + 6) % 7};
 }
 
 }  // namespace
 
 Recurrence ReadRecurrence(const CNolSchedData& record, const OutlookSettings& settings) {
-    Recurrence recurrence{.code = CheckedCode(record.Periodicity),
-                          .excluded = ReadExcluded(record),
-                          .first = CheckedMoment("FirstDateTime", record.FirstDateTime),
-                          .last = ReadLast(record)};
+    const RecurrenceCode code = CheckedCode(record.Periodicity);
     for (const Bounds& row : bounds)
         if (row.usedBy.find(record.Periodicity) != std::string_view::npos)
             CheckNumber(row.property, record.*row.number, row.least, row.most);
-    ReadSteps(recurrence, record, settings);
-    return recurrence;
+    const Moment first = CheckedMoment("FirstDateTime", record.FirstDateTime);
+    const Moment last = ReadLast(record);
+    return {.code = code,
+            .frequency = ReadFrequency(record, code, settings),
+            .number = code == RecurrenceCode::MonthDay ? record.WhichMonthDate : record.WhichWeek,
+            .weekday = ReadWeekday(record),
+            .excluded = ReadExcluded(record),
+            .first = first,
+            .last = code == RecurrenceCode::Once ? std::min(first, last) : last};
 }
 
 }  // namespace NolSchedCtls

@@ -31,6 +31,11 @@ inline constexpr std::size_t excludedHolidays = 7;
 inline constexpr std::size_t excludedDaysAfter = 8;
 using ExcludedDays = std::bitset<9>;
 
+inline bool AreAllWeekdays(const ExcludedDays& days) {
+    constexpr unsigned long weekdays = 0x7F;
+    return (days.to_ulong() & weekdays) == weekdays;
+}
+
 struct Recurrence {
     RecurrenceCode code = RecurrenceCode::Once;  // which is like Daily, but ends with its first run
     int frequency = 1;                           // every how many minutes (Hourly), days, weeks or months
@@ -39,6 +44,9 @@ struct Recurrence {
     ExcludedDays excluded;
     Moment first{};
     Moment last{};  // no run lies after it; latestMoment: there is no end
+
+    // Whether all runs lie on one weekday by rule.
+    bool HasWeekday() const { return code == RecurrenceCode::Weekly || code == RecurrenceCode::MonthWeekday; }
 };
 
 // Reads what the record's code uses, and nothing else. Throws NolSchedError that names the property, its

@@ -61,11 +61,8 @@ std::string EndText(Moment last) {
 
 // Where BYDAY names the weekday of the runs, it cannot exclude that day as well.
 bool IsExcludedAsAWhole(const Recurrence& recurrence) {
-    constexpr unsigned long allWeekdays = 0x7F;
-    const bool hasWeekday =
-        recurrence.code == RecurrenceCode::Weekly || recurrence.code == RecurrenceCode::MonthWeekday;
-    if (hasWeekday) return recurrence.excluded[recurrence.weekday.c_encoding()];
-    return (recurrence.excluded.to_ulong() & allWeekdays) == allWeekdays;
+    if (recurrence.HasWeekday()) return recurrence.excluded[recurrence.weekday.c_encoding()];
+    return AreAllWeekdays(recurrence.excluded);
 }
 
 }  // namespace

@@ -93,7 +93,8 @@ std::string Schedule::WhyNever() const {
         return "its months have no " + DayText(recurrence);
     if (const ExcludedDays met = ExclusionsMet(); met.any()) return ExcludedText(met);
     const bool isWeekly = recurrence.code == RecurrenceCode::Weekly;
-    return "the end comes before the " + (isWeekly ? "first " + DayText(recurrence) : DayText(recurrence));
+    return (isWeekly ? "the end comes before the first " : "the end comes before the first run on the ") +
+           DayText(recurrence);
 }
 
 }  // namespace NolSchedCtls

@@ -1,12 +1,12 @@
-// Entries as lines: "A 2 0/0/6 YYYYYYYNY 2026-01-01T22:30 2027-12-31" is the code, the frequency, day of the
-// month, week and weekday, what is included from Sundays to days after holidays, the first and the final
-// date-time.
+// Entries as lines: see entries.txt.
 #pragma once
 
 #include <array>
 #include <sstream>
 #include <string>
+#include <vector>
 
+#include "NolSchedCtls/base/text.h"
 #include "outlook/schedule.h"
 
 namespace NolSchedCtls::Testing {
@@ -17,19 +17,28 @@ inline constexpr std::array includes = {
     &CNolSchedData::IncludeSaturdays,  &CNolSchedData::IncludeHolidays,  &CNolSchedData::IncludeDayAfterHol};
 
 struct Entry {
-    explicit Entry(const std::string& line) {
+    explicit Entry(const std::string& lineA) : line(lineA) {
         std::istringstream words(line);
-        std::string included, first, final;
+        std::string included, first, final, setting;
         char slash = 0;
         words >> record.Periodicity >> record.Frequency >> record.WhichMonthDate >> slash >>
-            record.WhichWeek >> slash >> record.WhichWeekday >> included >> first >> final;
+            record.WhichWeek >> slash >> record.WhichWeekday >> included >> first >> final >> setting;
         for (std::size_t i = 0; i < includes.size(); ++i) record.*includes[i] = included.substr(i, 1);
         record.FirstDateTime = ParseIso(first);
         record.FinalDateTime = ParseIso(final);
-        record.ScheduleActive = "Y";
-        record.RunMode = "S";
+        record.ScheduleActive = setting == "paused" ? "y" : "Y";
+        record.RunMode = setting == "immediate" ? "I" : "S";
+        settings.periodMinutes = ParseWhole(setting).value_or(60);
     }
+    std::string line;
     CNolSchedData record;
+    OutlookSettings settings;
 };
+
+inline std::vector<DateTime> Taken(const RunRange& runs, std::size_t most) {
+    std::vector<DateTime> taken;
+    for (auto run = runs.begin(); run != runs.end() && taken.size() < most; ++run) taken.push_back(*run);
+    return taken;
+}
 
 }  // namespace NolSchedCtls::Testing
