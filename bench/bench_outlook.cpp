@@ -110,7 +110,12 @@ int main(int argc, char** argv) {
     }
     MeasureNext("next since today ", kinds.front(), begunToday, holidays);
     claims.push_back({"the next run, hourly, begun in 1990 / begun today", "next since 1990 hourly",
-                      "next since today hourly", 1.5});
+                      "next since today hourly", 2});
+    const auto excluded = RecordOf({"", "W", 1, "N"}, begunLongAgo);
+    excluded->WhichWeekday = 6;
+    Measure("never",
+            [schedule = Schedule(*excluded, holidays)] { benchmark::DoNotOptimize(schedule.StateAt(now)); });
+    claims.push_back({"that a weekly entry on an excluded day never runs", "never", "", 1e5});
     MeasureWeekLoad(holidays);
     claims.push_back({"runs an hour in a week, of 100,000 entries", "week load", "", 5e8});
     return RunClaims(argc, argv, claims);

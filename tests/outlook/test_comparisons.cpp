@@ -33,8 +33,9 @@ Entry RandomEntry(std::mt19937& random) {
     std::ostringstream line;
     line << code << ' ' << 1 + below(code == 'W' ? 52 : 24) << ' ' << below(32) << '/' << below(6) << '/'
          << 1 + below(7) << ' ' << included << ' ' << IsoText(first + below(86400) / 86400.0) << ' '
-         << IsoText(below(2) == 0 ? 50040 : first - 9 + below(below(3) == 0 ? 60 : 11000) + 0.75) << ' '
-         << std::array{60, 60, 15, 90, 1440}[static_cast<std::size_t>(below(5))];
+         << IsoText(below(2) == 0 ? 50040
+                                  : first - 9 + below(below(3) == 0 ? 60 : 11000) + below(86400) / 86400.0)
+         << ' ' << std::array{60, 60, 15, 90, 1440}[static_cast<std::size_t>(below(5))];
     return Entry(line.str());
 }
 
