@@ -58,18 +58,23 @@ std::string Measured(const Claim& claim, double value) {
     return *claim.counter == '\0' ? Duration(value) : Number(value) + claim.unit;
 }
 
+std::string Figure(const Claim& claim) {
+    if (claim.figure == 0) return "";
+    return claim.against.empty() && *claim.counter == '\0' ? Duration(claim.figure) : Number(claim.figure);
+}
+
 void PrintRow(const Claim& claim, Collector& collector) {
     const double ours = collector.Median(claim.ours, claim.counter);
     const bool isRatio = !claim.against.empty();
     const double against = isRatio ? collector.Median(claim.against, claim.counter) : 1;
     const bool isReached = ours / against <= claim.figure;
-    std::printf(
-        "%-8s %-66s %10s %10s %7s %7s\n",
-        claim.figure == 0 ? "report"
-        : isReached       ? "reached"
-                          : "MISSED",
-        claim.work.c_str(), Measured(claim, ours).c_str(), isRatio ? Measured(claim, against).c_str() : "",
-        isRatio ? Number(ours / against).c_str() : "", claim.figure == 0 ? "" : Number(claim.figure).c_str());
+    std::printf("%-8s %-66s %10s %10s %7s %7s\n",
+                claim.figure == 0 ? "report"
+                : isReached       ? "reached"
+                                  : "MISSED",
+                claim.work.c_str(), Measured(claim, ours).c_str(),
+                isRatio ? Measured(claim, against).c_str() : "",
+                isRatio ? Number(ours / against).c_str() : "", Figure(claim).c_str());
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ struct Claim {
     std::string work;
     std::string ours;          // a benchmark
     std::string against = {};  // another one; empty: the figure is absolute
-    double figure = 0;         // at most; 0: there is none, the row only reports
+    double figure = 0;         // at most, a time in nanoseconds; 0: there is none, the row only reports
     const char* counter = "";  // of the benchmarks; empty: their time
     const char* unit = "";     // of the counter
 };

@@ -1,8 +1,9 @@
-# cmake --install: headers under include/NolSchedCtls, both libraries, the package for find_package, and a .pc file.
+# cmake --install: headers under include/NolSchedCtls and include/outlook, the libraries, the package for
+# find_package, and a .pc file of the shared library.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS NolSchedCtls NolSchedCtlsShared EXPORT NolSchedCtls COMPONENT library)
+install(TARGETS NolSchedCtls NolSchedCtlsShared NolSchedOutlook EXPORT NolSchedCtls COMPONENT library)
 install(EXPORT NolSchedCtls
     NAMESPACE NolSchedCtls::
     FILE NolSchedCtlsTargets.cmake
@@ -19,7 +20,8 @@ set(private_headers
     tabs/schedule/schedule_texts.h
     toolkit/date_text.h)
 list(TRANSFORM private_headers PREPEND NolSchedCtls/)
-file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/NolSchedCtls/*.h)
+file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/NolSchedCtls/*.h ${PROJECT_SOURCE_DIR}/outlook/*.h)
 list(REMOVE_ITEM headers ${private_headers})
 foreach(header ${headers})
     cmake_path(GET header PARENT_PATH folder)

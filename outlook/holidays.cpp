@@ -1,0 +1,16 @@
+#include "outlook/holidays.h"
+
+namespace NolSchedCtls {
+
+Holidays::Holidays(const std::vector<DateTime>& days) {
+    std::vector<Day> whole;
+    for (const DateTime day : days) whole.push_back(DayOf(MomentOf(day)));
+    std::sort(whole.begin(), whole.end());
+    sorted = std::make_shared<const std::vector<Day>>(std::move(whole));
+}
+
+bool Holidays::Contain(Day day) const {
+    return sorted && std::binary_search(sorted->begin(), sorted->end(), day);
+}
+
+}  // namespace NolSchedCtls
