@@ -20,8 +20,9 @@ constexpr auto sampleDocuments = std::to_array<TwoTexts>({{"NOL Group", "North C
                                                           {"Scenario", "Busy Hour"},
                                                           {"Scenario", "Drive Test"}});
 
-constexpr auto defaultSettings = std::to_array<TwoTexts>(
-    {{MAppConstants::maxPurgeInterval, "365"}, {MAppConstants::autoPurgeRequired, "N"}});
+constexpr auto defaultSettings = std::to_array<TwoTexts>({{MAppConstants::maxPurgeInterval, "365"},
+                                                          {MAppConstants::autoPurgeRequired, "N"},
+                                                          {periodMinutes, "60"}});
 
 struct Table {
     std::string_view name;
@@ -78,6 +79,8 @@ void RefuseUnlessEmpty(Database& database, const std::vector<Table>& tables) {
     throw StoreError(database.Name() + ": the table " + std::string(missing->name) + " is missing.");
 }
 
+Table HolidayTable() { return {holidayTable, "Day DATE PRIMARY KEY, Name TEXT NOT NULL"}; }
+
 }  // namespace
 
 void PrepareTables(Database& database) {
@@ -92,8 +95,14 @@ void PrepareTables(Database& database) {
     if (AreThere(database, tables)) return;  // another process was faster
     RefuseUnlessEmpty(database, tables);
     for (const Table& table : tables) Make(database, table);
+    Make(database, HolidayTable());
     database.Execute("CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     transaction.Commit();
+}
+
+void MakeHolidayTable(Database& database) {
+    database.LockTableMaking();
+    if (!database.HasTable(holidayTable)) Make(database, HolidayTable());
 }
 
 }  // namespace NolSchedCtls

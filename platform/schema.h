@@ -10,4 +10,12 @@ namespace NolSchedCtls {
 // alone.
 void PrepareTables(Database& database);
 
+// The setting that says how long an hourly entry's period is.
+inline constexpr const char* periodMinutes = "Period Minutes";
+
+inline constexpr std::string_view holidayTable = "NOL_Holiday";
+
+// Where it is not there: a store may be older than holidays. Call inside a transaction.
+void MakeHolidayTable(Database& database);
+
 }  // namespace NolSchedCtls

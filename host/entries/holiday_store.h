@@ -1,0 +1,38 @@
+// The days that a store keeps as holidays: NOL_Holiday.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "NolSchedCtls/base/date_time.h"
+#include "platform/database.h"
+
+namespace NolSchedCtls {
+
+struct Holiday {
+    DateTime day = 0;  // without a time of day
+    std::string name;
+};
+
+// All throw StoreError where the store fails.
+class HolidayStore {
+  public:
+    explicit HolidayStore(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
+
+    // By day. None in a store that was made before there were holidays, until the first is added.
+    std::vector<Holiday> All() const;
+    // Throws RequestError for a day that is one already.
+    void Add(const Holiday& holiday);
+    // Adds those whose days are none yet, all or none of them. Returns how many they were.
+    int Import(const std::vector<Holiday>& holidays);
+    // Throws RequestError for a day that is none.
+    void Delete(DateTime day);
+
+  private:
+    std::string NameOf(const std::string& day) const;
+
+    std::shared_ptr<Database> database;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,24 @@
+// The library of calendar files: it draws in tables of all the world's letters, which most starts do without.
+#pragma once
+
+#include <libical/ical.h>
+
+#include "platform/on_demand.h"
+
+namespace NolSchedCtls::Libical {
+
+#define NOLSCHED_LIBICAL(name) NOLSCHED_ON_DEMAND("libical.so.3", name)
+
+NOLSCHED_LIBICAL(icalcomponent_foreach_recurrence);
+NOLSCHED_LIBICAL(icalcomponent_free);
+NOLSCHED_LIBICAL(icalcomponent_get_dtstart);
+NOLSCHED_LIBICAL(icalcomponent_get_first_component);
+NOLSCHED_LIBICAL(icalcomponent_get_next_component);
+NOLSCHED_LIBICAL(icalcomponent_get_summary);
+NOLSCHED_LIBICAL(icalcomponent_isa);
+NOLSCHED_LIBICAL(icalparser_parse_string);
+NOLSCHED_LIBICAL(icaltime_from_string);
+
+#undef NOLSCHED_LIBICAL
+
+}  // namespace NolSchedCtls::Libical
