@@ -56,7 +56,7 @@ void AddDocumentCommands(CLI::App& app, CommandLine& line) {
 
 }  // namespace
 
-CommandLine ReadCommandLine(const std::vector<std::string>& given) {
+CommandLine ReadCommandLine(const std::vector<std::string>& given, const std::function<void()>& useJson) {
     CommandLine line;
     const auto app = MakeApp("nolsched", "nolsched edits schedule entries by scripts.", line);
     app->add_flag("--json")->description("Says everything as one object a line");
@@ -64,6 +64,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& given) {
     AddEntryCommands(*app, line);
     AddDocumentCommands(*app, line);
     app->footer(footer);
+    if (GivesOption(*app, given, "--json")) useJson();
     ReadArguments(*app, given, line);
     return line;
 }

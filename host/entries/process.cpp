@@ -1,12 +1,27 @@
 #include "host/entries/process.h"
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <ostream>
 
 namespace NolSchedCtls {
+
+void OpenStandardStreams() {
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+        if (fcntl(stream, F_GETFD) >= 0) continue;
+        // Takes the lowest number that is free: this one.
+        if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) _exit(exitStore);
+    }
+}
+
+void Flush(std::ostream& stream, std::string_view name) {
+    if (!stream.flush()) throw OutputError(std::string(name) + ": " + std::strerror(errno));
+}
 
 std::string UserName() {
     const passwd* const user = getpwuid(geteuid());

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "host/entries/process.h"
+#include "host/entries/visible_text.h"
 #include "host/window/appearance.h"
 #include "host/window/main_window.h"
 #include "host/window/options.h"
@@ -19,8 +20,15 @@ bool HasDisplay() {
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+int End(const std::exception& error, ExitStatus status) {
+    std::cerr << "nolsched-editor: " << Visible(error.what()) << '\n';
+    return status;
+}
+
 // Pictures show no boxes: what a tab has to say goes to the terminal.
-void WriteMessage(const Message& message) { std::cerr << message.title << ": " << message.text << '\n'; }
+void WriteMessage(const Message& message) {
+    std::cerr << Visible(message.title) << ": " << Visible(message.text) << '\n';
+}
 
 int RunWindow(Workspace& workspace, const EditorOptions& options) {
     QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
@@ -48,22 +56,26 @@ int RunGuarded(const EditorOptions& options) {
         return Run(options);
     } catch (const std::exception& error) {
         if (options.screenshots.empty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
-        std::cerr << "nolsched-editor: " << error.what() << '\n';
-        return exitStore;
+        return End(error, exitStore);
     }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    OpenStandardStreams();
+    const std::vector<std::string> given(argv + 1, argv + argc);
+    HidePasswords(argc, argv);
     EditorOptions options;
     try {
-        options = ReadOptions({argv + 1, argv + argc});
-    } catch (const std::exception& error) {
-        std::cerr << "nolsched-editor: " << error.what() << '\n';
-        return exitUsage;
+        options = ReadOptions(given);
+        std::cout << options.answer;
+        Flush(std::cout, "standard output");
+    } catch (const UsageError& error) {
+        return End(error, exitUsage);
+    } catch (const OutputError& error) {
+        return End(error, exitStore);
     }
-    std::cout << options.answer;
     if (!options.answer.empty()) return exitDone;
     if (!HasDisplay() && options.screenshots.empty()) {
         std::cerr << "nolsched-editor: there is no display; --screenshots needs none.\n";
@@ -73,7 +85,6 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         QLoggingCategory::setFilterRules(u"default.warning=false"_s);  // what the platform does not support
     }
-    HidePasswords(argc, argv);
     const QApplication application(argc, argv);
     SetAppearance(options.isDark);
     return RunGuarded(options);
