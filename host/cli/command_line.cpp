@@ -15,7 +15,8 @@ constexpr const char* footer =
     "  click TAB.FIELD          type TAB.FIELD TEXT     look [TAB]     valid\n"
     "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    record         save\n"
     "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed\n"
-    "Exit status: 0 done, 1 refused by a tab, 2 a wrong command or script line, 3 the store failed.";
+    "Exit status: 0 done, 1 refused by a tab, 2 a wrong command or script line,\n"
+    "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
 
 CLI::App& AddCommand(CLI::App& app, const std::string& name, const std::string& description) {
     return *app.add_subcommand(name, description)->group("Commands")->footer("");

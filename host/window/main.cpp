@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <QApplication>
 #include <QLoggingCategory>
 #include <QSettings>
@@ -14,11 +16,6 @@
 namespace {
 
 using namespace NolSchedCtls;
-
-bool HasDisplay() {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-}
 
 int End(const std::exception& error, ExitStatus status) {
     std::cerr << "nolsched-editor: " << Visible(error.what()) << '\n';
@@ -46,14 +43,24 @@ int Run(const EditorOptions& options) {
     Workspace workspace(
         {options.address, UserName(), isPictures ? WriteMessage : ShowMessageBox, options.now});
     if (!isPictures) return RunWindow(workspace, options);
-    WriteScreenshots(workspace, ToQt(options.screenshots));
+    const QString folder = ToQt(options.screenshots);
+    options.id ? WriteScreenshots(workspace, folder, *options.id) : WriteScreenshots(workspace, folder);
     return exitDone;
+}
+
+// What is fatal while the application starts is a display that cannot be reached. Returning would abort.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+    if (type != QtFatalMsg) return;
+    std::cerr << "nolsched-editor: there is no display that can be used; --screenshots needs none.\n";
+    _exit(exitUsage);
 }
 
 // A store that cannot be opened is told in a box, where there is a display for one.
 int RunGuarded(const EditorOptions& options) {
     try {
         return Run(options);
+    } catch (const RequestError& error) {
+        return End(error, exitUsage);
     } catch (const std::exception& error) {
         if (options.screenshots.empty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
         return End(error, exitStore);
@@ -77,15 +84,14 @@ int main(int argc, char** argv) {
         return End(error, exitStore);
     }
     if (!options.answer.empty()) return exitDone;
-    if (!HasDisplay() && options.screenshots.empty()) {
-        std::cerr << "nolsched-editor: there is no display; --screenshots needs none.\n";
-        return exitUsage;
-    }
-    if (!HasDisplay()) {
+    // Pictures are the same everywhere and need no display. QT_LOGGING_RULES shows what is meant for
+    // developers.
+    if (!options.screenshots.empty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        QLoggingCategory::setFilterRules(u"default.warning=false"_s);  // what the platform does not support
-    }
+    QLoggingCategory::setFilterRules(u"*.warning=false"_s);
+    const auto formerHandler = qInstallMessageHandler(EndWithoutDisplay);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(formerHandler);
     SetAppearance(options.isDark);
     return RunGuarded(options);
 }
