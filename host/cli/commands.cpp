@@ -32,7 +32,8 @@ int RunScript(const Run& run, EntrySession& session) {
         return script.Run(run.terminal.in, run.terminal.isInteractive ? &run.terminal.err : nullptr);
     std::ifstream lines(file);
     if (!lines)
-        throw UsageError("The script " + Quoted(file) + " cannot be read: " + std::strerror(errno) + ".");
+        throw UsageError("The script " + Quoted(WithoutPassword(file)) +
+                         " cannot be read: " + std::strerror(errno) + ".");
     return script.Run(lines, nullptr);
 }
 

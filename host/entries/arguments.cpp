@@ -7,6 +7,7 @@
 #include <set>
 
 #include "NolSchedCtls/base/text.h"
+#include "host/entries/process.h"
 
 namespace NolSchedCtls {
 
@@ -70,19 +71,22 @@ std::vector<std::string> OptionsOf(const CLI::App& app, const CLI::App& chosen) 
     return {names.begin(), names.end()};
 }
 
+std::string Told(const std::string& argument) { return Quoted(WithoutPassword(argument)); }
+
 [[noreturn]] void RefuseOption(const CLI::App& app, const std::string& option) {
     if (const auto* owner = OwnerOf(app, option))
         throw UsageError("The option " + option + " belongs to " + PathOf(*owner) + " and stands after it.");
-    throw UsageError("There is no option " + Quoted(option) +
+    throw UsageError("There is no option " + Told(option) +
                      (option.starts_with("--") ? Offered(option, OptionsOf(app, ChosenOf(app)))
                                                : "; a text that begins with \"-\" stands after \"--\"."));
 }
 
 [[noreturn]] void RefuseWord(const CLI::App& chosen, const std::string& word) {
     const auto commands = CommandsOf(chosen);
-    if (commands.empty()) throw UsageError(PathOf(chosen) + " does not take " + Quoted(word) + ".");
+    if (commands.empty()) throw UsageError(PathOf(chosen) + " does not take " + Told(word) + ".");
     const std::string above = chosen.get_parent() == nullptr ? "" : PathOf(chosen) + ' ';
-    throw UsageError("There is no command " + Quoted(above + word) + Offered(word, commands));
+    throw UsageError("There is no command " + Quoted(above + WithoutPassword(word)) +
+                     Offered(word, commands));
 }
 
 void RefuseExtras(const CLI::App& app) {
@@ -136,7 +140,7 @@ std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::st
     for (std::size_t i = 0; i < given.size(); ++i) {
         const std::string& argument = given[i];
         if (!utf8::is_valid(argument))
-            throw UsageError("The argument " + Quoted(argument) + " is not valid UTF-8.");
+            throw UsageError("The argument " + Told(argument) + " is not valid UTF-8.");
         const std::string name = argument.substr(0, argument.find('='));
         const bool isEmptied = places[i] && argument.starts_with("--") && argument == name + '=' &&
                                OwnerOf(app, name) != nullptr;
@@ -177,7 +181,7 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description) {
     const auto take = [&app, &id](const std::string& text) {
         id = ParseWhole(text);
-        if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Quoted(text) + ".");
+        if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Told(text) + ".");
     };
     return app.add_option_function<std::string>("ID", take, description)->type_name("");
 }

@@ -27,6 +27,9 @@ void Flush(std::ostream& stream, std::string_view name);
 // The name of the user that the process runs for; saves bear it.
 std::string UserName();
 
+// An argument as it may be told: of the address of a store without password and parameters, the letters
+// replaced by "x".
+std::string WithoutPassword(std::string argument);
 // Overwrites the passwords of store addresses in the process's arguments, which other users can read. Read
 // the arguments before.
 void HidePasswords(int argc, char** argv);
