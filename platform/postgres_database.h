@@ -5,7 +5,8 @@
 
 namespace NolSchedCtls {
 
-// Also of one that no server can have: it never becomes a file's name.
+// Also of one that no server can have: what looks like an address, with a password perhaps, never becomes a
+// file's name. A path that begins with "/" or "." is none.
 bool IsServerAddress(std::string_view address);
 // Throws StoreError for what is no address of a server, without the address: it may hold a password. A
 // connection that breaks is opened anew when no transaction is open.

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <iomanip>
-#include <iostream>
+#include <ostream>
+#include <sstream>
 #include <stdexcept>
 
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/study_kinds.h"
+#include "host/entries/process.h"
+#include "host/entries/visible_text.h"
 
 namespace NolSchedCtls {
 
@@ -16,30 +18,33 @@ namespace {
 
 using Write = void (*)(std::ostream&, const Json&);
 
+std::string Dumped(const Json& value) {
+    return WithoutControls(value.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
 std::string TextOf(const Json& value) {
     if (value.is_null()) return "-";
-    if (value.is_string()) return value.get<std::string>();
-    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return value.is_string() ? Visible(value.get<std::string>()) : Dumped(value);
 }
+
+std::string Cell(const Json& value, std::size_t width) { return Padded(TextOf(value), width); }
 
 // Line breaks of a box, so that each line stands under the first.
 void WriteMessage(std::ostream& stream, const Json& answer) {
     const Json& message = answer.at("message");
     const std::string head =
         TextOf(message.at("title")) + (message.at("flags") == 48 ? " (!): " : " (stop): ");
-    stream << head;
-    for (const char letter : TextOf(message.at("text"))) {
-        if (letter == '\r') continue;
-        stream << letter;
-        if (letter == '\n') stream << std::string(head.size(), ' ');
+    std::istringstream lines(message.at("text").get<std::string>());
+    std::string indent = head;
+    for (std::string line; std::getline(lines, line); indent.assign(head.size(), ' ')) {
+        if (line.ends_with('\r')) line.pop_back();
+        stream << indent << Visible(line) << '\n';
     }
-    stream << '\n';
 }
 
 // "  name              kind        details", hidden and disabled fields marked.
 void WriteField(std::ostream& stream, const Json& field) {
-    stream << "  " << std::left << std::setw(20) << TextOf(field.at("name")) << std::setw(10)
-           << TextOf(field.at("kind"));
+    stream << "  " << Cell(field.at("name"), 20) << Cell(field.at("kind"), 10);
     std::string details;
     for (const auto& [key, value] : field.items()) {
         if (key == "name" || key == "kind" || key == "visible" || key == "enabled" || key == "entries")
@@ -68,9 +73,9 @@ void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
 
 void WriteRecord(std::ostream& stream, const Json& answer) {
     for (const auto& [key, value] : answer.at("record").items())
-        stream << std::left << std::setw(20) << key << TextOf(value) << '\n';
+        stream << Padded(key, 20) << TextOf(value) << '\n';
     if (answer.contains("sentence"))
-        stream << std::left << std::setw(20) << "sentence" << TextOf(answer.at("sentence")) << '\n';
+        stream << Padded("sentence", 20) << TextOf(answer.at("sentence")) << '\n';
     if (answer.contains("overrides")) WriteRows(stream, answer.at("overrides"), "override");
     if (answer.contains("rows")) WriteRows(stream, answer.at("rows"), "row");
 }
@@ -95,16 +100,15 @@ void WriteSaved(std::ostream& stream, const Json& answer) {
 void WriteEntry(std::ostream& stream, const Json& answer) {
     const Json& entry = answer.at("entry");
     const std::string overrides = Joined(entry.at("overrides"), TextOf);
-    stream << std::left << std::setw(5) << TextOf(entry.at("Id")) << ' ' << std::setw(22)
-           << TextOf(entry.at("EditorName")) << ' ' << std::setw(14) << TextOf(entry.at("group")) << ' '
-           << std::setw(overrides.empty() ? 0 : 50) << TextOf(entry.at("sentence"))
+    stream << Cell(entry.at("Id"), 5) << ' ' << Cell(entry.at("EditorName"), 22) << ' '
+           << Cell(entry.at("group"), 14) << ' ' << Cell(entry.at("sentence"), overrides.empty() ? 0 : 50)
            << (overrides.empty() ? "" : " " + overrides) << '\n';
 }
 
 void WriteDocument(std::ostream& stream, const Json& answer) {
     const Json& document = answer.at("document");
-    stream << std::left << std::setw(6) << TextOf(document.at("Id")) << std::setw(12)
-           << TextOf(document.at("Type")) << TextOf(document.at("Name")) << '\n';
+    stream << Cell(document.at("Id"), 6) << Cell(document.at("Type"), 12) << TextOf(document.at("Name"))
+           << '\n';
 }
 
 // "key: value" for an answer of one value.
@@ -159,10 +163,6 @@ Json OverrideJson(const CNolOverride& item) {
 }  // namespace
 
 void Answers::Tell(const Json& answer) {
-    if (isJson) {
-        out << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
-        return;
-    }
     static constexpr std::array answerKinds = {
         AnswerKind{"message", true, WriteMessage},       AnswerKind{beep, true, WriteValue<beep>},
         AnswerKind{shown, true, WriteValue<shown>},      AnswerKind{failure, true, WriteValue<failure>},
@@ -175,10 +175,17 @@ void Answers::Tell(const Json& answer) {
     const auto& key = answer.begin().key();
     const auto* const kind = std::ranges::find(answerKinds, key, &AnswerKind::key);
     if (kind == answerKinds.end()) throw std::logic_error("There is no text for the answer " + key + ".");
-    std::ostream& stream = kind->isMessage ? err : out;
-    kind->write(stream, answer);
-    stream.flush();
+    // What fails after the output has failed is told beside it.
+    const bool isToErr = isJson ? !out : kind->isMessage;
+    std::ostream& stream = isToErr ? err : out;
+    if (isJson)
+        stream << Dumped(answer) << '\n';
+    else
+        kind->write(stream, answer);
+    Flush(stream, isToErr ? "standard error" : "standard output");
 }
+
+bool Answers::IsLost() const { return !err; }
 
 Json JsonOf(const LintelValue& value) { return std::visit(ToJson{}, value); }
 

@@ -21,8 +21,11 @@ class Answers {
     // One object a line, everything to the output; else text, with messages to the error stream.
     void UseJson() { isJson = true; }
 
-    // The first key tells the kind of answer.
+    // The first key tells the kind of answer. Throws OutputError.
     void Tell(const Json& answer);
+
+    // Nothing can be told any more.
+    bool IsLost() const;
 
   private:
     std::ostream& out;

@@ -15,7 +15,8 @@ constexpr const char* footer =
     "  click TAB.FIELD          type TAB.FIELD TEXT     look [TAB]     valid\n"
     "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    record         save\n"
     "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed\n"
-    "Exit status: 0 done, 1 refused by a tab, 2 a wrong command or script line, 3 the store failed.";
+    "Exit status: 0 done, 1 refused by a tab, 2 a wrong command or script line,\n"
+    "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
 
 CLI::App& AddCommand(CLI::App& app, const std::string& name, const std::string& description) {
     return *app.add_subcommand(name, description)->group("Commands")->footer("");
@@ -56,7 +57,7 @@ void AddDocumentCommands(CLI::App& app, CommandLine& line) {
 
 }  // namespace
 
-CommandLine ReadCommandLine(const std::vector<std::string>& given) {
+CommandLine ReadCommandLine(const std::vector<std::string>& given, const std::function<void()>& useJson) {
     CommandLine line;
     const auto app = MakeApp("nolsched", "nolsched edits schedule entries by scripts.", line);
     app->add_flag("--json")->description("Says everything as one object a line");
@@ -64,6 +65,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& given) {
     AddEntryCommands(*app, line);
     AddDocumentCommands(*app, line);
     app->footer(footer);
+    if (GivesOption(*app, given, "--json")) useJson();
     ReadArguments(*app, given, line);
     return line;
 }

@@ -16,7 +16,7 @@ struct CommandLine : HostArguments {
     bool isImmediate = false;
 };
 
-// Throws UsageError.
-CommandLine ReadCommandLine(const std::vector<std::string>& given);
+// Throws UsageError; before that, calls useJson if the line asks for it.
+CommandLine ReadCommandLine(const std::vector<std::string>& given, const std::function<void()>& useJson);
 
 }  // namespace NolSchedCtls

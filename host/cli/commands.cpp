@@ -1,6 +1,7 @@
 #include "host/cli/commands.h"
 
-#include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <limits>
 #include <ostream>
@@ -30,7 +31,9 @@ int RunScript(const Run& run, EntrySession& session) {
     if (file == "-")
         return script.Run(run.terminal.in, run.terminal.isInteractive ? &run.terminal.err : nullptr);
     std::ifstream lines(file);
-    if (!lines) throw UsageError("The script " + Quoted(file) + " cannot be read.");
+    if (!lines)
+        throw UsageError("The script " + Quoted(WithoutPassword(file)) +
+                         " cannot be read: " + std::strerror(errno) + ".");
     return script.Run(lines, nullptr);
 }
 
@@ -144,9 +147,12 @@ int RunCommand(const Run& run) {
 }
 
 int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answers& answers) {
-    const CommandLine line = ReadCommandLine(arguments);
-    terminal.out << line.answer;
-    if (!line.answer.empty()) return exitDone;
+    const CommandLine line = ReadCommandLine(arguments, [&answers] { answers.UseJson(); });
+    if (!line.answer.empty()) {
+        terminal.out << line.answer;
+        Flush(terminal.out, "standard output");
+        return exitDone;
+    }
     const auto showMessage = [&answers](const Message& message) {
         answers.Tell(
             {{"message", {{"text", message.text}, {"flags", message.flags}, {"title", message.title}}}});
@@ -155,22 +161,28 @@ int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answe
     return RunCommand({line, terminal, answers, workspace});
 }
 
+// How a run ends that has failed; the status alone, if that cannot be told either.
+int End(Answers& answers, const char* kind, const std::exception& error, ExitStatus status) {
+    try {
+        answers.Tell({{kind, error.what()}});
+        return status;
+    } catch (const OutputError& lost) {
+        return answers.IsLost() ? status : End(answers, "failure", lost, exitStore);
+    }
+}
+
 }  // namespace
 
 int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
     Answers answers(terminal.out, terminal.err);
-    if (std::find(arguments.begin(), arguments.end(), "--json") != arguments.end()) answers.UseJson();
     try {
         return RunLine(arguments, terminal, answers);
     } catch (const UsageError& error) {
-        answers.Tell({{"error", error.what()}});
-        return exitUsage;
+        return End(answers, "error", error, exitUsage);
     } catch (const RequestError& error) {
-        answers.Tell({{"error", error.what()}});
-        return exitUsage;
+        return End(answers, "error", error, exitUsage);
     } catch (const std::exception& error) {
-        answers.Tell({{"failure", error.what()}});
-        return exitStore;
+        return End(answers, "failure", error, exitStore);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "host/cli/script.h"
 
+#include <cerrno>
+#include <cstring>
 #include <istream>
 #include <ostream>
 
@@ -10,6 +12,7 @@ namespace NolSchedCtls {
 
 namespace {
 
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view blanks = " \t";
 
 // The word at the front, taken off together with one blank after it: what follows is text as it stands.
@@ -28,6 +31,18 @@ std::string_view WithoutLeadingBlanks(std::string_view line) {
 bool IsEmptyOrComment(std::string_view line) {
     line = WithoutLeadingBlanks(line);
     return line.empty() || line.starts_with('#');
+}
+
+// False at the end; a line that breaks off, since the rest cannot be read, is none.
+bool NextLine(std::istream& lines, std::ostream* prompt, std::string& line) {
+    if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
+    if (std::getline(lines, line)) {
+        if (line.ends_with('\r')) line.pop_back();
+        return true;
+    }
+    if (lines.bad())
+        throw UsageError("The script cannot be read: " + std::string(std::strerror(errno)) + ".");
+    return false;
 }
 
 void RefuseRest(std::string_view verb, std::string_view rest) {
@@ -50,18 +65,20 @@ Script::Script(EntrySession& sessionA, Answers& answersA) : session(sessionA), a
 
 int Script::Run(std::istream& lines, std::ostream* prompt) {
     std::string line;
-    for (int number = 1;; ++number) {
-        if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
-        if (!std::getline(lines, line)) return verdict;
-        if (line.ends_with('\r')) line.pop_back();
+    for (int number = 1; NextLine(lines, prompt, line); ++number) {
+        if (number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
         try {
             Line(line);
         } catch (const UsageError& error) {
             const std::string told = "line " + std::to_string(number) + ": " + error.what();
             if (prompt == nullptr) throw UsageError(told);
             answers.Tell({{"error", told}});
+        } catch (const NolSchedError& error) {
+            if (prompt == nullptr) throw;
+            answers.Tell({{"failure", error.what()}});
         }
     }
+    return verdict;
 }
 
 void Script::Line(std::string_view line) {
@@ -128,21 +145,27 @@ void Script::Look(std::string_view rest) {
 void Script::ShowRecord() { answers.Tell(JsonOf(session.Record())); }
 void Script::ShowChanged() { answers.Tell({{"changed", session.Changes()}}); }
 
+// After a save that failed, the next save alone can tell otherwise.
+void Script::Judge(ExitStatus judged) {
+    if (verdict != exitStore) verdict = judged;
+}
+
 void Script::Refuse(const Page& page) {
     const ViewField* const focus = page.tab->FocusedField();
-    verdict = exitRefused;
+    Judge(exitRefused);
     answers.Tell({{"valid", false},
                   {"tab", page.name},
                   {"focus", focus == nullptr ? Json(nullptr) : Json(focus->Name())}});
 }
 
 void Script::Valid() {
-    verdict = exitDone;
+    Judge(exitDone);
     if (const Page* refusal = session.FirstRefusal()) return Refuse(*refusal);
     answers.Tell({{"valid", true}});
 }
 
 void Script::Save() {
+    verdict = exitStore;  // if it throws
     const Page* const refusal = session.Save().refusedBy;
     verdict = exitDone;
     if (refusal == nullptr) return answers.Tell({{"saved", true}, {"Id", session.Record().Id}});

@@ -16,13 +16,13 @@ class Script {
     Script(EntrySession& sessionA, Answers& answersA);
 
     // Runs to the end of the lines. Throws UsageError, with the line's number, for the first line that a user
-    // could not carry out, and what a save throws. At a terminal a wrong line is told and the next is asked
-    // for. Gives the verdict.
+    // could not carry out, and for lines that cannot be read; and what a save throws. At a terminal a wrong
+    // line and a failed save are told, and the next line is asked for. Gives the verdict.
     int Run(std::istream& lines, std::ostream* prompt);
     // Saves the entry and answers so, or answers which tab refused and makes the verdict exitRefused. Throws
     // what the session's Save throws.
     void Save();
-    // exitDone or exitRefused by the last `valid` or `save`.
+    // exitDone or exitRefused by the last `valid` or `save`; exitStore after a save that failed.
     int Verdict() const { return verdict; }
 
   private:
@@ -34,6 +34,7 @@ class Script {
     void Valid();
     void LookAt(const Page& page);
     const Page& PageNamed(std::string_view name) const;
+    void Judge(ExitStatus judged);
     void Refuse(const Page& page);
 
     EntrySession& session;

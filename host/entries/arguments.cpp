@@ -7,6 +7,7 @@
 #include <set>
 
 #include "NolSchedCtls/base/text.h"
+#include "host/entries/process.h"
 
 namespace NolSchedCtls {
 
@@ -70,19 +71,22 @@ std::vector<std::string> OptionsOf(const CLI::App& app, const CLI::App& chosen) 
     return {names.begin(), names.end()};
 }
 
+std::string Told(const std::string& argument) { return Quoted(WithoutPassword(argument)); }
+
 [[noreturn]] void RefuseOption(const CLI::App& app, const std::string& option) {
     if (const auto* owner = OwnerOf(app, option))
         throw UsageError("The option " + option + " belongs to " + PathOf(*owner) + " and stands after it.");
-    throw UsageError("There is no option " + Quoted(option) +
+    throw UsageError("There is no option " + Told(option) +
                      (option.starts_with("--") ? Offered(option, OptionsOf(app, ChosenOf(app)))
                                                : "; a text that begins with \"-\" stands after \"--\"."));
 }
 
 [[noreturn]] void RefuseWord(const CLI::App& chosen, const std::string& word) {
     const auto commands = CommandsOf(chosen);
-    if (commands.empty()) throw UsageError(PathOf(chosen) + " does not take " + Quoted(word) + ".");
+    if (commands.empty()) throw UsageError(PathOf(chosen) + " does not take " + Told(word) + ".");
     const std::string above = chosen.get_parent() == nullptr ? "" : PathOf(chosen) + ' ';
-    throw UsageError("There is no command " + Quoted(above + word) + Offered(word, commands));
+    throw UsageError("There is no command " + Quoted(above + WithoutPassword(word)) +
+                     Offered(word, commands));
 }
 
 void RefuseExtras(const CLI::App& app) {
@@ -107,25 +111,43 @@ bool TakesText(const CLI::App& app, const std::string& option) {
     return owner != nullptr && owner->get_option_no_throw(option)->get_items_expected_max() > 0;
 }
 
+DateTime ReadNow(const std::string& text) {
+    const DateTime now =
+        Explained<UsageError>([&] { return ParseIso(text); }, [] { return std::string("--now: "); });
+    if (now == 0)
+        throw UsageError("--now: " + text + " stands for \"no date\" and can be no time of the clock.");
+    return now;
+}
+
+// Which of the arguments may be options, rather than the text of one or a text after "--".
+std::vector<bool> OptionPlaces(const CLI::App& app, const std::vector<std::string>& given) {
+    std::vector<bool> places;
+    bool isText = false;
+    bool isEnded = false;
+    for (const auto& argument : given) {
+        places.push_back(!isText && !isEnded);
+        isEnded = isEnded || (!isText && argument == "--");
+        isText = places.back() && argument.starts_with("--") && TakesText(app, argument);
+    }
+    return places;
+}
+
 // From the last to the first, as the parser takes them, and none with its text left out after "=": the
 // parser would take the next argument for it. A "++" among them would end a command without a word.
 std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::string>& given) {
     std::vector<std::string> reversed;
-    bool isText = false;  // what follows an option, or "--"
-    bool isEnded = false;
-    for (const auto& argument : given) {
+    const std::vector<bool> places = OptionPlaces(app, given);
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        const std::string& argument = given[i];
         if (!utf8::is_valid(argument))
-            throw UsageError("The argument " + Quoted(argument) + " is not valid UTF-8.");
+            throw UsageError("The argument " + Told(argument) + " is not valid UTF-8.");
         const std::string name = argument.substr(0, argument.find('='));
-        const bool isKnown = !isText && !isEnded && name.starts_with("--") && OwnerOf(app, name) != nullptr;
-        const bool isOption = isKnown && TakesText(app, name);
-        const bool isEmptied = isKnown && argument == name + '=';
-        if (isEmptied && !isOption) throw UsageError("The option " + name + " takes no text.");
-        if (argument == "++" && !isText && !isEnded) throw UsageError("The text \"++\" stands after \"--\".");
+        const bool isEmptied = places[i] && argument.starts_with("--") && argument == name + '=' &&
+                               OwnerOf(app, name) != nullptr;
+        if (isEmptied && !TakesText(app, name)) throw UsageError("The option " + name + " takes no text.");
+        if (places[i] && argument == "++") throw UsageError("The text \"++\" stands after \"--\".");
         reversed.push_back(isEmptied ? name : argument);
         if (isEmptied) reversed.emplace_back();
-        isEnded = isEnded || (!isText && argument == "--");
-        isText = isOption && name == argument;
     }
     std::ranges::reverse(reversed);
     return reversed;
@@ -150,11 +172,7 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
         ->type_name("DB");
     app->add_option_function<std::string>(
            "--now",
-           [&arguments](const std::string& text) {
-               const DateTime now = Explained<UsageError>([&] { return ParseIso(text); },
-                                                          [] { return std::string("--now: "); });
-               arguments.now = [now] { return now; };
-           },
+           [&arguments](const std::string& text) { arguments.now = [now = ReadNow(text)] { return now; }; },
            "Sets the clock: YYYY-MM-DDTHH:MM")
         ->type_name("TIME");
     return app;
@@ -163,9 +181,16 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description) {
     const auto take = [&app, &id](const std::string& text) {
         id = ParseWhole(text);
-        if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Quoted(text) + ".");
+        if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Told(text) + ".");
     };
     return app.add_option_function<std::string>("ID", take, description)->type_name("");
+}
+
+bool GivesOption(const CLI::App& app, const std::vector<std::string>& given, std::string_view option) {
+    const std::vector<bool> places = OptionPlaces(app, given);
+    for (std::size_t i = 0; i < given.size(); ++i)
+        if (places[i] && given[i] == option) return true;
+    return false;
 }
 
 void ReadArguments(CLI::App& app, const std::vector<std::string>& given, HostArguments& arguments) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NolSchedCtls/base/date_time.h"
@@ -35,6 +36,10 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
                                   HostArguments& arguments);
 // The place ID.
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description);
+
+// Whether the option stands among the arguments, and not as the text of another. Never throws: how a wrong
+// line is to be refused must be known first.
+bool GivesOption(const CLI::App& app, const std::vector<std::string>& given, std::string_view option);
 
 // Options stand as "--name TEXT" or "--name=TEXT"; those of a command after it, the others anywhere. A text
 // that begins with "-" stands after its option or after "--". Throws UsageError that names what is not known,

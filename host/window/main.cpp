@@ -1,9 +1,12 @@
+#include <unistd.h>
+
 #include <QApplication>
 #include <QLoggingCategory>
 #include <QSettings>
 #include <iostream>
 
 #include "host/entries/process.h"
+#include "host/entries/visible_text.h"
 #include "host/window/appearance.h"
 #include "host/window/main_window.h"
 #include "host/window/options.h"
@@ -14,13 +17,15 @@ namespace {
 
 using namespace NolSchedCtls;
 
-bool HasDisplay() {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+int End(const std::exception& error, ExitStatus status) {
+    std::cerr << "nolsched-editor: " << Visible(error.what()) << '\n';
+    return status;
 }
 
 // Pictures show no boxes: what a tab has to say goes to the terminal.
-void WriteMessage(const Message& message) { std::cerr << message.title << ": " << message.text << '\n'; }
+void WriteMessage(const Message& message) {
+    std::cerr << Visible(message.title) << ": " << Visible(message.text) << '\n';
+}
 
 int RunWindow(Workspace& workspace, const EditorOptions& options) {
     QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
@@ -37,43 +42,55 @@ int Run(const EditorOptions& options) {
     const bool isPictures = !options.screenshots.empty();
     Workspace workspace({options.address, {}, isPictures ? WriteMessage : ShowMessageBox, options.now});
     if (!isPictures) return RunWindow(workspace, options);
-    WriteScreenshots(workspace, ToQt(options.screenshots));
+    const QString folder = ToQt(options.screenshots);
+    options.id ? WriteScreenshots(workspace, folder, *options.id) : WriteScreenshots(workspace, folder);
     return exitDone;
+}
+
+// What is fatal while the application starts is a display that cannot be reached. Returning would abort.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+    if (type != QtFatalMsg) return;
+    std::cerr << "nolsched-editor: there is no display that can be used; --screenshots needs none.\n";
+    _exit(exitUsage);
 }
 
 // A store that cannot be opened is told in a box, where there is a display for one.
 int RunGuarded(const EditorOptions& options) {
     try {
         return Run(options);
+    } catch (const RequestError& error) {
+        return End(error, exitUsage);
     } catch (const std::exception& error) {
         if (options.screenshots.empty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
-        std::cerr << "nolsched-editor: " << error.what() << '\n';
-        return exitStore;
+        return End(error, exitStore);
     }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    OpenStandardStreams();
+    const std::vector<std::string> given(argv + 1, argv + argc);
+    HidePasswords(argc, argv);
     EditorOptions options;
     try {
-        options = ReadOptions({argv + 1, argv + argc});
-    } catch (const std::exception& error) {
-        std::cerr << "nolsched-editor: " << error.what() << '\n';
-        return exitUsage;
+        options = ReadOptions(given);
+        std::cout << options.answer;
+        Flush(std::cout, "standard output");
+    } catch (const UsageError& error) {
+        return End(error, exitUsage);
+    } catch (const OutputError& error) {
+        return End(error, exitStore);
     }
-    std::cout << options.answer;
     if (!options.answer.empty()) return exitDone;
-    if (!HasDisplay() && options.screenshots.empty()) {
-        std::cerr << "nolsched-editor: there is no display; --screenshots needs none.\n";
-        return exitUsage;
-    }
-    if (!HasDisplay()) {
+    // Pictures are the same everywhere and need no display. QT_LOGGING_RULES shows what is meant for
+    // developers.
+    if (!options.screenshots.empty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        QLoggingCategory::setFilterRules(u"default.warning=false"_s);  // what the platform does not support
-    }
-    HidePasswords(argc, argv);
+    QLoggingCategory::setFilterRules(u"*.warning=false"_s);
+    const auto formerHandler = qInstallMessageHandler(EndWithoutDisplay);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(formerHandler);
     SetAppearance(options.isDark);
     return RunGuarded(options);
 }

@@ -1,9 +1,14 @@
 #include "host/window/screenshots.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
@@ -91,13 +96,30 @@ void TakeFocusAway() {
     if (focused != nullptr) focused->clearFocus();
 }
 
-void Write(QWidget& window, const QString& folder, const char* file) {
+// To a fresh file. False, and errno, if that fails.
+bool Write(const QByteArray& bytes, const QByteArray& path) {
+    std::FILE* const file = std::fopen(path.constData(), "wbx");
+    if (file == nullptr) return false;
+    const auto size = static_cast<std::size_t>(bytes.size());
+    const bool isWritten = std::fwrite(bytes.constData(), 1, size, file) == size;
+    return std::fclose(file) == 0 && isWritten;
+}
+
+// The fresh file takes the name: a link that bears it is not written through.
+void Write(QWidget& window, const QString& folder, std::string_view name) {
     window.show();
     QApplication::processEvents();
     TakeFocusAway();
-    const QString path = QDir(folder).filePath(QString::fromUtf8(file) + u".png"_s);
-    if (!window.grab().save(path))
-        throw NolSchedError("The picture " + Quoted(path.toStdString()) + " cannot be written.");
+    QBuffer picture;  // the writer of pictures tells no reason, and adds lines of its own
+    window.grab().save(&picture, "PNG");
+    const QByteArray path = QFile::encodeName(QDir(folder).filePath(ToQt(name) + u".png"_s));
+    const QByteArray fresh = path + ".part";
+    std::remove(fresh.constData());
+    if (Write(picture.data(), fresh) && std::rename(fresh.constData(), path.constData()) == 0) return;
+    const int trouble = errno;
+    std::remove(fresh.constData());
+    throw NolSchedError("The picture " + Quoted(path.toStdString()) +
+                        " cannot be written: " + std::strerror(trouble) + ".");
 }
 
 void WriteShot(Workspace& workspace, const QString& folder, const Shot& shot, std::int32_t groupId) {
@@ -111,11 +133,26 @@ void WriteShot(Workspace& workspace, const QString& folder, const Shot& shot, st
     editor.hide();
 }
 
-}  // namespace
-
-void WriteScreenshots(Workspace& workspace, const QString& folder) {
+void Make(const QString& folder) {
     if (!QDir().mkpath(folder))
         throw NolSchedError("The folder " + Quoted(folder.toStdString()) + " cannot be made.");
+}
+
+}  // namespace
+
+void WriteScreenshots(Workspace& workspace, const QString& folder, std::int32_t id) {
+    EntryEditor editor(std::make_unique<EntrySession>(workspace, id), {});
+    editor.setAttribute(Qt::WA_DeleteOnClose, false);
+    Make(folder);
+    for (const Page& page : editor.Session().Pages()) {
+        editor.ShowPage(page.name);
+        Write(editor, folder, page.name);
+    }
+    editor.hide();
+}
+
+void WriteScreenshots(Workspace& workspace, const QString& folder) {
+    Make(folder);
     const auto groups = CaddisStore().DocumentsOfType(DocumentTypes().TypeByName(MAppConstants::nolGroup));
     for (const Shot& shot : shots)
         WriteShot(workspace, folder, shot, groups.empty() ? 0 : groups.front()->Id);

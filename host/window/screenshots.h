@@ -7,8 +7,10 @@
 
 namespace NolSchedCtls {
 
-// Writes list.png and a picture of each page in each state worth one. Nothing in the store changes. Raises
-// NolSchedError for a file that cannot be written.
+// Writes list.png and a picture of each page in each state worth one. Nothing in the store changes. Throws
+// NolSchedError for a file that cannot be written, which then stands as it was.
 void WriteScreenshots(Workspace& workspace, const QString& folder);
+// Writes a picture of each page of a stored entry. Throws RequestError, too.
+void WriteScreenshots(Workspace& workspace, const QString& folder, std::int32_t id);
 
 }  // namespace NolSchedCtls

@@ -1,0 +1,17 @@
+// How texts of users stand in lines that a terminal shows.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace NolSchedCtls {
+
+// With what would move the cursor, command the terminal or turn the direction of writing as "\n", "\r", "\t",
+// "\x1b" or "\u202e", and bytes that are no UTF-8 as "\xff"; all else as it stands.
+std::string WithoutControls(std::string_view text);
+// That, with each backslash doubled before: no two texts look alike.
+std::string Visible(std::string_view text);
+// With blanks after it up to so many characters.
+std::string Padded(std::string text, std::size_t width);
+
+}  // namespace NolSchedCtls
