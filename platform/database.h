@@ -79,6 +79,12 @@ class Database {
     // Inside a transaction: waits until no other connection is making tables.
     virtual void LockTableMaking() = 0;
 
+    // Inside a transaction: tells whoever listens of one change, once it is committed.
+    virtual void Announce(const std::string& change) = 0;
+    // Whether another connection may have changed the store since the last call; a server tells of what was
+    // announced. True at the first call, and after the connection was lost. Costs next to nothing.
+    virtual bool HearsChange() = 0;
+
     // Every statement passes here before it is sent; a handler that throws makes it fail.
     Event<std::string_view> Statement;
     // Asked again and again while the store makes a statement wait; false gives the statement up, which then

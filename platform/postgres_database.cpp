@@ -40,6 +40,7 @@ struct Close {
     void operator()(PGcancel* cancel) const { PQfreeCancel(cancel); }
     void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
     void operator()(char* text) const { PQfreemem(text); }
+    void operator()(PGnotify* notification) const { PQfreemem(notification); }
 };
 using Result = std::unique_ptr<PGresult, Close>;
 
@@ -176,6 +177,10 @@ class PostgresDatabase : public Database {
     }
     // Under any number that we alone use.
     void LockTableMaking() override { Execute("SELECT pg_advisory_xact_lock(1852795755)"); }
+    void Announce(const std::string& change) override {
+        Execute("NOTIFY nol_schedule, " + QuotedText(change));
+    }
+    bool HearsChange() override;
 
   private:
     std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
@@ -193,6 +198,7 @@ class PostgresDatabase : public Database {
         if (IsFailure(result.get())) FailBy(result.get(), {});
     }
     void Reopen() {
+        isListening = false;
         PQreset(connection.get());
         Prepare();
     }
@@ -203,6 +209,7 @@ class PostgresDatabase : public Database {
     [[noreturn]] void FailBy(const PGresult* result, std::string_view statement) const;
 
     std::unique_ptr<PGconn, Close> connection;
+    bool isListening = false;
 };
 
 void PostgresDatabase::FailBy(const PGresult* result, std::string_view statement) const {
@@ -230,6 +237,17 @@ void PostgresDatabase::Await(bool mayGiveUp) {
         }
         if (PQconsumeInput(connection.get()) == 0) return;
     }
+}
+
+// What was announced before the LISTEN is not heard: then anything may have changed.
+bool PostgresDatabase::HearsChange() {
+    if (PQconsumeInput(connection.get()) == 0 || IsBroken()) Reopen();
+    bool isHeard = !isListening;
+    if (!isListening) Execute("LISTEN nol_schedule");
+    isListening = true;
+    while (const std::unique_ptr<PGnotify, Close> change{PQnotifies(connection.get())})
+        isHeard = isHeard || change->be_pid != PQbackendPID(connection.get());
+    return isHeard;
 }
 
 // Not prepared beforehand: another session may alter a table, and a prepared "SELECT *" would fail from then

@@ -3,12 +3,17 @@
 #include <iostream>
 
 #include "host/cli/commands.h"
+#include "host/cli/pause.h"
 #include "host/entries/process.h"
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     NolSchedCtls::HidePasswords(argc, argv);
-    NolSchedCtls::Terminal terminal{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) == 1,
-                                    NolSchedCtls::UserName()};
+    NolSchedCtls::Terminal terminal{std::cin,
+                                    std::cout,
+                                    std::cerr,
+                                    isatty(STDIN_FILENO) == 1,
+                                    NolSchedCtls::UserName(),
+                                    NolSchedCtls::PauseUnlessStopped};
     return NolSchedCtls::RunNolsched(arguments, terminal);
 }

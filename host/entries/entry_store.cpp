@@ -164,11 +164,13 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
 std::int32_t EntryStore::Write(CNolSchedData& record, std::int32_t version) {
     if (record.IsNew) {
         record.Id = database->Insert(InsertStatement(), RowValues(record, 1, user));
+        database->Announce("saved " + std::to_string(record.Id));
         return 1;
     }
     auto values = RowValues(record, version + 1, user);
     values.insert(values.end(), {std::int64_t{record.Id}, std::int64_t{version}});
     if (database->Execute(UpdateStatement(), values) != 1) TellOvertaken(record);
+    database->Announce("saved " + std::to_string(record.Id));
     return version + 1;
 }
 
@@ -186,6 +188,7 @@ void EntryStore::Delete(std::int32_t id) {
     if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}}) != 1)
         throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
     database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{id}});
+    database->Announce("deleted " + std::to_string(id));
     transaction.Commit();
 }
 

@@ -12,6 +12,7 @@
 #include "NolSchedCtls/toolkit/check_box.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 #include "host/entries/entry_session.h"
+#include "host/entries/entry_watch.h"
 #include "host/entries/process.h"
 #include "tests/host/run.h"
 #include "tests/host/store.h"
@@ -21,6 +22,10 @@ namespace NolSchedCtls::Testing {
 using namespace std::string_literals;
 
 namespace {
+
+constexpr const char* endConnections =
+    "SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity WHERE datname = current_database() AND "
+    "pid <> pg_backend_pid()";
 
 class Sessions : public testing::Test {
   protected:
@@ -48,10 +53,7 @@ class Sessions : public testing::Test {
     // What a save tells if the server ends the connection just before each statement that begins so.
     std::string SaveWithoutServerAt(std::string_view beginning) {
         const ScopedConnection fault = workspace.Store().Statement.Connect([&](std::string_view text) {
-            if (text.starts_with(beginning))
-                store.Sql(
-                    "SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity WHERE "
-                    "datname = current_database() AND pid <> pg_backend_pid()");
+            if (text.starts_with(beginning)) store.Sql(endConnections);
         });
         return Save(entry);
     }
@@ -89,8 +91,10 @@ TEST_F(Sessions, AFailingStatementLeavesStoreAndRecordAsTheyWere) {
     OverrideHom(fresh, "60");
     OverrideHom(entry, "90");
     const std::string begin(workspace.Store().BeginStatement(Access::Write).substr(0, 6));
-    EXPECT_EQ(FailEachStatement(fresh), "SELECT, " + begin + ", INSERT, INSERT, COMMIT, saved");
-    EXPECT_EQ(FailEachStatement(entry), "SELECT, " + begin + ", UPDATE, DELETE, INSERT, COMMIT, saved");
+    const std::string tell = TemporaryStore::IsServer() ? ", NOTIFY" : "";
+    EXPECT_EQ(FailEachStatement(fresh), "SELECT, " + begin + ", INSERT" + tell + ", INSERT, COMMIT, saved");
+    EXPECT_EQ(FailEachStatement(entry),
+              "SELECT, " + begin + ", UPDATE" + tell + ", DELETE, INSERT, COMMIT, saved");
     EXPECT_EQ(store.Sql("SELECT Duration FROM NOL_Override ORDER BY 1"), "60\n90\n");
 }
 
@@ -145,6 +149,33 @@ TEST_F(OpenedEntry, AStoreThatTurnsBadAfterTheLoadLosesNothing) {
     const std::string told = RunCommandLine(store.Address(), {"edit", "1"}, "save\n");
     ASSERT_EQ(seteuid(user), 0);
     EXPECT_EQ(told, "! failure: t.db: attempt to write a readonly database\n[status 3]\n");
+}
+
+TEST_F(OpenedEntry, AWatchMissesNothing) {
+    const auto other = OpenDatabase(store.Address());
+    EntryWatch watch(*other);
+    std::string told;
+    const auto tell = [&told](const std::vector<EntryChange>& changes) {
+        for (const auto& [id, isDeleted] : changes)
+            told += (isDeleted ? "deleted " : "saved ") + std::to_string(id) + ';';
+    };
+    const auto heard = [&] {
+        told.clear();
+        for (int i = 0; i < 500 && told.empty(); ++i, usleep(10'000)) watch.Look(tell);
+        watch.Look(tell);
+        return told;
+    };
+    EXPECT_EQ(heard(), "saved 1;");
+    entry.Save();
+    const auto refuse = [](const auto&) { throw NolSchedError("refused"); };
+    EXPECT_THROW(for (int i = 0; i < 500; ++i, usleep(10'000)) watch.Look(refuse), NolSchedError);
+    EXPECT_EQ(heard(), "saved 1;") << "to a listener that has failed, again";
+    store.Sql(endConnections);
+    entry.Save();
+    EXPECT_EQ(heard(), "saved 1;");
+    workspace.Entries().Delete(1);
+    store.Sql(endConnections);
+    EXPECT_EQ(heard(), "deleted 1;");
 }
 
 TEST_F(OpenedEntry, ASaveThatWaitsCanBeGivenUp) {
