@@ -27,6 +27,18 @@ constexpr const char* endConnections =
     "SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity WHERE datname = current_database() AND "
     "pid <> pg_backend_pid()";
 
+// Waits until the watch tells of something.
+std::string Heard(EntryWatch& watch) {
+    std::string told;
+    const auto tell = [&told](const std::vector<EntryChange>& changes) {
+        for (const auto& [id, isDeleted] : changes)
+            told += (isDeleted ? "deleted " : "saved ") + std::to_string(id) + ';';
+    };
+    for (int i = 0; i < 500 && told.empty(); ++i, usleep(10'000)) watch.Look(tell);
+    watch.Look(tell);
+    return told;
+}
+
 class Sessions : public testing::Test {
   protected:
     static void OverrideHom(EntrySession& session, const std::string& duration) {
@@ -154,28 +166,17 @@ TEST_F(OpenedEntry, AStoreThatTurnsBadAfterTheLoadLosesNothing) {
 TEST_F(OpenedEntry, AWatchMissesNothing) {
     const auto other = OpenDatabase(store.Address());
     EntryWatch watch(*other);
-    std::string told;
-    const auto tell = [&told](const std::vector<EntryChange>& changes) {
-        for (const auto& [id, isDeleted] : changes)
-            told += (isDeleted ? "deleted " : "saved ") + std::to_string(id) + ';';
-    };
-    const auto heard = [&] {
-        told.clear();
-        for (int i = 0; i < 500 && told.empty(); ++i, usleep(10'000)) watch.Look(tell);
-        watch.Look(tell);
-        return told;
-    };
-    EXPECT_EQ(heard(), "saved 1;");
+    EXPECT_EQ(Heard(watch), "saved 1;");
     entry.Save();
     const auto refuse = [](const auto&) { throw NolSchedError("refused"); };
     EXPECT_THROW(for (int i = 0; i < 500; ++i, usleep(10'000)) watch.Look(refuse), NolSchedError);
-    EXPECT_EQ(heard(), "saved 1;") << "to a listener that has failed, again";
+    EXPECT_EQ(Heard(watch), "saved 1;") << "to a listener that has failed, again";
     store.Sql(endConnections);
     entry.Save();
-    EXPECT_EQ(heard(), "saved 1;");
+    EXPECT_EQ(Heard(watch), "saved 1;");
     workspace.Entries().Delete(1);
     store.Sql(endConnections);
-    EXPECT_EQ(heard(), "deleted 1;");
+    EXPECT_EQ(Heard(watch), "deleted 1;");
 }
 
 TEST_F(OpenedEntry, ASaveThatWaitsCanBeGivenUp) {
@@ -379,6 +380,30 @@ TEST(Faults, WithoutATimeAnEntryBeginsToday) {
     RunCommandLine(store.Address(), {"new", "--group", "North Cells"}, "save\n", "");
     const std::string first = store.Sql("SELECT FirstDateTime FROM NOL_Schedule").substr(0, 10);
     EXPECT_TRUE(first == before || first == today()) << first;
+}
+
+TEST(Faults, AnOpenEntryIsSavedAfterAFailover) {
+    const char* const pair = std::getenv("NOLSCHED_TEST_PAIR");
+    if (pair == nullptr) GTEST_SKIP() << "needs a server with its standby";
+    const auto database = [pair](const std::string& kind) {
+        return std::string(pair) + "/postgres?target_session_attrs=" + kind;
+    };
+    const std::string address = database("read-write");
+    Workspace workspace({address, "tester", [](const Message&) {}, {}});
+    EntrySession entry(workspace, EntrySession::NewEntry{false, 1, "Nightly"});
+    entry.Load();
+    entry.Save();
+    const auto other = OpenDatabase(address);
+    EntryWatch watch(*other);
+    EXPECT_EQ(Heard(watch), "saved 1;");
+    while (other->Open("SELECT 1 FROM pg_stat_replication WHERE replay_lsn >= pg_current_wal_lsn()")->AtEnd())
+        usleep(10'000);
+    const std::string end = "COPY (SELECT 1) TO PROGRAM 'kill -QUIT $(head -n 1 postmaster.pid)'";
+    EXPECT_THROW(OpenDatabase(address)->Execute(end), StoreError);
+    EXPECT_THROW(entry.Save(), StoreError) << "there is but the standby";
+    OpenDatabase(database("standby"))->Execute("SELECT pg_promote()");
+    entry.Save();
+    EXPECT_EQ(Heard(watch), "saved 1;");
 }
 
 TEST(Faults, PasswordsOpenTheStoreAndAreNeverTold) {
