@@ -229,7 +229,7 @@ void PostgresDatabase::Await(bool mayGiveUp) {
     const auto began = std::chrono::steady_clock::now();
     while (PQisBusy(connection.get()) != 0) {
         pollfd link{PQsocket(connection.get()), POLLIN, 0};
-        if (poll(&link, 1, step) == 0 && mayGiveUp && !WaitsOn(began)) {
+        if (poll(&link, 1, step) == 0 && !WaitsOn(began) && mayGiveUp) {
             const std::unique_ptr<PGcancel, Close> cancel(PQgetCancel(connection.get()));
             std::array<char, 256> trouble{};
             PQcancel(cancel.get(), trouble.data(), static_cast<int>(trouble.size()));

@@ -118,7 +118,7 @@ int Watch(const Run& run) {
         for (const auto& [id, isDeleted] : changes)
             answers.Tell({{"watch", {{"Id", id}, {"act", isDeleted ? "deleted" : "saved"}}}});
     };
-    run.workspace.Store().onWait = [&run] { return run.terminal.pause(0ms); };
+    run.workspace.Store().onWait = [&run](auto) { return run.terminal.pause(0ms); };
     for (auto wait = 0ms; run.terminal.pause(wait); wait = 50ms) {
         try {
             watch.Look(visit);

@@ -181,7 +181,7 @@ TEST_F(OpenedEntry, AWatchMissesNothing) {
 
 TEST_F(OpenedEntry, ASaveThatWaitsCanBeGivenUp) {
     int asked = 0;
-    workspace.Store().onWait = [&asked] { return ++asked < 3; };
+    workspace.Store().onWait = [&asked](auto) { return ++asked < 3; };
     {
         const auto other = OpenDatabase(store.Address());
         const Transaction lock(*other);
