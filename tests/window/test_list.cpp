@@ -106,7 +106,7 @@ TEST_F(Lists, StayAliveWhileTheStoreWaits) {
     });
     QTest::keyClicks(editor.findChild<QWidget*>(u"name"_s), u"!"_s);
     EXPECT_FALSE(editor.Save());
-    EXPECT_EQ(told, "The store is busy: it makes this wait for another user.\n" + store.Address() +
+    EXPECT_EQ(told, "The store is busy; this waits until it is free.\n" + store.Address() +
                         ": database is locked\n");
     EXPECT_TRUE(editor.isVisible() && editor.isWindowModified());
     lock.reset();
