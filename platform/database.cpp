@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <utility>
 
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
@@ -53,7 +54,14 @@ std::int64_t Database::Execute(std::string_view statement, const Values& values)
 std::unique_ptr<StoreRows> Database::Open(std::string_view query, const Values& values) {
     Check(query, values);
     Statement.Raise(query);
-    return Run(query, values);
+    try {
+        auto rows = Run(query, values);
+        EndWait();
+        return rows;
+    } catch (...) {
+        EndWait();
+        throw;
+    }
 }
 
 void Database::Insert(std::string_view statement) {
@@ -96,8 +104,15 @@ void Database::Fail(std::string_view trouble, StoreError::Kind kind) const {
     throw StoreError(name + ": " + line, kind);
 }
 
-bool Database::WaitsOn(std::chrono::steady_clock::time_point since) const {
-    return onWait ? onWait() : std::chrono::steady_clock::now() - since < std::chrono::seconds(30);
+bool Database::WaitsOn(std::chrono::steady_clock::time_point since) {
+    using namespace std::chrono;
+    hasWaited = true;
+    const auto waited = duration_cast<milliseconds>(steady_clock::now() - since);
+    return onWait ? onWait(waited) : waited < seconds(30);
+}
+
+void Database::EndWait() {
+    if (std::exchange(hasWaited, false)) WaitEnded.Raise();
 }
 
 std::unique_ptr<Database> OpenDatabase(const std::string& address) {

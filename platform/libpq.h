@@ -10,6 +10,7 @@ namespace NolSchedCtls::Libpq {
 
 #define NOLSCHED_LIBPQ(name) NOLSCHED_ON_DEMAND("libpq.so.5", name)
 
+NOLSCHED_LIBPQ(PQbackendPID);
 NOLSCHED_LIBPQ(PQcancel);
 NOLSCHED_LIBPQ(PQclear);
 NOLSCHED_LIBPQ(PQcmdStatus);
@@ -32,6 +33,7 @@ NOLSCHED_LIBPQ(PQgetlength);
 NOLSCHED_LIBPQ(PQgetvalue);
 NOLSCHED_LIBPQ(PQisBusy);
 NOLSCHED_LIBPQ(PQnfields);
+NOLSCHED_LIBPQ(PQnotifies);
 NOLSCHED_LIBPQ(PQntuples);
 NOLSCHED_LIBPQ(PQreset);
 NOLSCHED_LIBPQ(PQresultErrorField);

@@ -43,6 +43,7 @@ struct Close {
     void operator()(PGcancel* cancel) const { PQfreeCancel(cancel); }
     void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
     void operator()(char* text) const { PQfreemem(text); }
+    void operator()(PGnotify* notification) const { PQfreemem(notification); }
 };
 using Result = std::unique_ptr<PGresult, Close>;
 
@@ -208,6 +209,10 @@ class PostgresDatabase : public Database {
     }
     // Under any number that we alone use.
     void LockTableMaking() override { Execute("SELECT pg_advisory_xact_lock(1852795755)"); }
+    void Announce(const std::string& change) override {
+        Execute("NOTIFY nol_schedule, " + QuotedText(change));
+    }
+    bool HearsChange() override;
 
   private:
     std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
@@ -225,6 +230,7 @@ class PostgresDatabase : public Database {
         if (IsFailure(result.get())) FailBy(result.get(), {});
     }
     void Reopen() {
+        isListening = false;
         PQreset(connection.get());
         Prepare();
     }
@@ -235,6 +241,7 @@ class PostgresDatabase : public Database {
     [[noreturn]] void FailBy(const PGresult* result, std::string_view statement) const;
 
     std::unique_ptr<PGconn, Close> connection;
+    bool isListening = false;
 };
 
 void PostgresDatabase::FailBy(const PGresult* result, std::string_view statement) const {
@@ -254,7 +261,7 @@ void PostgresDatabase::Await(bool mayGiveUp) {
     const auto began = std::chrono::steady_clock::now();
     while (PQisBusy(connection.get()) != 0) {
         pollfd link{PQsocket(connection.get()), POLLIN, 0};
-        if (poll(&link, 1, step) == 0 && mayGiveUp && !WaitsOn(began)) {
+        if (poll(&link, 1, step) == 0 && !WaitsOn(began) && mayGiveUp) {
             const std::unique_ptr<PGcancel, Close> cancel(PQgetCancel(connection.get()));
             std::array<char, 256> trouble{};
             PQcancel(cancel.get(), trouble.data(), static_cast<int>(trouble.size()));
@@ -262,6 +269,17 @@ void PostgresDatabase::Await(bool mayGiveUp) {
         }
         if (PQconsumeInput(connection.get()) == 0) return;
     }
+}
+
+// What was announced before the LISTEN is not heard: then anything may have changed.
+bool PostgresDatabase::HearsChange() {
+    if (PQconsumeInput(connection.get()) == 0 || IsBroken()) Reopen();
+    bool isHeard = !isListening;
+    if (!isListening) Execute("LISTEN nol_schedule");
+    isListening = true;
+    while (const std::unique_ptr<PGnotify, Close> change{PQnotifies(connection.get())})
+        isHeard = isHeard || change->be_pid != PQbackendPID(connection.get());
+    return isHeard;
 }
 
 // Not prepared beforehand: another session may alter a table, and a prepared "SELECT *" would fail from then

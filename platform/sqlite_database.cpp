@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <list>
 #include <thread>
+#include <utility>
 
 namespace NolSchedCtls {
 
@@ -83,7 +84,14 @@ class SqliteDatabase : public Database {
     std::string_view BeginStatement(Access access) const override {
         return access == Access::Read ? "BEGIN" : "BEGIN IMMEDIATE";
     }
-    void LockTableMaking() override {}  // transactions that write exclude each other
+    void LockTableMaking() override {}             // transactions that write exclude each other
+    void Announce(const std::string&) override {}  // HearsChange hears every commit
+    bool HearsChange() override {
+        int isMoved = 0;
+        sqlite3_file_control(connection.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &isMoved);
+        if (isMoved != 0) Fail("the file was moved or deleted.", StoreError::Kind::Other);
+        return std::exchange(heardState, Open("PRAGMA data_version")->Value(0)) != heardState;
+    }
 
     // The one way from a result of the engine's to an error.
     void Check(int result) const {
@@ -106,6 +114,7 @@ class SqliteDatabase : public Database {
 
     std::unique_ptr<sqlite3, Close> connection;
     std::list<Prepared> idle;  // the latest used first
+    LintelValue heardState;    // another one after a commit of another connection
     std::chrono::steady_clock::time_point waitBegan;
 };
 

@@ -1,28 +1,40 @@
-# Sourced by the test command: a throwaway PostgreSQL server on a loopback port.
+# Sourced by the test command: throwaway PostgreSQL servers on loopback ports.
 
-# start_postgres FOLDER: sets NOLSCHED_TEST_SERVER.
-start_postgres() {
-    local folder=$1 bin port
-    bin=$(ls -d /usr/lib/postgresql/*/bin | tail -n 1)
-    port=$((20000 + RANDOM % 20000))
-    as_postgres() { if [ "$(id -u)" -eq 0 ]; then setpriv --reuid=postgres --regid=postgres --clear-groups "$@"; else "$@"; fi; }
-    mkdir -p "$folder/server"
-    [ "$(id -u)" -ne 0 ] || chown postgres "$folder/server"
-    chmod 755 "$folder"
+postgres=$(ls -d /usr/lib/postgresql/*/bin | tail -n 1)
+as_postgres() { if [ "$(id -u)" -eq 0 ]; then setpriv --reuid=postgres --regid=postgres --clear-groups "$@"; else "$@"; fi; }
+
+# start_server FOLDER PORT INIT...: INIT makes FOLDER/data.
+start_server() {
+    local folder=$1 port=$2
+    shift 2
+    mkdir -p "$folder"
+    [ "$(id -u)" -ne 0 ] || chown postgres "$folder"
+    chmod 755 "$(dirname "$folder")"
     (
-        cd "$folder/server"
-        as_postgres "$bin/initdb" -D "$folder/server/data" -U tester -A trust --locale=C -E UTF8 >/dev/null
+        cd "$folder"
+        as_postgres "$postgres/$@" -D "$folder/data" >/dev/null
         # One role has to give a password.
         as_postgres sed -i '1i host all locked 127.0.0.1/32 scram-sha-256' data/pg_hba.conf
-        as_postgres "$bin/pg_ctl" -D "$folder/server/data" -w -l "$folder/server/log" start \
-            -o "-p $port -k $folder/server -c listen_addresses=127.0.0.1 -c fsync=off -c max_connections=60" >/dev/null
+        as_postgres "$postgres/pg_ctl" -D "$folder/data" -w -l "$folder/log" start \
+            -o "-p $port -k $folder -c listen_addresses=127.0.0.1 -c fsync=off -c max_connections=60" >/dev/null
     )
+}
+
+# start_postgres FOLDER: sets NOLSCHED_TEST_SERVER, and NOLSCHED_TEST_PAIR to a server with its standby, of which one
+# test ends the first.
+start_postgres() {
+    local port=$((20000 + RANDOM % 20000)) init="initdb -U tester -A trust --locale=C -E UTF8"
+    start_server "$1/server" $port $init
+    start_server "$1/primary" $((port + 1)) $init
+    start_server "$1/standby" $((port + 2)) pg_basebackup -R -h 127.0.0.1 -p $((port + 1)) -U tester
     export NOLSCHED_TEST_SERVER=postgresql://tester@127.0.0.1:$port
+    export NOLSCHED_TEST_PAIR=postgresql://tester@127.0.0.1:$((port + 1)),127.0.0.1:$((port + 2))
 }
 
 # stop_postgres FOLDER
 stop_postgres() {
-    local folder=$1 bin
-    bin=$(ls -d /usr/lib/postgresql/*/bin | tail -n 1)
-    [ ! -e "$folder/server/data" ] || (cd "$folder/server" && as_postgres "$bin/pg_ctl" -D data -m immediate stop >/dev/null)
+    local server
+    for server in "$1"/*/data/postmaster.pid; do
+        [ ! -e "$server" ] || (cd "$1" && as_postgres "$postgres/pg_ctl" -D "${server%/*}" -m immediate stop >/dev/null)
+    done
 }

@@ -111,6 +111,11 @@ void WriteDocument(std::ostream& stream, const Json& answer) {
            << '\n';
 }
 
+void WriteWatch(std::ostream& stream, const Json& answer) {
+    const Json& change = answer.at("watch");
+    stream << TextOf(change.at("act")) << ' ' << TextOf(change.at("Id")) << '\n';
+}
+
 // "key: value" for an answer of one value.
 template <const char* key>
 void WriteValue(std::ostream& stream, const Json& answer) {
@@ -170,7 +175,7 @@ void Answers::Tell(const Json& answer) {
         AnswerKind{"record", false, WriteRecord},        AnswerKind{changed, false, WriteValue<changed>},
         AnswerKind{"valid", false, WriteValid},          AnswerKind{"saved", false, WriteSaved},
         AnswerKind{"entry", false, WriteEntry},          AnswerKind{"document", false, WriteDocument},
-        AnswerKind{deleted, false, WriteValue<deleted>},
+        AnswerKind{deleted, false, WriteValue<deleted>}, AnswerKind{"watch", false, WriteWatch},
     };
     const auto& key = answer.begin().key();
     const auto* const kind = std::ranges::find(answerKinds, key, &AnswerKind::key);

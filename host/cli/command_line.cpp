@@ -39,6 +39,7 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
     auto& edit = AddCommand(app, "edit", "Runs a script on a stored entry");
     auto& duplicate = AddCommand(app, "duplicate", "Saves a copy of an entry under a new id");
     auto& remove = AddCommand(app, "delete", "Deletes an entry");
+    AddCommand(app, "watch", "Tells of each entry that anyone saves or deletes, until it is stopped");
     for (auto* command : {&show, &edit, &duplicate, &remove})
         AddId(*command, line.id, "The entry's id")->required();
     for (auto* command : {&make, &edit})

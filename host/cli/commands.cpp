@@ -12,10 +12,13 @@
 #include "host/cli/script.h"
 #include "host/entries/entry_sentence.h"
 #include "host/entries/entry_session.h"
+#include "host/entries/entry_watch.h"
 
 namespace NolSchedCtls {
 
 namespace {
+
+using namespace std::chrono_literals;
 
 struct Run {
     const CommandLine& line;
@@ -108,6 +111,32 @@ int Delete(const Run& run) {
     return exitDone;
 }
 
+// A lost connection is told once and looked for again; what was missed meanwhile is told then.
+int Watch(const Run& run) {
+    using enum StoreError::Kind;
+    EntryWatch watch(run.workspace.Store());
+    std::string trouble;
+    EntryWatch::Visit visit = [](const auto&) {};  // what stands at the start is no change
+    const auto tell = [&answers = run.answers](const std::vector<EntryChange>& changes) {
+        for (const auto& [id, isDeleted] : changes)
+            answers.Tell({{"watch", {{"Id", id}, {"act", isDeleted ? "deleted" : "saved"}}}});
+    };
+    run.workspace.Store().onWait = [&run](auto) { return run.terminal.pause(0ms); };
+    for (auto wait = 0ms; run.terminal.pause(wait); wait = 50ms) {
+        try {
+            watch.Look(visit);
+            visit = tell;
+            trouble.clear();
+        } catch (const StoreError& error) {
+            if (error.kind == Busy) continue;
+            if (error.kind != Connection) throw;
+            if (trouble != error.what()) run.answers.Tell({{"failure", error.what()}});
+            trouble = error.what();
+        }
+    }
+    return exitDone;
+}
+
 CaddisDocumentType TypeOfWord(const std::string& word) {
     if (word == "group") return GroupType();
     if (word == "scenario") return CaddisScenarios().ScenarioDocumentType();
@@ -138,6 +167,7 @@ int RunCommand(const Run& run) {
         {"edit", Edit},
         {"duplicate", Duplicate},
         {"delete", Delete},
+        {"watch", Watch},
         {"documents", Documents},
         {"documents add", ChangeDocuments<&DocumentStore::Add>},
         {"documents delete", ChangeDocuments<&DocumentStore::Delete>}};

@@ -1,6 +1,8 @@
 // `nolsched`: the scripted host as one call, so that a test runs what a user runs.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -13,6 +15,8 @@ struct Terminal {
     std::ostream& err;
     bool isInteractive = false;  // `in` is a terminal: prompt for a script
     std::string user = {};       // who saves; empty: the user that the process runs for
+    // Waits between two looks; false when a command that goes on until it is stopped is to end.
+    std::function<bool(std::chrono::milliseconds)> pause = {};
 };
 
 // The arguments after the program's name. Needs a QCoreApplication. Gives the exit status.

@@ -173,6 +173,7 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
         Database::Values values = written.values;
         Append(values, save);
         record.Id = database->Insert(InsertStatement(), values);
+        database->Announce("saved " + std::to_string(record.Id));
         return written;
     }
     // What another program has noted in the other columns meanwhile stays.
@@ -187,6 +188,7 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     Append(values, {std::int64_t{record.Id}, std::int64_t{row.version}});
     statement += "Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
     if (database->Execute(statement, values) != 1) TellOvertaken(record.Id, record.EditorName, row.version);
+    database->Announce("saved " + std::to_string(record.Id));
     return written;
 }
 
@@ -228,6 +230,7 @@ void EntryStore::Delete(std::int32_t id) {
     if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}}) != 1)
         throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
     database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{id}});
+    database->Announce("deleted " + std::to_string(id));
     transaction.Commit();
 }
 

@@ -86,10 +86,14 @@ void EntryList::Append(const std::vector<EntryRow>& added) {
         rows.push_back(std::make_shared<EntryRow>(row));
         if (Passes(row)) passing.push_back(rows.back());
     }
-    if (passing.empty()) return;
+    Show(passing);
+}
+
+void EntryList::Show(const std::vector<RowPointer>& added) {
+    if (added.empty()) return;
     const int first = rowCount();
-    beginInsertRows({}, first, first + static_cast<int>(passing.size()) - 1);
-    shown.insert(shown.end(), passing.begin(), passing.end());
+    beginInsertRows({}, first, first + static_cast<int>(added.size()) - 1);
+    shown.insert(shown.end(), added.begin(), added.end());
     endInsertRows();
 }
 
@@ -98,7 +102,7 @@ void EntryList::Put(const EntryRow& row) {
     if (found == rows.end()) return Append({row});
     *found = std::make_shared<EntryRow>(row);
     const int place = PlaceOf(row.id);
-    if (place < 0) return;
+    if (place < 0) return Passes(row) ? Show({*found}) : void();
     shown[static_cast<std::size_t>(place)] = *found;
     Q_EMIT dataChanged(index(place, 0), index(place, EntryRow::columnCount - 1));
 }

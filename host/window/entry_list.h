@@ -52,6 +52,7 @@ class EntryList : public QAbstractTableModel {
     using RowPointer = std::shared_ptr<const EntryRow>;
 
     bool Passes(const EntryRow& row) const;
+    void Show(const std::vector<RowPointer>& added);
     void Order();
 
     std::vector<RowPointer> rows;

@@ -53,13 +53,13 @@ void EntryLoader::LoadPiece() {
     Q_EMIT Finished();
 }
 
-void EntryLoader::Reload(std::int32_t id) {
+void EntryLoader::Reload(std::int64_t id) {
     bool isThere = false;
     const auto take = [&](const ListedEntry& entry) {
         isThere = entry.id == id;
         if (isThere) list.Put(RowOf(entry));
     };
-    if (!Succeeds([&] { entries.ForEach(take, std::int64_t{id} - 1, 1); })) return;
+    entries.ForEach(take, id - 1, 1);
     if (!isThere) list.Remove(id);
     if (isThere && id > lastId) early.insert(id);
 }

@@ -19,8 +19,8 @@ class EntryLoader : public QObject {
     // box where the store fails; what was loaded stays.
     void Start();
     bool IsLoading() const { return timer.isActive(); }
-    // Reads one entry anew; one that is gone goes from the list.
-    void Reload(std::int32_t id);
+    // Reads one entry anew; one that is gone goes from the list. Throws StoreError.
+    void Reload(std::int64_t id);
 
   Q_SIGNALS:
     void Progress(int loaded, int total);

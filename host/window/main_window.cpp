@@ -25,6 +25,9 @@ namespace {
 
 constexpr int blinkMilliseconds = 300;
 constexpr int filterMilliseconds = 150;
+constexpr int watchMilliseconds = 1000;
+constexpr int troubledWatchMilliseconds = 10'000;
+constexpr std::size_t mostReloaded = 50;  // entries one by one; of more the list is loaded anew
 
 // The choice is a whole row; no cell of it is marked on its own.
 class RowDelegate : public QStyledItemDelegate {
@@ -41,7 +44,11 @@ class RowDelegate : public QStyledItemDelegate {
 }  // namespace
 
 MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
-    : workspace(workspaceA), dialogs(std::move(dialogsA)), loader(workspace.Entries(), list) {
+    : workspace(workspaceA),
+      dialogs(std::move(dialogsA)),
+      patience(workspace.Store()),
+      loader(workspace.Entries(), list),
+      watch(workspace.Store()) {
     setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
     resize(1080, 560);
     MakeFilter();
@@ -52,9 +59,11 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
     connect(&loader, &EntryLoader::Finished, this, [this] {
         progress->hide();
         ShowCount();
-        SelectEntry(list.PlaceOf(wantedId) < 0 && list.rowCount() > 0 ? list.IdAt(0) : wantedId);
+        SelectOrFirst(CurrentRowId() == 0 ? wantedId : CurrentRowId());
     });
+    connect(&watchTimer, &QTimer::timeout, this, &MainWindow::FollowOthers);
     table->setFocus();
+    FollowOthers();
     Refresh();
     ShowSelection();
 }
@@ -193,7 +202,7 @@ void MainWindow::ShowSelection() {
 void MainWindow::ApplyFilter() {
     const std::int64_t current = CurrentRowId();
     list.SetFilter(filter->text());
-    SelectEntry(list.PlaceOf(current) >= 0 || list.rowCount() == 0 ? current : list.IdAt(0));
+    SelectOrFirst(current);
     ShowCount();
 }
 
@@ -213,6 +222,39 @@ void MainWindow::SelectEntry(std::int64_t id) {
     ShowSelection();
 }
 
+void MainWindow::SelectOrFirst(std::int64_t id) {
+    SelectEntry(list.PlaceOf(id) < 0 && list.rowCount() > 0 ? list.IdAt(0) : id);
+}
+
+void MainWindow::Reload(std::int32_t id) {
+    Succeeds([&] { loader.Reload(id); });
+    ShowCount();
+    ShowSelection();
+}
+
+// Without a word to the user but in the status bar: they have asked for nothing.
+void MainWindow::FollowOthers() {
+    if (loader.IsLoading()) return;
+    const Patience::Short isShort(patience);
+    int interval = watchMilliseconds;
+    try {
+        watch.Look([this](const auto& changes) { Show(changes); });
+        if (watchTimer.interval() != interval) statusBar()->clearMessage();
+    } catch (const std::exception& error) {
+        statusBar()->showMessage(ToQt(error.what()));
+        interval = troubledWatchMilliseconds;
+    }
+    watchTimer.start(interval);
+}
+
+void MainWindow::Show(const std::vector<EntryChange>& changes) {
+    if (!watchTimer.isActive()) return;  // the list is about to be loaded for the first time
+    if (changes.size() > mostReloaded) return Refresh();
+    for (const EntryChange& change : changes) loader.Reload(change.id);
+    ShowCount();
+    SelectOrFirst(CurrentRowId());
+}
+
 EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession) {
     EntryEditor* editor = nullptr;
     Succeeds([&] {
@@ -222,9 +264,8 @@ EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>(
     editors.removeAll(nullptr);
     editors.append(editor);
     connect(editor, &EntryEditor::Saved, this, [this](int id) {
-        loader.Reload(id);
+        Reload(id);
         SelectEntry(id);
-        ShowCount();
     });
     editor->show();
     return editor;
@@ -280,9 +321,7 @@ void MainWindow::Delete() {
     const std::int32_t id = CurrentId();
     if (id == 0 || !Confirm(id)) return;
     Succeeds([&] { workspace.Entries().Delete(id); });
-    loader.Reload(id);
-    ShowCount();
-    ShowSelection();
+    Reload(id);
 }
 
 void MainWindow::Refresh() {

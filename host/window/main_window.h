@@ -5,10 +5,12 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "host/entries/entry_watch.h"
 #include "host/window/dialogs.h"
 #include "host/window/entry_editor.h"
 #include "host/window/entry_list.h"
 #include "host/window/entry_loader.h"
+#include "host/window/patience.h"
 
 class QLabel;
 class QLineEdit;
@@ -60,12 +62,19 @@ class MainWindow : public QMainWindow {
     std::int64_t CurrentRowId() const;  // 0 for none
     std::int32_t CurrentId() const;     // 0 for none, and for one that no record can have
     void SelectEntry(std::int64_t id);
+    void SelectOrFirst(std::int64_t id);  // the first one if that one is not shown
+    void Reload(std::int32_t id);
+    void FollowOthers();
+    void Show(const std::vector<EntryChange>& changes);
     bool Confirm(std::int32_t id);
 
     Workspace& workspace;
     Dialogs dialogs;
+    Patience patience;
     EntryList list;
     EntryLoader loader;
+    EntryWatch watch;
+    QTimer watchTimer;
     QTimer filterDelay;
     QTimer blink;               // the progress bar shows when it ends
     std::int32_t wantedId = 0;  // to choose when the list is loaded

@@ -30,14 +30,15 @@ class Stream : public std::streambuf {
 // system's clock, and its user.
 inline std::string RunCommandLine(const std::string& address, std::vector<std::string> arguments,
                                   const std::string& input = {}, const char* now = "2026-03-02T09:05",
-                                  bool isInteractive = false) {
+                                  bool isInteractive = false,
+                                  std::function<bool(std::chrono::milliseconds)> pause = {}) {
     arguments.insert(arguments.begin(), {"--db", address});
     if (*now != '\0') arguments.insert(arguments.begin(), {"--now", now});
     std::string text;
     Stream first(text, ""), second(text, "! ");
     std::istringstream in(input);
     std::ostream out(&first), err(&second);
-    Terminal terminal{in, out, err, isInteractive, *now == '\0' ? "" : "tester"};
+    Terminal terminal{in, out, err, isInteractive, *now == '\0' ? "" : "tester", std::move(pause)};
     const int status = RunNolsched(arguments, terminal);
     if (status != 0) text += "[status " + std::to_string(status) + "]\n";
     for (std::size_t at = 0; !address.empty() && (at = text.find(address, at)) != std::string::npos;)

@@ -12,6 +12,7 @@
 #include "NolSchedCtls/toolkit/check_box.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 #include "host/entries/entry_session.h"
+#include "host/entries/entry_watch.h"
 #include "host/entries/process.h"
 #include "tests/host/run.h"
 #include "tests/host/store.h"
@@ -21,6 +22,22 @@ namespace NolSchedCtls::Testing {
 using namespace std::string_literals;
 
 namespace {
+
+constexpr const char* endConnections =
+    "SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity WHERE datname = current_database() AND "
+    "pid <> pg_backend_pid()";
+
+// Waits until the watch tells of something.
+std::string Heard(EntryWatch& watch) {
+    std::string told;
+    const auto tell = [&told](const std::vector<EntryChange>& changes) {
+        for (const auto& [id, isDeleted] : changes)
+            told += (isDeleted ? "deleted " : "saved ") + std::to_string(id) + ';';
+    };
+    for (int i = 0; i < 500 && told.empty(); ++i, usleep(10'000)) watch.Look(tell);
+    watch.Look(tell);
+    return told;
+}
 
 class Sessions : public testing::Test {
   protected:
@@ -53,9 +70,7 @@ class Sessions : public testing::Test {
             if (text.starts_with(failing)) throw StoreError("Away.");
             if (!text.starts_with(beginning)) return;
             if (isCommitted) workspace.Store().Execute("END");
-            store.Sql(
-                "SELECT pg_terminate_backend(pid, 10000) FROM pg_stat_activity WHERE "
-                "datname = current_database() AND pid <> pg_backend_pid()");
+            store.Sql(endConnections);
         });
         return Save(entry);
     }
@@ -93,8 +108,10 @@ TEST_F(Sessions, AFailingStatementLeavesStoreAndRecordAsTheyWere) {
     OverrideHom(fresh, "60");
     OverrideHom(entry, "90");
     const std::string begin(workspace.Store().BeginStatement(Access::Write).substr(0, 6));
-    EXPECT_EQ(FailEachStatement(fresh), "SELECT, " + begin + ", INSERT, INSERT, COMMIT, saved");
-    EXPECT_EQ(FailEachStatement(entry), "SELECT, " + begin + ", UPDATE, DELETE, INSERT, COMMIT, saved");
+    const std::string tell = TemporaryStore::IsServer() ? ", NOTIFY" : "";
+    EXPECT_EQ(FailEachStatement(fresh), "SELECT, " + begin + ", INSERT" + tell + ", INSERT, COMMIT, saved");
+    EXPECT_EQ(FailEachStatement(entry),
+              "SELECT, " + begin + ", UPDATE" + tell + ", DELETE, INSERT, COMMIT, saved");
     EXPECT_EQ(store.Sql("SELECT Duration FROM NOL_Override ORDER BY 1"), "60\n90\n");
 }
 
@@ -167,9 +184,25 @@ TEST_F(OpenedEntry, ASaveKeepsWhatOtherProgramsHaveNotedInTheRow) {
               "Renamed|2026-05-01 22:30:00|x|2\n");
 }
 
+TEST_F(OpenedEntry, AWatchMissesNothing) {
+    const auto other = OpenDatabase(store.Address());
+    EntryWatch watch(*other);
+    EXPECT_EQ(Heard(watch), "saved 1;");
+    entry.Save();
+    const auto refuse = [](const auto&) { throw NolSchedError("refused"); };
+    EXPECT_THROW(for (int i = 0; i < 500; ++i, usleep(10'000)) watch.Look(refuse), NolSchedError);
+    EXPECT_EQ(Heard(watch), "saved 1;") << "to a listener that has failed, again";
+    store.Sql(endConnections);
+    entry.Save();
+    EXPECT_EQ(Heard(watch), "saved 1;");
+    workspace.Entries().Delete(1);
+    store.Sql(endConnections);
+    EXPECT_EQ(Heard(watch), "deleted 1;");
+}
+
 TEST_F(OpenedEntry, ASaveThatWaitsCanBeGivenUp) {
     int asked = 0;
-    workspace.Store().onWait = [&asked] { return ++asked < 3; };
+    workspace.Store().onWait = [&asked](auto) { return ++asked < 3; };
     {
         const auto other = OpenDatabase(store.Address());
         const Transaction lock(*other);
@@ -415,6 +448,30 @@ TEST(Faults, WithoutATimeAnEntryBeginsTodayAndIsItsUsers) {
     const std::string first = store.Sql("SELECT FirstDateTime FROM NOL_Schedule").substr(0, 10);
     EXPECT_TRUE(first == before || first == today()) << first;
     EXPECT_EQ(store.Sql("SELECT SavedBy FROM NOL_Schedule"), UserName() + '\n');
+}
+
+TEST(Faults, AnOpenEntryIsSavedAfterAFailover) {
+    const char* const pair = std::getenv("NOLSCHED_TEST_PAIR");
+    if (pair == nullptr) GTEST_SKIP() << "needs a server with its standby";
+    const auto database = [pair](const std::string& kind) {
+        return std::string(pair) + "/postgres?target_session_attrs=" + kind;
+    };
+    const std::string address = database("read-write");
+    Workspace workspace({address, "tester", [](const Message&) {}, {}});
+    EntrySession entry(workspace, EntrySession::NewEntry{false, 1, "Nightly"});
+    entry.Load();
+    entry.Save();
+    const auto other = OpenDatabase(address);
+    EntryWatch watch(*other);
+    EXPECT_EQ(Heard(watch), "saved 1;");
+    while (other->Open("SELECT 1 FROM pg_stat_replication WHERE replay_lsn >= pg_current_wal_lsn()")->AtEnd())
+        usleep(10'000);
+    const std::string end = "COPY (SELECT 1) TO PROGRAM 'kill -QUIT $(head -n 1 postmaster.pid)'";
+    EXPECT_THROW(OpenDatabase(address)->Execute(end), StoreError);
+    EXPECT_THROW(entry.Save(), StoreError) << "there is but the standby";
+    OpenDatabase(database("standby"))->Execute("SELECT pg_promote()");
+    entry.Save();
+    EXPECT_EQ(Heard(watch), "saved 1;");
 }
 
 TEST(Faults, PasswordsOpenTheStoreAndAreNeverTold) {

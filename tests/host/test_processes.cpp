@@ -66,16 +66,16 @@ TEST(Processes, AKilledSaverLeavesOneVersionWhole) {
         "full|4|200\nplain|1|200\n");
 }
 
-TEST(Processes, EightSaversLoseNothing) {
+TEST(Processes, SixteenSaversLoseNothing) {
     const TemporaryStore store;
     std::vector<int> pids;
-    for (int i = 0; i < 8; ++i) pids.push_back(StartSaver(store.Address(), 50));  // each makes the tables
+    for (int i = 0; i < 16; ++i) pids.push_back(StartSaver(store.Address(), 50));  // each makes the tables
     for (const int pid : pids) EXPECT_EQ(StatusOf(pid), -SIGSTOP);
     for (const int pid : pids) kill(pid, SIGCONT);
     for (const int pid : pids) EXPECT_EQ(StatusOf(pid), 0);
     EXPECT_EQ(store.Sql("SELECT EditorName, Version, count(*), (SELECT count(*) FROM NOL_Override), "
                         "(SELECT count(*) FROM NOL_Document) FROM NOL_Schedule GROUP BY 1, 2"),
-              "full|50|8|32|6\n");
+              "full|50|16|64|6\n");
 }
 
 TEST(Processes, AReaderBesideASaverSeesOneVersion) {

@@ -2,9 +2,10 @@
 // them anew.
 //
 // A line "$ COMMAND" runs nolsched with what follows up to the next such line as standard input; "$ sql
-// STATEMENT" runs a statement past it, as another program would; "\xHH" in a line stands for a byte
-// ("\\xHH" in a command).
+// STATEMENT" runs a statement past it, as another program would; the lines after "$ watch" are run unheard
+// while it watches; "\xHH" in a line stands for a byte ("\\xHH" in a command).
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <set>
@@ -29,7 +30,16 @@ std::string Run(const TemporaryStore& store, const std::string& command, const s
     if (isJson) arguments.emplace_back("--json");
     std::istringstream words(command);
     for (std::string word; words >> std::quoted(word);) arguments.push_back(WithBytes(word));
-    return RunCommandLine(store.Address(), arguments, input);
+    if (command != "watch") return RunCommandLine(store.Address(), arguments, input);
+    std::istringstream acts(input);
+    const auto actOfAnother = [&](std::chrono::milliseconds wait) {
+        std::string act;
+        if (wait.count() == 0) return true;
+        if (std::getline(acts, act)) Run(store, act, "", false);
+        if (TemporaryStore::IsServer()) usleep(100'000);  // what is announced comes a moment later
+        return !act.empty();
+    };
+    return RunCommandLine(store.Address(), arguments, {}, "2026-03-02T09:05", false, actOfAnother);
 }
 
 std::string Play(const std::filesystem::path& transcript, bool isJson) {

@@ -59,7 +59,7 @@ TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
     Press(window, "F5");
     window.OpenEntry(120)->Save();  // which the loading has not come to
     Activate(window);
-    Walk({{"Home", "120 entries: *Entry 1, Entry 2, Entry 3"}});
+    Walk({{"Home", "120 entries: Entry 1, Entry 2, Entry 3"}});
     table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);
     Walk({{"F5", "120 entries: Entry 99, Entry 98, Entry 97"},
           {"Ctrl+F'once ENTRY 7 3/2/2026 north", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
@@ -69,6 +69,48 @@ TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
           {"Ctrl+F'x", "0 of 120 entries: No entry holds all of these words."}});
     spared = 1;
     Walk({{"F5", "The store fails.\n0 of 50 entries: No entry holds all of these words.", "LIMIT"}});
+}
+
+TEST_F(Lists, FollowWhatOthersDo) {
+    for (int i = 1; i <= 60; ++i) Store("E" + std::to_string(i));
+    const EntryEditor& editor = *window.OpenEntry(2);
+    Activate(window);
+    Walk({{"F5", "60 entries: *E1, E2, E3"}, {"Down", "60 entries: E1, *E2, E3"}});
+    const auto shows = [this](const std::string& changed, const std::string& trace) {
+        store.Sql("UPDATE NOL_Schedule SET Version = Version + 1, EditorName = " + changed);
+        return QTest::qWaitFor([&] { return InFront() == trace; });
+    };
+    EXPECT_TRUE(shows("'x' WHERE Id = 2", "60 entries: E1, *x, E3")) << InFront();
+    Walk({{"Ctrl+F'y", "0 of 60 entries: No entry holds all of these words."}});
+    EXPECT_TRUE(shows("'y' WHERE Id = 3", "1 of 60 entries: *y")) << InFront();
+    store.Sql("DELETE FROM NOL_Schedule WHERE Id = 3");
+    EXPECT_TRUE(shows("'yy' WHERE Id = 4", "1 of 59 entries: *yy")) << InFront();
+    EXPECT_TRUE(shows("Id || 'y'", "59 entries: 1y, 2y, *4y")) << InFront();
+    EXPECT_EQ(editor.windowTitle(), u"E2[*] - Schedule Entry"_s);
+}
+
+TEST_F(Lists, StayAliveWhileTheStoreWaits) {
+    Store();
+    EntryEditor& editor = *window.OpenEntry(1);
+    Activate(editor);
+    const auto other = OpenDatabase(store.Address());
+    std::optional<Transaction> lock(std::in_place, *other);
+    QTimer::singleShot(700, [&] {
+        auto* const box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        told += Shown(*box->findChild<QLabel*>()) + '\n';
+        Press(editor, "Ctrl+S");
+        Press(window, "F5");
+        for (QWidget* widget : {static_cast<QWidget*>(&editor), static_cast<QWidget*>(&window), box})
+            EXPECT_FALSE(widget->close());
+    });
+    QTest::keyClicks(editor.findChild<QWidget*>(u"name"_s), u"!"_s);
+    EXPECT_FALSE(editor.Save());
+    EXPECT_EQ(told, "The store is busy; this waits until it is free.\n" + store.Address() +
+                        ": database is locked\n");
+    EXPECT_TRUE(editor.isVisible() && editor.isWindowModified());
+    lock.reset();
+    EXPECT_TRUE(editor.Save());
 }
 
 TEST_F(Lists, SortByEachColumn) {

@@ -1,0 +1,31 @@
+#include "host/cli/pause.h"
+
+#include <poll.h>
+#include <signal.h>
+#include <unistd.h>
+
+namespace NolSchedCtls {
+
+namespace {
+
+volatile sig_atomic_t isStopped = 0;
+
+bool ListenForSignals() {
+    struct sigaction stop {};
+    stop.sa_handler = [](int) { isStopped = 1; };
+    stop.sa_flags = static_cast<int>(SA_RESETHAND);
+    sigaction(SIGINT, &stop, nullptr);
+    sigaction(SIGTERM, &stop, nullptr);
+    return true;
+}
+
+}  // namespace
+
+bool PauseUnlessStopped(std::chrono::milliseconds wait) {
+    [[maybe_unused]] static const bool listens = ListenForSignals();
+    pollfd output{STDOUT_FILENO, 0, 0};  // wakes when nobody reads it any more
+    if (isStopped == 0) poll(&output, 1, static_cast<int>(wait.count()));
+    return isStopped == 0 && output.revents == 0;
+}
+
+}  // namespace NolSchedCtls

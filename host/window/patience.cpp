@@ -1,0 +1,82 @@
+#include "host/window/patience.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "host/window/qt_text.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Stays until the waiting ends: the store may need a while to give up, and cannot in the middle of a commit.
+class WaitingBox : public QDialog {
+  public:
+    WaitingBox(QWidget* parent, bool& isGivenUpA) : QDialog(parent), isGivenUp(isGivenUpA) {
+        setWindowTitle(u"Schedule Entries"_s);
+        setWindowModality(Qt::ApplicationModal);
+        auto* const column = new QVBoxLayout(this);
+        column->addWidget(new QLabel(u"The store is busy; this waits until it is free."_s, this));
+        buttons = new QDialogButtonBox(this);
+        buttons->addButton(u"&Give Up"_s, QDialogButtonBox::RejectRole);
+        connect(buttons, &QDialogButtonBox::rejected, this, &WaitingBox::reject);
+        column->addWidget(buttons);
+    }
+    void reject() override {
+        isGivenUp = true;
+        buttons->setEnabled(false);
+    }
+
+  private:
+    QDialogButtonBox* buttons;
+    bool& isGivenUp;
+};
+
+}  // namespace
+
+Patience::Patience(Database& databaseA) : database(databaseA) {
+    database.onWait = [this](std::chrono::milliseconds waited) { return GoesOn(waited); };
+    ended = database.WaitEnded.Connect([this] { End(); });
+}
+
+Patience::~Patience() { database.onWait = nullptr; }
+
+bool Patience::GoesOn(std::chrono::milliseconds waited) {
+    if (isShort) return waited < 1s;
+    if (waited < 500ms) return true;
+    if (!box) {
+        isGivenUp = false;
+        box = std::make_unique<WaitingBox>(QApplication::activeWindow(), isGivenUp);
+        box->show();
+        qApp->installEventFilter(this);
+    }
+    QCoreApplication::processEvents();
+    return !isGivenUp;
+}
+
+void Patience::End() {
+    qApp->removeEventFilter(this);
+    box.reset();
+}
+
+// The box is modal; this holds back what does not ask for that.
+bool Patience::eventFilter(QObject* target, QEvent* event) {
+    if (event->type() == QEvent::Timer) return qobject_cast<QTimer*>(target) != nullptr;
+    const auto* const widget = qobject_cast<QWidget*>(target);
+    const bool isOfBox = widget != nullptr && widget->window() == box.get();
+    const bool isAct = event->isInputEvent() || event->type() == QEvent::Close ||
+                       event->type() == QEvent::Shortcut || event->type() == QEvent::Quit;
+    if (!isAct || isOfBox || target->isWindowType()) return false;
+    event->ignore();
+    return true;
+}
+
+}  // namespace NolSchedCtls

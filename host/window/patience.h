@@ -1,0 +1,48 @@
+// The windows while the store makes a statement wait.
+#pragma once
+
+#include <QObject>
+#include <chrono>
+#include <memory>
+
+#include "platform/database.h"
+
+class QDialog;
+
+namespace NolSchedCtls {
+
+// After half a second a box tells that the store is busy and offers to give up; the windows are drawn, and
+// nothing else can be done in them: no input, no closing, no timer of their own comes through. Lives no
+// longer than the database.
+class Patience : public QObject {
+  public:
+    explicit Patience(Database& databaseA);
+    ~Patience() override;
+
+    // As long as it stands, a statement is given up after a second, without a box.
+    class Short {
+      public:
+        explicit Short(Patience& patienceA) : patience(patienceA) { patience.isShort = true; }
+        ~Short() { patience.isShort = false; }
+        Short(const Short&) = delete;
+        Short& operator=(const Short&) = delete;
+
+      private:
+        Patience& patience;
+    };
+
+  protected:
+    bool eventFilter(QObject* target, QEvent* event) override;
+
+  private:
+    bool GoesOn(std::chrono::milliseconds waited);
+    void End();
+
+    Database& database;
+    std::unique_ptr<QDialog> box;
+    ScopedConnection ended;
+    bool isGivenUp = false;
+    bool isShort = false;
+};
+
+}  // namespace NolSchedCtls
