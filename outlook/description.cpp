@@ -61,8 +61,10 @@ std::string Listed(const std::vector<std::string>& parts) {
 
 std::string ExcludedNames(ExcludedDays excluded, std::string_view weekdayEnding) {
     std::vector<std::string> names;
-    for (const std::size_t day : {1, 2, 3, 4, 5, 6, 0})
+    for (std::size_t fromMonday = 1; fromMonday <= weekdayNames.size(); ++fromMonday) {
+        const std::size_t day = fromMonday % weekdayNames.size();
         if (excluded[day]) names.push_back(WeekdayName(day).append(weekdayEnding));
+    }
     if (excluded[excludedHolidays]) names.emplace_back("holidays");
     if (excluded[excludedDaysAfter]) names.emplace_back("days after holidays");
     return Listed(names);
@@ -100,7 +102,7 @@ std::string RunsText(const Recurrence& recurrence) {
 }  // namespace
 
 std::string DayText(const Recurrence& recurrence) {
-    const std::string weekdayName = WeekdayName(recurrence.weekday.c_encoding());
+    std::string weekdayName = WeekdayName(recurrence.weekday.c_encoding());
     switch (recurrence.code) {
         case RecurrenceCode::Weekly:
             return weekdayName;

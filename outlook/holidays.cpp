@@ -4,6 +4,7 @@ namespace NolSchedCtls {
 
 Holidays::Holidays(const std::vector<DateTime>& days) {
     std::vector<Day> whole;
+    whole.reserve(days.size());
     for (const DateTime day : days) whole.push_back(DayOf(MomentOf(day)));
     std::sort(whole.begin(), whole.end());
     sorted = std::make_shared<const std::vector<Day>>(std::move(whole));

@@ -18,10 +18,10 @@ enum class RunState { Scheduled, Paused, Immediate, Ended, NeverRuns, Unreadable
 // As people and programs read it: "Scheduled", "Never runs", "Cannot be shown".
 std::string_view TextOf(RunState state);
 
+// NeverRuns and Unreadable have a reason: "Friday is excluded", "WhichWeekday is 9, not 1 to 7".
 struct ScheduleState {
     RunState state = RunState::Scheduled;
-    std::string reason =
-        {};  // of NeverRuns and Unreadable: "Friday is excluded", "WhichWeekday is 9, not 1 to 7"
+    std::string reason = {};
 };
 
 class RunRange;
@@ -31,7 +31,7 @@ class RunRange;
 // zone is applied. Only a schedule that is Scheduled or Ended has runs.
 //
 // A call costs the same wherever the schedule began. Never throws for a record: one that makes no sense is
-// Unreadable.
+// Unreadable. Never changes, so that threads may share one.
 class Schedule {
   public:
     explicit Schedule(const CNolSchedData& record, Holidays holidaysA = {},
