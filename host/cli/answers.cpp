@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <ostream>
-#include <sstream>
 #include <stdexcept>
 
 #include "NolSchedCtls/base/text.h"
@@ -29,17 +28,11 @@ std::string TextOf(const Json& value) {
 
 std::string Cell(const Json& value, std::size_t width) { return Padded(TextOf(value), width); }
 
-// Line breaks of a box, so that each line stands under the first.
 void WriteMessage(std::ostream& stream, const Json& answer) {
     const Json& message = answer.at("message");
     const std::string head =
         TextOf(message.at("title")) + (message.at("flags") == 48 ? " (!): " : " (stop): ");
-    std::istringstream lines(message.at("text").get<std::string>());
-    std::string indent = head;
-    for (std::string line; std::getline(lines, line); indent.assign(head.size(), ' ')) {
-        if (line.ends_with('\r')) line.pop_back();
-        stream << indent << Visible(line) << '\n';
-    }
+    stream << VisibleLines(head, message.at("text").get<std::string>());
 }
 
 // "  name              kind        details", hidden and disabled fields marked.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <sstream>
 #include <utility>
 
 namespace NolSchedCtls {
@@ -65,6 +66,16 @@ std::string Visible(std::string_view text) {
     for (std::size_t at = 0; (at = doubled.find('\\', at)) != std::string::npos; at += 2)
         doubled.insert(at, 1, '\\');
     return WithoutControls(doubled);
+}
+
+std::string VisibleLines(const std::string& head, const std::string& text) {
+    std::string shown;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        shown += (shown.empty() ? head : std::string(head.size(), ' ')) + Visible(line) + '\n';
+    }
+    return shown;
 }
 
 std::string Padded(std::string text, std::size_t width) {

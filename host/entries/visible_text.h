@@ -11,6 +11,8 @@ namespace NolSchedCtls {
 std::string WithoutControls(std::string_view text);
 // That, with each backslash doubled before: no two texts look alike.
 std::string Visible(std::string_view text);
+// A box: the head, then the text in visible lines of its own, each under the first. Ends with a line break.
+std::string VisibleLines(const std::string& head, const std::string& text);
 // With blanks after it up to so many characters.
 std::string Padded(std::string text, std::size_t width);
 

@@ -24,7 +24,7 @@ int End(const std::exception& error, ExitStatus status) {
 
 // Pictures show no boxes: what a tab has to say goes to the terminal.
 void WriteMessage(const Message& message) {
-    std::cerr << Visible(message.title) << ": " << Visible(message.text) << '\n';
+    std::cerr << VisibleLines(Visible(message.title) + ": ", message.text);
 }
 
 int RunWindow(Workspace& workspace, const EditorOptions& options) {
