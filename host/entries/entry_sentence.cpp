@@ -5,18 +5,24 @@
 
 namespace NolSchedCtls {
 
-std::string SentenceOf(const std::shared_ptr<CNolSchedData>& record) {
+namespace {
+
+Sentence Unshown(const std::string& trouble) { return {"(" + trouble + ")", trouble}; }
+
+}  // namespace
+
+Sentence SentenceOf(const std::shared_ptr<CNolSchedData>& record) {
     XNolScheduleTab tab;  // a fresh one: what another entry has left in the hidden lists plays no part
     try {
         tab.LoadData(record, record->EditorName, nullptr);
     } catch (const NolSchedError& error) {
-        return std::string("(") + error.what() + ")";
+        return Unshown(error.what());
     }
-    return ScheduleSentence(tab);
+    return {ScheduleSentence(tab), {}};
 }
 
-std::string SentenceOf(const ListedEntry& entry) {
-    return entry.trouble.empty() ? SentenceOf(entry.record) : "(" + entry.trouble + ")";
+Sentence SentenceOf(const ListedEntry& entry) {
+    return entry.trouble.empty() ? SentenceOf(entry.record) : Unshown(entry.trouble);
 }
 
 }  // namespace NolSchedCtls

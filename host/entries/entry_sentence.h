@@ -8,9 +8,13 @@
 
 namespace NolSchedCtls {
 
-// Read off a schedule tab that has loaded the record; for one that no tab can show, or no record can hold,
-// the reason in parentheses.
-std::string SentenceOf(const std::shared_ptr<CNolSchedData>& record);
-std::string SentenceOf(const ListedEntry& entry);
+struct Sentence {
+    std::string text;     // the trouble in parentheses, where there is one
+    std::string trouble;  // why no tab can show the record, or no record can hold the row
+};
+
+// Read off a schedule tab that has loaded the record.
+Sentence SentenceOf(const std::shared_ptr<CNolSchedData>& record);
+Sentence SentenceOf(const ListedEntry& entry);
 
 }  // namespace NolSchedCtls

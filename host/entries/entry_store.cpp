@@ -278,4 +278,38 @@ void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, s
     }
 }
 
+void EntryStore::ForAll(const std::function<void(const ListedEntry&)>& visit) const {
+    constexpr int pageSize = 500;
+    std::int64_t lastId = std::numeric_limits<std::int64_t>::min();
+    for (int visited = pageSize; visited == pageSize;) {
+        visited = 0;
+        const auto count = [&](const ListedEntry& entry) {
+            visit(entry);
+            lastId = entry.id;
+            ++visited;
+        };
+        ForEach(count, lastId, pageSize);
+    }
+}
+
+std::multimap<std::int64_t, OverrideUse> EntryStore::OverrideUses() const {
+    std::multimap<std::int64_t, OverrideUse> uses;
+    const auto rows = database->Open(
+        "SELECT NOL_OverrideId AS Id, NOL_Override.Type AS OverrideType, Duration, ScenarioId, "
+        "NOL_Document.Id AS Found FROM NOL_Override LEFT JOIN NOL_Document ON NOL_Document.Id = ScenarioId "
+        "AND NOL_Document.Type = 'Scenario' ORDER BY 1, 2");
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+        OverrideUse use;
+        ListedEntry entry;
+        Reads(entry, [&] {
+            use.type = FieldToText(rows->Fields("OverrideType"));
+            use.duration = LintelDb().FieldToNumber(rows->Fields("Duration"), 0);
+            use.scenarioId = LintelDb().FieldToNumber(rows->Fields("ScenarioId"), 0);
+        });
+        use.isScenarioGone = use.scenarioId > 0 && FieldToText(rows->Fields("Found")).empty();
+        uses.emplace(IdOf(*rows), std::move(use));
+    }
+    return uses;
+}
+
 }  // namespace NolSchedCtls

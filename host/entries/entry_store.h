@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +43,14 @@ struct ListedEntry {
     std::vector<std::string> kinds;  // the Type of each override row, in the order of the texts
 };
 
+// What an override row asks for.
+struct OverrideUse {
+    std::string type;
+    std::int32_t duration = 0;  // minutes; 0: none is set
+    std::int32_t scenarioId = 0;
+    bool isScenarioGone = false;
+};
+
 // Needs installed services (LintelDb, Clock) and a store with its tables. All throw StoreError where the
 // store fails.
 class EntryStore {
@@ -70,7 +79,11 @@ class EntryStore {
     void ForEach(const std::function<void(const ListedEntry&)>& visit,
                  std::int64_t afterId = std::numeric_limits<std::int64_t>::min(),
                  std::int64_t limit = std::numeric_limits<std::int64_t>::max()) const;
+    // The same for all, page by page, so that a store of any size takes the same memory.
+    void ForAll(const std::function<void(const ListedEntry&)>& visit) const;
     std::int64_t Count() const;
+    // Of all entries, by Id.
+    std::multimap<std::int64_t, OverrideUse> OverrideUses() const;
 
   private:
     const std::string& User() const;

@@ -9,6 +9,8 @@ namespace NolSchedCtls::Libical {
 
 #define NOLSCHED_LIBICAL(name) NOLSCHED_ON_DEMAND("libical.so.3", name)
 
+NOLSCHED_LIBICAL(icalcomponent_add_property);
+NOLSCHED_LIBICAL(icalcomponent_as_ical_string_r);
 NOLSCHED_LIBICAL(icalcomponent_foreach_recurrence);
 NOLSCHED_LIBICAL(icalcomponent_free);
 NOLSCHED_LIBICAL(icalcomponent_get_dtstart);
@@ -16,8 +18,19 @@ NOLSCHED_LIBICAL(icalcomponent_get_first_component);
 NOLSCHED_LIBICAL(icalcomponent_get_next_component);
 NOLSCHED_LIBICAL(icalcomponent_get_summary);
 NOLSCHED_LIBICAL(icalcomponent_isa);
+NOLSCHED_LIBICAL(icalcomponent_new);
 NOLSCHED_LIBICAL(icalparser_parse_string);
+NOLSCHED_LIBICAL(icalproperty_new_categories);
+NOLSCHED_LIBICAL(icalproperty_new_description);
+NOLSCHED_LIBICAL(icalproperty_new_dtstamp);
+NOLSCHED_LIBICAL(icalproperty_new_dtstart);
+NOLSCHED_LIBICAL(icalproperty_new_exdate);
+NOLSCHED_LIBICAL(icalproperty_new_rrule);
+NOLSCHED_LIBICAL(icalproperty_new_summary);
+NOLSCHED_LIBICAL(icalproperty_new_uid);
+NOLSCHED_LIBICAL(icalrecurrencetype_from_string);
 NOLSCHED_LIBICAL(icaltime_from_string);
+NOLSCHED_LIBICAL(icaltimezone_get_utc_timezone);
 
 #undef NOLSCHED_LIBICAL
 

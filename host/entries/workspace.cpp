@@ -11,7 +11,8 @@ Workspace::Workspace(WorkspaceOptions options)
     : database(OpenDatabase(options.address)),
       failure(std::make_shared<std::optional<std::string>>()),
       entries(database, std::move(options.user)),
-      documents(database) {
+      documents(database),
+      holidays(database) {
     const auto keepFirst = [kept = failure](const std::string& text) {
         if (!*kept) *kept = text;
     };

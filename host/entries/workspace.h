@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/entries/entry_store.h"
+#include "host/entries/holiday_store.h"
 #include "platform/document_store.h"
 #include "platform/services.h"
 
@@ -30,6 +31,7 @@ class Workspace {
     Database& Store() { return *database; }
     EntryStore& Entries() { return entries; }
     DocumentStore& Documents() { return documents; }
+    HolidayStore& Holidays() { return holidays; }
     // The first failure that was reported since the last call, and swallowed after the report.
     std::optional<std::string> TakeFailure();
 
@@ -38,6 +40,7 @@ class Workspace {
     std::shared_ptr<std::optional<std::string>> failure;
     EntryStore entries;
     DocumentStore documents;
+    HolidayStore holidays;
 };
 
 }  // namespace NolSchedCtls

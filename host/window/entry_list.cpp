@@ -60,7 +60,7 @@ EntryRow RowOf(const ListedEntry& entry) {
     row.texts = {QString::number(entry.id),
                  ToQt(record.EditorName),
                  ToQt(entry.group),
-                 ToQt(SentenceOf(entry)),
+                 ToQt(SentenceOf(entry).text),
                  KindsText(entry),
                  isRead ? ToQt(ShortDateText(row.start)) : QString(),
                  isRead ? EndText(row.end) : QString()};

@@ -1,0 +1,106 @@
+#include "host/cli/outlook_commands.h"
+
+#include "host/entries/calendar_file.h"
+#include "host/entries/entry_check.h"
+#include "host/entries/entry_sentence.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr DateTime second = 1.0 / 86400;
+constexpr int usualCount = 10;
+
+struct Span {
+    DateTime from;
+    DateTime to;
+};
+
+// A day without a time counts as a whole.
+Span SpanOf(const CommandLine& line, DateTime now) {
+    Span span{line.from.empty() ? now + second : ParseIso(line.from), MAppConstants::NoEndDate + 1};
+    if (!line.to.empty()) span.to = ParseIso(line.to);
+    if (line.to.size() == DayText(span.to).size()) span.to += 1 - second;
+    if (!line.from.empty() && span.from > span.to)
+        throw UsageError("--from " + line.from + " lies after --to " + line.to + ".");
+    return span;
+}
+
+Json StateJson(const ListedEntry& entry, const EntryState& state) {
+    return {{"Id", entry.id},
+            {"EditorName", entry.record->EditorName},
+            {"state", state.text},
+            {"reason", state.reason}};
+}
+
+}  // namespace
+
+int TellRuns(const CommandRun& run) {
+    const EntryOutlook outlook(run.workspace);
+    const Span span = SpanOf(run.line, outlook.Now());
+    MergedRuns runs(span.from, span.to);
+    ForEachChosen(run, [&](const ListedEntry& entry) {
+        if (entry.group.empty() || !SentenceOf(entry).trouble.empty()) return;
+        runs.Add(entry.record->Id, entry.record->EditorName, outlook.ScheduleOf(*entry.record));
+    });
+    int count = run.line.count.value_or(run.line.to.empty() ? usualCount : std::numeric_limits<int>::max());
+    for (; count > 0 && !runs.AtEnd(); --count, runs.MoveNext()) {
+        const EntryRun next = runs.Current();
+        run.answers.Tell({{"run", {{"Id", next.id}, {"EditorName", *next.name}, {"at", IsoText(next.at)}}}});
+    }
+    return exitDone;
+}
+
+int Check(const CommandRun& run) {
+    int status = exitDone;
+    CheckEntries(run.workspace, [&](const CheckedEntry& entry) {
+        status = exitRefused;
+        run.answers.Tell({{"check",
+                           {{"Id", entry.id},
+                            {"EditorName", entry.name},
+                            {"state", entry.state},
+                            {"reason", entry.reason}}}});
+    });
+    return status;
+}
+
+// An entry without runs is left out, and named beside the calendar.
+int Export(const CommandRun& run) {
+    const EntryOutlook outlook(run.workspace);
+    run.answers.Tell({{"calendar", calendarBegin}});
+    ForEachChosen(run, [&](const ListedEntry& entry) {
+        const EntryState state = outlook.StateOf(entry, SentenceOf(entry).trouble);
+        const std::string event =
+            state.text == "Group missing" || !entry.trouble.empty() ? "" : EventOf(entry, outlook);
+        if (event.empty()) return run.answers.Tell({{"left out", StateJson(entry, state)}});
+        run.answers.Tell({{"calendar", event}});
+    });
+    run.answers.Tell({{"calendar", calendarEnd}});
+    return exitDone;
+}
+
+int TellHolidays(const CommandRun& run) {
+    for (const Holiday& holiday : run.workspace.Holidays().All())
+        run.answers.Tell({{"holiday", {{"date", DayText(holiday.day)}, {"name", holiday.name}}}});
+    return exitDone;
+}
+
+int AddHoliday(const CommandRun& run) {
+    run.workspace.Holidays().Add({ReadDay(run.line.day), run.line.document});
+    return exitDone;
+}
+
+int DeleteHoliday(const CommandRun& run) {
+    run.workspace.Holidays().Delete(ReadDay(run.line.day));
+    return exitDone;
+}
+
+int ImportHolidays(const CommandRun& run) {
+    const auto holidays = ReadHolidays(run.line.file);
+    const int added = run.workspace.Holidays().Import(holidays);
+    run.answers.Tell(
+        {{"imported", {{"added", added}, {"known", static_cast<int>(holidays.size()) - added}}}});
+    return exitDone;
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,67 @@
+#include "host/entries/entry_outlook.h"
+
+#include "NolSchedCtls/base/text.h"
+#include "NolSchedCtls/services/provider.h"
+#include "platform/schema.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+std::vector<DateTime> ReadHolidayDays(Workspace& workspace) {
+    std::vector<DateTime> days;
+    for (const Holiday& holiday : workspace.Holidays().All()) days.push_back(holiday.day);
+    return days;
+}
+
+OutlookSettings ReadSettings(Workspace& workspace) {
+    constexpr int longest = 24 * 60;
+    const auto settings = workspace.Documents().CurrentUser().Settings;
+    const auto found = settings.find(periodMinutes);
+    if (found == settings.end()) return {};
+    const auto minutes = ParseWhole(found->second);
+    if (!minutes || *minutes < 1 || *minutes > longest)
+        throw StoreError(workspace.Store().Name() + ": the setting " + Quoted(periodMinutes) + " is " +
+                         Quoted(found->second) + ", not a number from 1 to " + std::to_string(longest) + ".");
+    return {*minutes};
+}
+
+}  // namespace
+
+EntryOutlook::EntryOutlook(Workspace& workspace)
+    : now(Clock().Now()),
+      holidayDays(ReadHolidayDays(workspace)),
+      holidays(holidayDays),
+      settings(ReadSettings(workspace)) {}
+
+EntryState EntryOutlook::StateOf(const Schedule& schedule) const {
+    const ScheduleState state = schedule.StateAt(now);
+    EntryState told{std::string(TextOf(state.state)), state.reason, {}};
+    if (state.state == RunState::Scheduled) told.next = schedule.NextAfter(now);
+    return told;
+}
+
+EntryState EntryOutlook::StateOf(const ListedEntry& entry, const std::string& trouble) const {
+    if (!trouble.empty()) return {std::string(TextOf(RunState::Unreadable)), trouble, {}};
+    if (entry.group.empty()) return {"Group missing", {}, {}};
+    return StateOf(ScheduleOf(*entry.record));
+}
+
+void MergedRuns::Add(std::int32_t id, std::string name, Schedule schedule) {
+    const Item& item = items.emplace_back(Item{id, std::move(name), std::move(schedule)});
+    const auto first = item.schedule.RunsBetween(from, to).begin();
+    if (first != std::default_sentinel) heads.push({first, &item});
+}
+
+EntryRun MergedRuns::Current() const {
+    const Head& head = heads.top();
+    return {*head.run, head.item->id, &head.item->name};
+}
+
+void MergedRuns::MoveNext() {
+    Head head = heads.top();
+    heads.pop();
+    if (++head.run != std::default_sentinel) heads.push(head);
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,82 @@
+// What will run of a store's entries, and what will not.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <queue>
+#include <string>
+#include <vector>
+
+#include "host/entries/workspace.h"
+#include "outlook/schedule.h"
+
+namespace NolSchedCtls {
+
+struct EntryState {
+    std::string text;    // "Scheduled", "Never runs", ..., "Group missing"
+    std::string reason;  // why an entry never runs or cannot be shown
+    std::optional<DateTime> next;
+};
+
+// As of the moment at which it is made: reads clock, holidays and the length of a period once. Throws
+// StoreError where the store fails or the setting "Period Minutes" is no number from 1 to 1440.
+class EntryOutlook {
+  public:
+    explicit EntryOutlook(Workspace& workspace);
+
+    DateTime Now() const { return now; }
+    Schedule ScheduleOf(const CNolSchedData& record) const { return Schedule(record, holidays, settings); }
+    const OutlookSettings& Settings() const { return settings; }
+    const std::vector<DateTime>& HolidayDays() const { return holidayDays; }
+    // With the trouble of its sentence. An entry that cannot be shown, or whose group is gone, has no runs.
+    EntryState StateOf(const ListedEntry& entry, const std::string& trouble) const;
+    EntryState StateOf(const Schedule& schedule) const;
+
+  private:
+    DateTime now;
+    std::vector<DateTime> holidayDays;
+    Holidays holidays;
+    OutlookSettings settings;
+};
+
+struct EntryRun {
+    DateTime at = 0;
+    std::int32_t id = 0;
+    const std::string* name = nullptr;  // as long as the runs stand
+};
+
+// The runs of many entries in order of time, then Id, found one by one.
+class MergedRuns {
+  public:
+    // Both moments included.
+    MergedRuns(DateTime fromA, DateTime toA) : from(fromA), to(toA) {}
+
+    // All before the first look.
+    void Add(std::int32_t id, std::string name, Schedule schedule);
+
+    bool AtEnd() const { return heads.empty(); }
+    EntryRun Current() const;
+    void MoveNext();
+
+  private:
+    struct Item {
+        std::int32_t id;
+        std::string name;
+        Schedule schedule;
+    };
+    struct Head {
+        RunRange::Iterator run;
+        const Item* item;
+
+        bool operator<(const Head& other) const {  // the queue gives the greatest first
+            return *run != *other.run ? *run > *other.run : item->id > other.item->id;
+        }
+    };
+
+    DateTime from;
+    DateTime to;
+    std::deque<Item> items;
+    std::priority_queue<Head> heads;
+};
+
+}  // namespace NolSchedCtls
