@@ -67,8 +67,8 @@ void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
 void WriteRecord(std::ostream& stream, const Json& answer) {
     for (const auto& [key, value] : answer.at("record").items())
         stream << Padded(key, 20) << TextOf(value) << '\n';
-    if (answer.contains("sentence"))
-        stream << Padded("sentence", 20) << TextOf(answer.at("sentence")) << '\n';
+    for (const char* key : {"sentence", "next", "state"})
+        if (answer.contains(key)) stream << Padded(key, 20) << TextOf(answer.at(key)) << '\n';
     if (answer.contains("overrides")) WriteRows(stream, answer.at("overrides"), "override");
     if (answer.contains("rows")) WriteRows(stream, answer.at("rows"), "row");
 }
@@ -90,12 +90,52 @@ void WriteSaved(std::ostream& stream, const Json& answer) {
         stream << "not saved\n";
 }
 
+// "2026-03-27 22:30", with the seconds where there are any.
+std::string MomentText(const Json& value) {
+    std::string text = TextOf(value);
+    if (text.ends_with(":00")) text.resize(text.size() - 3);
+    std::ranges::replace(text, 'T', ' ');
+    return text;
+}
+
 void WriteEntry(std::ostream& stream, const Json& answer) {
     const Json& entry = answer.at("entry");
     const std::string overrides = Joined(entry.at("overrides"), TextOf);
     stream << Cell(entry.at("Id"), 5) << ' ' << Cell(entry.at("EditorName"), 22) << ' '
-           << Cell(entry.at("group"), 14) << ' ' << Cell(entry.at("sentence"), overrides.empty() ? 0 : 50)
+           << Cell(entry.at("group"), 14) << ' ' << Padded(MomentText(entry.at("next")), 16) << "  "
+           << Cell(entry.at("state"), 15) << ' ' << Cell(entry.at("sentence"), overrides.empty() ? 0 : 50)
            << (overrides.empty() ? "" : " " + overrides) << '\n';
+}
+
+void WriteRun(std::ostream& stream, const Json& answer) {
+    const Json& run = answer.at("run");
+    stream << MomentText(run.at("at")) << "  " << Cell(run.at("Id"), 5) << ' ' << TextOf(run.at("EditorName"))
+           << '\n';
+}
+
+// "3     Nightly: Never runs (Friday is excluded)".
+template <const char* key>
+void WriteState(std::ostream& stream, const Json& answer) {
+    const Json& entry = answer.at(key);
+    const std::string reason = TextOf(entry.at("reason"));
+    stream << Cell(entry.at("Id"), 5) << ' ' << TextOf(entry.at("EditorName")) << ": "
+           << TextOf(entry.at("state")) << (reason.empty() ? "" : " (" + reason + ")") << '\n';
+}
+
+void WriteHoliday(std::ostream& stream, const Json& answer) {
+    const Json& holiday = answer.at("holiday");
+    stream << TextOf(holiday.at("date")) << "  " << TextOf(holiday.at("name")) << '\n';
+}
+
+void WriteImported(std::ostream& stream, const Json& answer) {
+    const Json& imported = answer.at("imported");
+    stream << "imported " << imported.at("added") << " holidays, " << imported.at("known")
+           << " were there before\n";
+}
+
+// As it stands, line ends and all: it is a file.
+void WriteCalendar(std::ostream& stream, const Json& answer) {
+    stream << answer.at("calendar").get_ref<const std::string&>();
 }
 
 void WriteDocument(std::ostream& stream, const Json& answer) {
@@ -121,6 +161,8 @@ constexpr char failure[] = "failure";
 constexpr char error[] = "error";
 constexpr char changed[] = "changed";
 constexpr char deleted[] = "deleted";
+constexpr char check[] = "check";
+constexpr char leftOut[] = "left out";
 
 struct AnswerKind {
     std::string_view key;
@@ -162,13 +204,26 @@ Json OverrideJson(const CNolOverride& item) {
 
 void Answers::Tell(const Json& answer) {
     static constexpr std::array answerKinds = {
-        AnswerKind{"message", true, WriteMessage},       AnswerKind{beep, true, WriteValue<beep>},
-        AnswerKind{shown, true, WriteValue<shown>},      AnswerKind{failure, true, WriteValue<failure>},
-        AnswerKind{error, true, WriteValue<error>},      AnswerKind{"look", false, WriteLook},
-        AnswerKind{"record", false, WriteRecord},        AnswerKind{changed, false, WriteValue<changed>},
-        AnswerKind{"valid", false, WriteValid},          AnswerKind{"saved", false, WriteSaved},
-        AnswerKind{"entry", false, WriteEntry},          AnswerKind{"document", false, WriteDocument},
-        AnswerKind{deleted, false, WriteValue<deleted>}, AnswerKind{"watch", false, WriteWatch},
+        AnswerKind{"message", true, WriteMessage},
+        AnswerKind{beep, true, WriteValue<beep>},
+        AnswerKind{shown, true, WriteValue<shown>},
+        AnswerKind{failure, true, WriteValue<failure>},
+        AnswerKind{error, true, WriteValue<error>},
+        AnswerKind{"look", false, WriteLook},
+        AnswerKind{"record", false, WriteRecord},
+        AnswerKind{changed, false, WriteValue<changed>},
+        AnswerKind{"valid", false, WriteValid},
+        AnswerKind{"saved", false, WriteSaved},
+        AnswerKind{"entry", false, WriteEntry},
+        AnswerKind{"document", false, WriteDocument},
+        AnswerKind{deleted, false, WriteValue<deleted>},
+        AnswerKind{"watch", false, WriteWatch},
+        AnswerKind{"run", false, WriteRun},
+        AnswerKind{check, false, WriteState<check>},
+        AnswerKind{"calendar", false, WriteCalendar},
+        AnswerKind{leftOut, true, WriteState<leftOut>},
+        AnswerKind{"holiday", false, WriteHoliday},
+        AnswerKind{"imported", false, WriteImported},
     };
     const auto& key = answer.begin().key();
     const auto* const kind = std::ranges::find(answerKinds, key, &AnswerKind::key);

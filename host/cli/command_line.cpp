@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "NolSchedCtls/base/text.h"
+
 namespace NolSchedCtls {
 
 namespace {
@@ -14,8 +16,8 @@ constexpr const char* footer =
     "A SCRIPT has one command a line, # begins a comment:\n"
     "  click TAB.FIELD          type TAB.FIELD TEXT     look [TAB]     valid\n"
     "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    record         save\n"
-    "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed\n"
-    "Exit status: 0 done, 1 refused by a tab, 2 a wrong command or script line,\n"
+    "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed        runs [N]\n"
+    "Exit status: 0 done, 1 refused by a tab or found by check, 2 a wrong command or script line,\n"
     "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
 
 CLI::App& AddCommand(CLI::App& app, const std::string& name, const std::string& description) {
@@ -27,6 +29,16 @@ CLI::Option* AddText(CLI::App& app, const std::string& name, std::optional<std::
                      const char* description) {
     return app.add_option_function<std::string>(
         name, [&text](const std::string& given) { text = given; }, description);
+}
+
+CLI::Option* AddNumber(CLI::App& app, const std::string& name, std::optional<int>& number,
+                       const char* description) {
+    const auto take = [name, &number](const std::string& text) {
+        number = ParseWhole(text);
+        if (!number || *number < 1)
+            throw UsageError(name + " takes a number from 1 on, not " + Quoted(text) + ".");
+    };
+    return app.add_option_function<std::string>(name, take, description)->type_name("N");
 }
 
 void AddEntryCommands(CLI::App& app, CommandLine& line) {
@@ -44,6 +56,28 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
         AddId(*command, line.id, "The entry's id")->required();
     for (auto* command : {&make, &edit})
         command->add_option("SCRIPT", line.script, scriptHelp)->type_name("");
+}
+
+void AddOutlookCommands(CLI::App& app, CommandLine& line) {
+    auto& runs = AddCommand(app, "runs", "Tells what will run and when, in order of time");
+    runs.add_option("--from", line.from, "The first day, YYYY-MM-DD, or moment (now where left out)")
+        ->type_name("DATE");
+    runs.add_option("--to", line.to, "The last day or moment")->type_name("DATE");
+    AddNumber(runs, "--count", line.count, "At most so many runs (10 where left out without --to)");
+    AddCommand(app, "check", "Names entries that never run, have ended, lack their group or clash");
+    auto& calendar = AddCommand(app, "export", "Writes the runs as a calendar (iCalendar)");
+    for (auto* command : {&runs, &calendar}) AddIds(*command, line.ids);
+    auto& holidays = AddCommand(app, "holidays", "Lists, adds, deletes and imports holidays");
+    holidays.require_subcommand(0, 1);
+    auto& add = AddCommand(holidays, "add", "Adds a holiday");
+    auto& remove = AddCommand(holidays, "delete", "Deletes a holiday");
+    for (auto* command : {&add, &remove})
+        command->add_option("DATE", line.day, "YYYY-MM-DD")->required()->type_name("");
+    add.add_option("NAME", line.document, "The holiday's name")->required()->type_name("");
+    AddCommand(holidays, "import", "Adds the whole days of a calendar file's events")
+        .add_option("FILE", line.file, "An iCalendar file (.ics)")
+        ->required()
+        ->type_name("");
 }
 
 void AddDocumentCommands(CLI::App& app, CommandLine& line) {
@@ -64,6 +98,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& given, const std::fu
     app->add_flag("--json")->description("Says everything as one object a line");
     app->require_subcommand(1);
     AddEntryCommands(*app, line);
+    AddOutlookCommands(*app, line);
     AddDocumentCommands(*app, line);
     app->footer(footer);
     if (GivesOption(*app, given, "--json")) useJson();

@@ -8,11 +8,17 @@ namespace NolSchedCtls {
 // What the command takes has a value; what it may lack has one where it was given.
 struct CommandLine : HostArguments {
     std::optional<std::int32_t> id;
+    std::vector<std::int32_t> ids;
     std::string script = "-";
     std::optional<std::string> name;
     std::optional<std::string> group;
     std::string type;
-    std::string document;
+    std::string document;  // or a holiday's name
+    std::string day;
+    std::string file;
+    std::string from;
+    std::string to;
+    std::optional<int> count;
     bool isImmediate = false;
 };
 

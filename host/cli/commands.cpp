@@ -9,7 +9,9 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/cli/command_line.h"
+#include "host/cli/outlook_commands.h"
 #include "host/cli/script.h"
+#include "host/entries/entry_outlook.h"
 #include "host/entries/entry_sentence.h"
 #include "host/entries/entry_session.h"
 #include "host/entries/entry_watch.h"
@@ -20,16 +22,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct Run {
-    const CommandLine& line;
-    Terminal& terminal;
-    Answers& answers;
-    Workspace& workspace;
-};
-
-int RunScript(const Run& run, EntrySession& session) {
+int RunScript(const CommandRun& run, EntrySession& session) {
     const std::string& file = run.line.script;
-    Script script(session, run.answers);
+    Script script(run.workspace, session, run.answers);
     session.Load();
     if (file == "-")
         return script.Run(run.terminal.in, run.terminal.isInteractive ? &run.terminal.err : nullptr);
@@ -40,37 +35,37 @@ int RunScript(const Run& run, EntrySession& session) {
     return script.Run(lines, nullptr);
 }
 
-void TellEntry(const Run& run, const ListedEntry& entry) {
-    run.answers.Tell({{"entry",
-                       {{"Id", entry.id},
-                        {"EditorName", entry.record->EditorName},
-                        {"group", entry.group},
-                        {"sentence", SentenceOf(entry)},
-                        {"overrides", entry.kinds}}}});
+// The sentence with what comes of it.
+Json ScheduleJson(const ListedEntry& entry, const EntryOutlook& outlook) {
+    const Sentence sentence = SentenceOf(entry);
+    const EntryState state = outlook.StateOf(entry, sentence.trouble);
+    return {{"sentence", sentence.text},
+            {"next", state.next ? Json(IsoText(*state.next)) : Json(nullptr)},
+            {"state", state.text}};
 }
 
-// Page by page, so that a store of any size takes the same memory.
-int List(const Run& run) {
-    constexpr int pageSize = 500;
-    std::int64_t lastId = std::numeric_limits<std::int64_t>::min();
-    for (int told = pageSize; told == pageSize;) {
-        told = 0;
-        const auto tell = [&](const ListedEntry& entry) {
-            TellEntry(run, entry);
-            lastId = entry.id;
-            ++told;
-        };
-        run.workspace.Entries().ForEach(tell, lastId, pageSize);
-    }
+int List(const CommandRun& run) {
+    const EntryOutlook outlook(run.workspace);
+    ForEachChosen(run, [&](const ListedEntry& entry) {
+        Json told{{"Id", entry.id},
+                  {"EditorName", entry.record->EditorName},
+                  {"group", entry.group},
+                  {"overrides", entry.kinds}};
+        told.update(ScheduleJson(entry, outlook));
+        run.answers.Tell({{"entry", told}});
+    });
     return exitDone;
 }
 
-int Show(const Run& run) {
+int Show(const CommandRun& run) {
     const Transaction reading(run.workspace.Store(), Access::Read);
     const StoredEntry entry = run.workspace.Entries().Load(*run.line.id);
     Json answer = JsonOf(*entry.record);
     answer.erase("overrides");
-    answer["sentence"] = SentenceOf(entry.record);
+    const auto tellSchedule = [&](const ListedEntry& listed) {
+        answer.update(ScheduleJson(listed, EntryOutlook(run.workspace)));
+    };
+    run.workspace.Entries().ForOne(*run.line.id, tellSchedule);
     Json& rows = answer["rows"] = Json::array();
     for (const auto& columns : run.workspace.Entries().OverrideRows(entry.record->Id)) {
         Json& row = rows.emplace_back();
@@ -82,7 +77,7 @@ int Show(const Run& run) {
 
 CaddisDocumentType GroupType() { return DocumentTypes().TypeByName(MAppConstants::nolGroup); }
 
-int New(const Run& run) {
+int New(const CommandRun& run) {
     EntrySession::NewEntry entry;
     entry.isImmediate = run.line.isImmediate;
     entry.name = run.line.name.value_or(entry.isImmediate ? "New Immediate Entry" : "New Schedule Entry");
@@ -92,27 +87,27 @@ int New(const Run& run) {
     return RunScript(run, session);
 }
 
-int Edit(const Run& run) {
+int Edit(const CommandRun& run) {
     EntrySession session(run.workspace, *run.line.id);
     return RunScript(run, session);
 }
 
-int Duplicate(const Run& run) {
+int Duplicate(const CommandRun& run) {
     EntrySession copy(run.workspace, EntrySession::CopyOf{*run.line.id});
-    Script script(copy, run.answers);
+    Script script(run.workspace, copy, run.answers);
     copy.Load();
     script.Save();
     return script.Verdict();
 }
 
-int Delete(const Run& run) {
+int Delete(const CommandRun& run) {
     run.workspace.Entries().Delete(*run.line.id);
     run.answers.Tell({{"deleted", *run.line.id}});
     return exitDone;
 }
 
 // A lost connection is told once and looked for again; what was missed meanwhile is told then.
-int Watch(const Run& run) {
+int Watch(const CommandRun& run) {
     using enum StoreError::Kind;
     EntryWatch watch(run.workspace.Store());
     std::string trouble;
@@ -143,7 +138,7 @@ CaddisDocumentType TypeOfWord(const std::string& word) {
     throw UsageError("There is no type of document " + Quoted(word) + "; there are group and scenario.");
 }
 
-int Documents(const Run& run) {
+int Documents(const CommandRun& run) {
     for (const auto& document : run.workspace.Documents().AllDocuments())
         run.answers.Tell(
             {{"document",
@@ -152,15 +147,15 @@ int Documents(const Run& run) {
 }
 
 template <auto change>
-int ChangeDocuments(const Run& run) {
+int ChangeDocuments(const CommandRun& run) {
     const std::string& name = run.line.document;
     if (name.empty()) throw UsageError(run.line.command + " takes a NAME that is not empty.");
     (run.workspace.Documents().*change)(TypeOfWord(run.line.type), name);
     return exitDone;
 }
 
-int RunCommand(const Run& run) {
-    constexpr std::pair<std::string_view, int (*)(const Run&)> commands[] = {
+int RunCommand(const CommandRun& run) {
+    constexpr std::pair<std::string_view, int (*)(const CommandRun&)> commands[] = {
         {"list", List},
         {"show", Show},
         {"new", New},
@@ -168,6 +163,13 @@ int RunCommand(const Run& run) {
         {"duplicate", Duplicate},
         {"delete", Delete},
         {"watch", Watch},
+        {"runs", TellRuns},
+        {"check", Check},
+        {"export", Export},
+        {"holidays", TellHolidays},
+        {"holidays add", AddHoliday},
+        {"holidays delete", DeleteHoliday},
+        {"holidays import", ImportHolidays},
         {"documents", Documents},
         {"documents add", ChangeDocuments<&DocumentStore::Add>},
         {"documents delete", ChangeDocuments<&DocumentStore::Delete>}};
@@ -202,6 +204,13 @@ int End(Answers& answers, const char* kind, const std::exception& error, ExitSta
 }
 
 }  // namespace
+
+void ForEachChosen(const CommandRun& run, const std::function<void(const ListedEntry&)>& visit) {
+    const EntryStore& entries = run.workspace.Entries();
+    if (run.line.ids.empty()) return entries.ForAll(visit);
+    for (const std::int32_t id : run.line.ids) entries.ForOne(id, [](const ListedEntry&) {});
+    for (const std::int32_t id : run.line.ids) entries.ForOne(id, visit);
+}
 
 int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
     Answers answers(terminal.out, terminal.err);

@@ -1,8 +1,14 @@
 #include "host/cli/outlook_commands.h"
 
+#include <limits>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/text.h"
+#include "host/cli/field_view.h"
 #include "host/entries/calendar_file.h"
 #include "host/entries/entry_check.h"
 #include "host/entries/entry_sentence.h"
+#include "host/entries/process.h"
 
 namespace NolSchedCtls {
 
@@ -16,14 +22,27 @@ struct Span {
     DateTime to;
 };
 
+DateTime ReadMoment(const std::string& option, const std::string& text) {
+    return Explained<UsageError>([&] { return ParseIso(text); }, [&] { return option + ": "; });
+}
+
 // A day without a time counts as a whole.
 Span SpanOf(const CommandLine& line, DateTime now) {
-    Span span{line.from.empty() ? now + second : ParseIso(line.from), MAppConstants::NoEndDate + 1};
-    if (!line.to.empty()) span.to = ParseIso(line.to);
+    Span span{line.from.empty() ? now + second : ReadMoment("--from", line.from),
+              MAppConstants::NoEndDate + 1};
+    if (!line.to.empty()) span.to = ReadMoment("--to", line.to);
     if (line.to.size() == DayText(span.to).size()) span.to += 1 - second;
     if (!line.from.empty() && span.from > span.to)
         throw UsageError("--from " + line.from + " lies after --to " + line.to + ".");
     return span;
+}
+
+DateTime ReadDay(const std::string& text) {
+    const DateTime day = Explained<UsageError>([&] { return ParseIso(text); },
+                                               [] { return std::string("The day of a holiday: "); });
+    if (text.size() != DayText(day).size())
+        throw UsageError("A holiday is a day, YYYY-MM-DD, not " + Quoted(text) + ".");
+    return day;
 }
 
 Json StateJson(const ListedEntry& entry, const EntryState& state) {
@@ -40,7 +59,7 @@ int TellRuns(const CommandRun& run) {
     const Span span = SpanOf(run.line, outlook.Now());
     MergedRuns runs(span.from, span.to);
     ForEachChosen(run, [&](const ListedEntry& entry) {
-        if (entry.group.empty() || !SentenceOf(entry).trouble.empty()) return;
+        if (!IsRunnable(entry, SentenceOf(entry).trouble)) return;
         runs.Add(entry.record->Id, entry.record->EditorName, outlook.ScheduleOf(*entry.record));
     });
     int count = run.line.count.value_or(run.line.to.empty() ? usualCount : std::numeric_limits<int>::max());
@@ -69,10 +88,10 @@ int Export(const CommandRun& run) {
     const EntryOutlook outlook(run.workspace);
     run.answers.Tell({{"calendar", calendarBegin}});
     ForEachChosen(run, [&](const ListedEntry& entry) {
-        const EntryState state = outlook.StateOf(entry, SentenceOf(entry).trouble);
-        const std::string event =
-            state.text == "Group missing" || !entry.trouble.empty() ? "" : EventOf(entry, outlook);
-        if (event.empty()) return run.answers.Tell({{"left out", StateJson(entry, state)}});
+        const std::string trouble = SentenceOf(entry).trouble;
+        const std::string event = IsRunnable(entry, trouble) ? EventOf(entry, outlook) : "";
+        if (event.empty())
+            return run.answers.Tell({{"left out", StateJson(entry, outlook.StateOf(entry, trouble))}});
         run.answers.Tell({{"calendar", event}});
     });
     run.answers.Tell({{"calendar", calendarEnd}});
@@ -98,8 +117,8 @@ int DeleteHoliday(const CommandRun& run) {
 int ImportHolidays(const CommandRun& run) {
     const auto holidays = ReadHolidays(run.line.file);
     const int added = run.workspace.Holidays().Import(holidays);
-    run.answers.Tell(
-        {{"imported", {{"added", added}, {"known", static_cast<int>(holidays.size()) - added}}}});
+    const int known = static_cast<int>(holidays.size()) - added;
+    run.answers.Tell({{"imported", {{"added", added}, {"known", known}}}});
     return exitDone;
 }
 

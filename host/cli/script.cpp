@@ -7,6 +7,7 @@
 
 #include "NolSchedCtls/base/text.h"
 #include "host/cli/field_view.h"
+#include "host/entries/entry_outlook.h"
 
 namespace NolSchedCtls {
 
@@ -52,7 +53,8 @@ void RefuseRest(std::string_view verb, std::string_view rest) {
 
 }  // namespace
 
-Script::Script(EntrySession& sessionA, Answers& answersA) : session(sessionA), answers(answersA) {
+Script::Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA)
+    : workspace(workspaceA), session(sessionA), answers(answersA) {
     connections.emplace_back(session.Notifier().TabShown.Connect([this](const std::string& tabName) {
         const Page* page = session.FindPage(tabName);
         answers.Tell({{"shown", page == nullptr ? tabName : std::string(page->name)}});
@@ -92,6 +94,7 @@ void Script::Line(std::string_view line) {
     const std::string_view verb = TakeWord(line);
     if (const auto act = VerbNamed(verb)) return Act(*act, verb, line);
     if (verb == "look") return Look(line);
+    if (verb == "runs") return TellRuns(line);
     for (const auto& [question, answer] : questions) {
         if (question != verb) continue;
         RefuseRest(verb, line);
@@ -99,7 +102,7 @@ void Script::Line(std::string_view line) {
     }
     throw UsageError(
         "There is no command " + Quoted(verb) +
-        "; there are click, pick, type, paste, date, time, look, record, changed, valid and save.");
+        "; there are click, pick, type, paste, date, time, look, runs, record, changed, valid and save.");
 }
 
 void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
@@ -140,6 +143,33 @@ void Script::Look(std::string_view rest) {
         return LookAt(PageNamed(name));
     }
     for (const Page& page : session.Pages()) LookAt(page);
+}
+
+// Without runs, the state and its reason in the form of the command check.
+void Script::TellRuns(std::string_view rest) {
+    int count = 10;
+    rest = WithoutLeadingBlanks(rest);
+    if (!IsEmptyOrComment(rest)) {
+        const std::string_view given = TakeWord(rest);
+        count = ParseWhole(given).value_or(0);
+        if (count < 1) throw UsageError("runs takes a number from 1 on, not " + Quoted(given) + ".");
+        RefuseRest("runs " + std::string(given), rest);
+    }
+    const auto record = session.ViewedRecord();
+    const EntryOutlook outlook(workspace);
+    const Schedule schedule = outlook.ScheduleOf(*record);
+    auto next = schedule.NextAfter(outlook.Now());
+    if (!next) {
+        const EntryState state = outlook.StateOf(schedule);
+        return answers.Tell({{"check",
+                              {{"Id", record->Id},
+                               {"EditorName", record->EditorName},
+                               {"state", state.text},
+                               {"reason", state.reason}}}});
+    }
+    for (; next && count > 0; --count, next = schedule.NextAfter(*next))
+        answers.Tell(
+            {{"run", {{"Id", record->Id}, {"EditorName", record->EditorName}, {"at", IsoText(*next)}}}});
 }
 
 void Script::ShowRecord() { answers.Tell(JsonOf(session.Record())); }

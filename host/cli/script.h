@@ -13,7 +13,7 @@ namespace NolSchedCtls {
 class Script {
   public:
     // Connects the session's notifier and tabs to the answers; load the session after it.
-    Script(EntrySession& sessionA, Answers& answersA);
+    Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA);
 
     // Runs to the end of the lines. Throws UsageError, with the line's number, for the first line that a user
     // could not carry out, and for lines that cannot be read; and what a save throws. At a terminal a wrong
@@ -29,6 +29,7 @@ class Script {
     void Line(std::string_view line);
     void Act(Verb act, std::string_view verb, std::string_view rest);
     void Look(std::string_view rest);
+    void TellRuns(std::string_view rest);
     void ShowRecord();
     void ShowChanged();
     void Valid();
@@ -37,6 +38,7 @@ class Script {
     void Judge(ExitStatus judged);
     void Refuse(const Page& page);
 
+    Workspace& workspace;
     EntrySession& session;
     Answers& answers;
     int verdict = exitDone;

@@ -153,6 +153,12 @@ std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::st
     return reversed;
 }
 
+std::int32_t ReadId(const CLI::App& app, const std::string& text) {
+    const auto id = ParseWhole(text);
+    if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Told(text) + ".");
+    return *id;
+}
+
 }  // namespace
 
 std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& description,
@@ -179,11 +185,17 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
 }
 
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description) {
-    const auto take = [&app, &id](const std::string& text) {
-        id = ParseWhole(text);
-        if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Told(text) + ".");
-    };
+    const auto take = [&app, &id](const std::string& text) { id = ReadId(app, text); };
     return app.add_option_function<std::string>("ID", take, description)->type_name("");
+}
+
+void AddIds(CLI::App& app, std::vector<std::int32_t>& ids) {
+    const auto take = [&app, &ids](const std::vector<std::string>& texts) {
+        for (const auto& text : texts) ids.push_back(ReadId(app, text));
+    };
+    app.add_option_function<std::vector<std::string>>("ID", take, "The entries' ids (all where left out)")
+        ->type_name("")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 bool GivesOption(const CLI::App& app, const std::vector<std::string>& given, std::string_view option) {

@@ -36,6 +36,8 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
                                   HostArguments& arguments);
 // The place ID.
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description);
+// Any number of them.
+void AddIds(CLI::App& app, std::vector<std::int32_t>& ids);
 
 // Whether the option stands among the arguments, and not as the text of another. Never throws: how a wrong
 // line is to be refused must be known first.

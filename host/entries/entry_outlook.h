@@ -12,6 +12,11 @@
 
 namespace NolSchedCtls {
 
+// An entry that cannot be shown, or whose group is gone, has no runs. The trouble is that of its sentence.
+inline bool IsRunnable(const ListedEntry& entry, const std::string& trouble) {
+    return trouble.empty() && !entry.group.empty();
+}
+
 struct EntryState {
     std::string text;    // "Scheduled", "Never runs", ..., "Group missing"
     std::string reason;  // why an entry never runs or cannot be shown
@@ -28,7 +33,7 @@ class EntryOutlook {
     Schedule ScheduleOf(const CNolSchedData& record) const { return Schedule(record, holidays, settings); }
     const OutlookSettings& Settings() const { return settings; }
     const std::vector<DateTime>& HolidayDays() const { return holidayDays; }
-    // With the trouble of its sentence. An entry that cannot be shown, or whose group is gone, has no runs.
+    // With the trouble of its sentence.
     EntryState StateOf(const ListedEntry& entry, const std::string& trouble) const;
     EntryState StateOf(const Schedule& schedule) const;
 

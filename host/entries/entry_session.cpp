@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
@@ -52,6 +53,11 @@ StoredEntry CopiedRecord(StoredEntry entry) {
     return entry;
 }
 
+void CopyColumns(const CNolSchedData& from, CNolSchedData& to) {
+    for (const auto& entryColumn : entryColumns)
+        std::visit([&](const auto& column) { to.*column.pProperty = from.*column.pProperty; }, entryColumn);
+}
+
 }  // namespace
 
 EntrySession::EntrySession(Workspace& workspaceA, StoredEntry entry)
@@ -73,6 +79,21 @@ void EntrySession::Load() {
         for (const Page& page : pages) page.tab->LoadData(record, record->EditorName, notifier);
     });
     changes = 0;
+}
+
+std::unique_ptr<CNolSchedData> EntrySession::ViewedRecord() {
+    auto viewed = std::make_unique<CNolSchedData>();
+    CNolSchedData kept;
+    CopyColumns(*record, kept);
+    try {
+        FindPage("schedule")->tab->SaveData();
+        CopyColumns(*record, *viewed);
+    } catch (...) {
+        CopyColumns(kept, *record);
+        throw;
+    }
+    CopyColumns(kept, *record);
+    return viewed;
 }
 
 const Page* EntrySession::FindPage(std::string_view name) const {

@@ -47,6 +47,9 @@ class EntrySession {
     const Page* FindPage(std::string_view name) const;
     CNolSchedData& Record() { return *record; }
     CPaviseNotify& Notifier() { return *notifier; }
+    // What a save would store of the schedule as its page stands; the record itself stays as it is. Throws
+    // what SaveData throws for a text that does not convert.
+    std::unique_ptr<CNolSchedData> ViewedRecord();
     // How often the tabs have reported a change since the load.
     int Changes() const { return changes; }
     bool HasUnsavedChanges() const { return changes != savedChanges; }

@@ -152,8 +152,7 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
     const Transaction reading(*database, Access::Read);
     {
         const auto rows = database->Open("SELECT * FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}});
-        if (rows->AtEnd())
-            throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
+        if (rows->AtEnd()) TellMissing(id);
         Opening(id, [&] {
             ReadRow(*rows, read);
             row = {LintelDb().FieldToNumber(rows->Fields("Version"), 0), RowValues(ReadValue{read}), {}};
@@ -227,8 +226,7 @@ void EntryStore::TellOvertaken(std::int32_t id, const std::string& name, std::in
 
 void EntryStore::Delete(std::int32_t id) {
     Transaction transaction(*database);
-    if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}}) != 1)
-        throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
+    if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}}) != 1) TellMissing(id);
     database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{id}});
     database->Announce("deleted " + std::to_string(id));
     transaction.Commit();
@@ -276,6 +274,20 @@ void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, s
         } while (!rows->AtEnd() && IdOf(*rows) == entry.id);
         visit(entry);
     }
+}
+
+void EntryStore::ForOne(std::int32_t id, const std::function<void(const ListedEntry&)>& visit) const {
+    bool isFound = false;
+    const auto visitIt = [&](const ListedEntry& entry) {
+        isFound = entry.id == id;
+        if (isFound) visit(entry);
+    };
+    ForEach(visitIt, std::int64_t{id} - 1, 1);
+    if (!isFound) TellMissing(id);
+}
+
+void EntryStore::TellMissing(std::int32_t id) const {
+    throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
 }
 
 void EntryStore::ForAll(const std::function<void(const ListedEntry&)>& visit) const {

@@ -79,6 +79,8 @@ class EntryStore {
     void ForEach(const std::function<void(const ListedEntry&)>& visit,
                  std::int64_t afterId = std::numeric_limits<std::int64_t>::min(),
                  std::int64_t limit = std::numeric_limits<std::int64_t>::max()) const;
+    // The one with that Id. Throws RequestError.
+    void ForOne(std::int32_t id, const std::function<void(const ListedEntry&)>& visit) const;
     // The same for all, page by page, so that a store of any size takes the same memory.
     void ForAll(const std::function<void(const ListedEntry&)>& visit) const;
     std::int64_t Count() const;
@@ -87,6 +89,7 @@ class EntryStore {
 
   private:
     const std::string& User() const;
+    [[noreturn]] void TellMissing(std::int32_t id) const;
     std::unique_ptr<StoreRows> LastSave(std::int32_t id) const;
     [[noreturn]] void TellOvertaken(std::int32_t id, const std::string& name, std::int32_t version) const;
 
