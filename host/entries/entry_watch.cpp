@@ -32,6 +32,7 @@ void EntryWatch::Look(const Visit& visit) {
     constexpr auto id = &IdAndVersion::first;
     std::ranges::set_difference(seen, read, std::back_inserter(deleted), {}, id, id);
     std::vector<EntryChange> changes;
+    changes.reserve(saved.size() + deleted.size());
     for (const auto& entry : saved) changes.push_back({entry.first, false});
     for (const auto& entry : deleted) changes.push_back({entry.first, true});
     if (!changes.empty()) visit(changes);
