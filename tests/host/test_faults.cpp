@@ -359,10 +359,12 @@ TEST(Faults, ARowThatNoRecordCanHoldIsListedWithItsTrouble) {
     std::string listed = RunCommandLine(store.Address(), {"list"});
     listed.erase(std::unique(listed.begin(), listed.end(), [](char a, char b) { return a == b && a == ' '; }),
                  listed.end());
-    EXPECT_EQ(listed,
-              "-3000000000 E North Cells (The column Id holds \"-3000000000\", which is no 32-bit number.)\n"
-              "2 E North Cells (The column Frequency holds \"x\", which is no 32-bit number.)\n"
-              "3 E North Cells Once\n");
+    EXPECT_EQ(
+        listed,
+        "-3000000000 E North Cells - Cannot be shown (The column Id holds \"-3000000000\", which is no "
+        "32-bit number.)\n"
+        "2 E North Cells - Cannot be shown (The column Frequency holds \"x\", which is no 32-bit number.)\n"
+        "3 E North Cells - Ended Once\n");
 }
 
 TEST(Faults, AtAPromptAFailedSaveIsToldAndTheInputStays) {
