@@ -129,8 +129,7 @@ void WriteHoliday(std::ostream& stream, const Json& answer) {
 
 void WriteImported(std::ostream& stream, const Json& answer) {
     const Json& imported = answer.at("imported");
-    stream << "imported " << imported.at("added") << " holidays, " << imported.at("known")
-           << " were there before\n";
+    stream << "holidays: " << imported.at("added") << " new, " << imported.at("known") << " known\n";
 }
 
 // As it stands, line ends and all: it is a file.

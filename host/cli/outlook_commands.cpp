@@ -26,6 +26,13 @@ DateTime ReadMoment(const std::string& option, const std::string& text) {
     return Explained<UsageError>([&] { return ParseIso(text); }, [&] { return option + ": "; });
 }
 
+DateTime ReadDay(const std::string& text) {
+    constexpr std::string_view form = "YYYY-MM-DD";
+    if (text.size() != form.size())
+        throw UsageError("A holiday is a day, " + std::string(form) + ", not " + Quoted(text) + ".");
+    return ReadMoment("holidays", text);
+}
+
 // A day without a time counts as a whole.
 Span SpanOf(const CommandLine& line, DateTime now) {
     Span span{line.from.empty() ? now + second : ReadMoment("--from", line.from),
@@ -35,14 +42,6 @@ Span SpanOf(const CommandLine& line, DateTime now) {
     if (!line.from.empty() && span.from > span.to)
         throw UsageError("--from " + line.from + " lies after --to " + line.to + ".");
     return span;
-}
-
-DateTime ReadDay(const std::string& text) {
-    const DateTime day = Explained<UsageError>([&] { return ParseIso(text); },
-                                               [] { return std::string("The day of a holiday: "); });
-    if (text.size() != DayText(day).size())
-        throw UsageError("A holiday is a day, YYYY-MM-DD, not " + Quoted(text) + ".");
-    return day;
 }
 
 Json StateJson(const ListedEntry& entry, const EntryState& state) {

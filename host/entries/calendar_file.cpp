@@ -3,10 +3,12 @@
 #include <utf8.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "host/entries/arguments.h"
@@ -28,11 +30,12 @@ using Component = std::unique_ptr<icalcomponent, Free>;
 
 std::string ReadText(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file.is_open() || file.bad() || (text.empty() && file.peek() != EOF))
-        throw UsageError("The file " + Quoted(path) + " cannot be read.");
-    if (!utf8::is_valid(text)) throw UsageError("The file " + Quoted(path) + " is not valid UTF-8.");
-    return text;
+    std::ostringstream text;
+    if (file.peek() != EOF) text << file.rdbuf();
+    if (!file.is_open() || file.bad() || text.fail())
+        throw UsageError("The file " + Quoted(path) + " cannot be read: " + std::strerror(errno) + ".");
+    if (!utf8::is_valid(text.str())) throw UsageError("The file " + Quoted(path) + " is not valid UTF-8.");
+    return text.str();
 }
 
 // Counted from 1970 on, as the library counts seconds.

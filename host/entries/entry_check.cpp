@@ -18,6 +18,7 @@ constexpr int minutesOfDay = 24 * 60;
 struct Override {
     std::string type;
     std::int32_t minutes = 0;
+    DateTime next = 0;
 };
 
 // The entries of one group, and the override of each that takes longest.
@@ -25,6 +26,12 @@ struct Group {
     MergedRuns runs;
     std::map<std::int32_t, Override> overrides;
 };
+
+std::string MinuteText(DateTime moment) {
+    std::string text = IsoText(moment).substr(0, 16);
+    text[text.find('T')] = ' ';
+    return text;
+}
 
 // Each entry once, in the order of time.
 void TellClashes(Group& group, const std::function<void(const CheckedEntry&)>& tell) {
@@ -34,13 +41,13 @@ void TellClashes(Group& group, const std::function<void(const CheckedEntry&)>& t
         const auto last = std::exchange(before, run);
         const auto found = group.overrides.find(last ? last->id : 0);
         if (found == group.overrides.end()) continue;
-        const auto& [type, duration] = found->second;
+        const auto& [type, duration, next] = found->second;
         const auto minutes = std::lround((run.at - last->at) * minutesOfDay);
         if (duration <= minutes) continue;
         tell({last->id, *last->name, std::string(TextOf(RunState::Scheduled)),
-              type + " takes " + std::to_string(duration) + " minutes from " +
-                  IsoText(last->at).substr(0, 16) + ", but after " + std::to_string(minutes) + " " +
-                  Quoted(*run.name) + " runs the same group"});
+              type + " takes " + std::to_string(duration) + " minutes from " + MinuteText(last->at) +
+                  ", but after " + std::to_string(minutes) + " " + Quoted(*run.name) +
+                  " runs the same group"});
         group.overrides.erase(found);
     }
 }
@@ -56,10 +63,22 @@ class Checker {
 
     void CheckAll() {
         workspace.Entries().ForAll([this](const ListedEntry& entry) { CheckOne(entry); });
-        for (auto& [id, group] : groups) TellClashes(group, tell);
+        for (auto& [id, group] : groups) {
+            TellClashes(group, tell);
+            TellLaterClashes(group);
+        }
     }
 
   private:
+    // No override takes longer than a day.
+    void TellLaterClashes(Group& group) {
+        for (const auto& [id, override] : std::map(group.overrides)) {
+            if (override.next <= outlook.Now() + daysLookedAt) continue;
+            group.runs.Restart(override.next, override.next + 1);
+            TellClashes(group, tell);
+        }
+    }
+
     void CheckOne(const ListedEntry& entry) {
         const EntryState state = outlook.StateOf(entry, SentenceOf(entry).trouble);
         if (IsTrouble(state)) tell({entry.id, entry.record->EditorName, state.text, state.reason});
@@ -69,10 +88,10 @@ class Checker {
                 tell({entry.id, entry.record->EditorName, state.text,
                       "the scenario " + std::to_string(use->second.scenarioId) + " of " + use->second.type +
                           " is gone"});
-        if (state.next) AddToGroup(entry);
+        if (state.next) AddToGroup(entry, *state.next);
     }
 
-    void AddToGroup(const ListedEntry& entry) {
+    void AddToGroup(const ListedEntry& entry, DateTime next) {
         const CNolSchedData& record = *entry.record;
         auto& group =
             groups.try_emplace(record.RptGrpId, Group{{outlook.Now(), outlook.Now() + daysLookedAt}, {}})
@@ -83,7 +102,8 @@ class Checker {
             return one.second.duration < other.second.duration;
         };
         const auto longest = std::max_element(first, last, isShorter);
-        if (longest != last) group.overrides[record.Id] = {longest->second.type, longest->second.duration};
+        if (longest != last)
+            group.overrides[record.Id] = {longest->second.type, longest->second.duration, next};
     }
 
     Workspace& workspace;

@@ -15,7 +15,7 @@ struct CheckedEntry {
 };
 
 // Those that never run, have ended, cannot be shown or lack their group or a scenario, by Id; then those with
-// an override that still runs when the next run of the same group begins, within the 31 days to come.
+// an override that still runs when the same group runs again: at the next run, or within the 31 days to come.
 void CheckEntries(Workspace& workspace, const std::function<void(const CheckedEntry&)>& tell);
 
 }  // namespace NolSchedCtls

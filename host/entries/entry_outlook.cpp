@@ -48,7 +48,17 @@ EntryState EntryOutlook::StateOf(const ListedEntry& entry, const std::string& tr
 }
 
 void MergedRuns::Add(std::int32_t id, std::string name, Schedule schedule) {
-    const Item& item = items.emplace_back(Item{id, std::move(name), std::move(schedule)});
+    Begin(items.emplace_back(Item{id, std::move(name), std::move(schedule)}));
+}
+
+void MergedRuns::Restart(DateTime fromA, DateTime toA) {
+    from = fromA;
+    to = toA;
+    heads = {};
+    for (const Item& item : items) Begin(item);
+}
+
+void MergedRuns::Begin(const Item& item) {
     const auto first = item.schedule.RunsBetween(from, to).begin();
     if (first != std::default_sentinel) heads.push({first, &item});
 }

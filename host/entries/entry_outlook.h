@@ -59,6 +59,9 @@ class MergedRuns {
     // All before the first look.
     void Add(std::int32_t id, std::string name, Schedule schedule);
 
+    // Begins again, between other moments.
+    void Restart(DateTime fromA, DateTime toA);
+
     bool AtEnd() const { return heads.empty(); }
     EntryRun Current() const;
     void MoveNext();
@@ -77,6 +80,8 @@ class MergedRuns {
             return *run != *other.run ? *run > *other.run : item->id > other.item->id;
         }
     };
+
+    void Begin(const Item& item);
 
     DateTime from;
     DateTime to;

@@ -43,6 +43,7 @@ std::string Run(const TemporaryStore& store, const std::string& command, const s
 }
 
 std::string Play(const std::filesystem::path& transcript, bool isJson) {
+    std::filesystem::current_path(transcript.parent_path());
     const TemporaryStore store;
     std::string played;
     std::ifstream file(transcript);
