@@ -41,6 +41,10 @@ std::string Escape(char32_t letter, bool isByte) {
     return text.data();
 }
 
+std::size_t LettersOf(const std::string& text) {
+    return static_cast<std::size_t>(utf8::unchecked::distance(text.begin(), text.end()));
+}
+
 bool IsPlain(char letter) { return letter >= ' ' && letter < '\x7F'; }
 
 }  // namespace
@@ -73,13 +77,13 @@ std::string VisibleLines(const std::string& head, const std::string& text) {
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
         if (line.ends_with('\r')) line.pop_back();
-        shown += (shown.empty() ? head : std::string(head.size(), ' ')) + Visible(line) + '\n';
+        shown += (shown.empty() ? head : std::string(LettersOf(head), ' ')) + Visible(line) + '\n';
     }
     return shown;
 }
 
 std::string Padded(std::string text, std::size_t width) {
-    const auto letters = static_cast<std::size_t>(utf8::unchecked::distance(text.begin(), text.end()));
+    const std::size_t letters = LettersOf(text);
     return std::move(text) + std::string(width - std::min(letters, width), ' ');
 }
 

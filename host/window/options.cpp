@@ -12,7 +12,7 @@ EditorOptions ReadOptions(const std::vector<std::string>& given) {
     app->add_option("--screenshots", options.screenshots,
                     "Writes pictures of all pages to this folder and leaves; needs no display")
         ->type_name("DIR");
-    AddId(*app, options.id, "Opens this entry at once; its pages alone are drawn");
+    AddId(*app, options.id, "Opens this entry at once, or draws its pages alone");
     app->footer(
         "Exit status: 0 done, 2 a wrong command line or no display, 3 the store or the output failed.");
     ReadArguments(*app, given, options);
