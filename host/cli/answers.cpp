@@ -8,6 +8,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/study_kinds.h"
+#include "host/entries/entry_check.h"
 #include "host/entries/process.h"
 #include "host/entries/visible_text.h"
 
@@ -240,6 +241,10 @@ void Answers::Tell(const Json& answer) {
 bool Answers::IsLost() const { return !err; }
 
 Json JsonOf(const LintelValue& value) { return std::visit(ToJson{}, value); }
+
+Json JsonOf(const CheckedEntry& entry) {
+    return {{"Id", entry.id}, {"EditorName", entry.name}, {"state", entry.state}, {"reason", entry.reason}};
+}
 
 Json JsonOf(const CNolSchedData& record) {
     Json properties;

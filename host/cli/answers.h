@@ -10,6 +10,7 @@
 namespace NolSchedCtls {
 
 class CNolSchedData;
+struct CheckedEntry;
 
 // Keys keep the order in which they were put in.
 using Json = nlohmann::ordered_json;
@@ -35,6 +36,7 @@ class Answers {
 
 // Null for no value.
 Json JsonOf(const LintelValue& value);
+Json JsonOf(const CheckedEntry& entry);
 // The properties of the record, then {"overrides": [...]} in order of addition.
 Json JsonOf(const CNolSchedData& record);
 

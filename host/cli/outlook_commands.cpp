@@ -1,6 +1,7 @@
 #include "host/cli/outlook_commands.h"
 
 #include <limits>
+#include <utility>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/base/text.h"
@@ -39,16 +40,10 @@ Span SpanOf(const CommandLine& line, DateTime now) {
               MAppConstants::NoEndDate + 1};
     if (!line.to.empty()) span.to = ReadMoment("--to", line.to);
     if (line.to.size() == DayText(span.to).size()) span.to += 1 - second;
-    if (!line.from.empty() && span.from > span.to)
-        throw UsageError("--from " + line.from + " lies after --to " + line.to + ".");
+    if (!line.to.empty() && span.from > span.to)
+        throw UsageError(line.from.empty() ? "--to " + line.to + " has passed; --from tells where to begin."
+                                           : "--from " + line.from + " lies after --to " + line.to + ".");
     return span;
-}
-
-Json StateJson(const ListedEntry& entry, const EntryState& state) {
-    return {{"Id", entry.id},
-            {"EditorName", entry.record->EditorName},
-            {"state", state.text},
-            {"reason", state.reason}};
 }
 
 }  // namespace
@@ -73,11 +68,7 @@ int Check(const CommandRun& run) {
     int status = exitDone;
     CheckEntries(run.workspace, [&](const CheckedEntry& entry) {
         status = exitRefused;
-        run.answers.Tell({{"check",
-                           {{"Id", entry.id},
-                            {"EditorName", entry.name},
-                            {"state", entry.state},
-                            {"reason", entry.reason}}}});
+        run.answers.Tell({{"check", JsonOf(entry)}});
     });
     return status;
 }
@@ -85,15 +76,19 @@ int Check(const CommandRun& run) {
 // An entry without runs is left out, and named beside the calendar.
 int Export(const CommandRun& run) {
     const EntryOutlook outlook(run.workspace);
-    run.answers.Tell({{"calendar", calendarBegin}});
+    const char* begin = calendarBegin;
+    const auto tell = [&](const std::string& part) {
+        run.answers.Tell({{"calendar", std::exchange(begin, "") + part}});
+    };
     ForEachChosen(run, [&](const ListedEntry& entry) {
         const std::string trouble = SentenceOf(entry).trouble;
         const std::string event = IsRunnable(entry, trouble) ? EventOf(entry, outlook) : "";
-        if (event.empty())
-            return run.answers.Tell({{"left out", StateJson(entry, outlook.StateOf(entry, trouble))}});
-        run.answers.Tell({{"calendar", event}});
+        if (!event.empty()) return tell(event);
+        const EntryState state = outlook.StateOf(entry, trouble);
+        run.answers.Tell({{"left out", JsonOf(CheckedEntry{entry.id, entry.record->EditorName, state.text,
+                                                           state.reason})}});
     });
-    run.answers.Tell({{"calendar", calendarEnd}});
+    tell(calendarEnd);
     return exitDone;
 }
 
@@ -104,6 +99,7 @@ int TellHolidays(const CommandRun& run) {
 }
 
 int AddHoliday(const CommandRun& run) {
+    if (run.line.document.empty()) throw UsageError("holidays add takes a NAME that is not empty.");
     run.workspace.Holidays().Add({ReadDay(run.line.day), run.line.document});
     return exitDone;
 }

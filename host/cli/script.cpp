@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/base/text.h"
 #include "host/cli/field_view.h"
-#include "host/entries/entry_outlook.h"
+#include "host/entries/entry_check.h"
 
 namespace NolSchedCtls {
 
@@ -161,11 +161,8 @@ void Script::TellRuns(std::string_view rest) {
     auto next = schedule.NextAfter(outlook.Now());
     if (!next) {
         const EntryState state = outlook.StateOf(schedule);
-        return answers.Tell({{"check",
-                              {{"Id", record->Id},
-                               {"EditorName", record->EditorName},
-                               {"state", state.text},
-                               {"reason", state.reason}}}});
+        return answers.Tell(
+            {{"check", JsonOf(CheckedEntry{record->Id, record->EditorName, state.text, state.reason})}});
     }
     for (; next && count > 0; --count, next = schedule.NextAfter(*next))
         answers.Tell(

@@ -191,7 +191,9 @@ CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::st
 
 void AddIds(CLI::App& app, std::vector<std::int32_t>& ids) {
     const auto take = [&app, &ids](const std::vector<std::string>& texts) {
-        for (const auto& text : texts) ids.push_back(ReadId(app, text));
+        for (const auto& text : texts)
+            if (const std::int32_t id = ReadId(app, text); std::ranges::find(ids, id) == ids.end())
+                ids.push_back(id);
     };
     app.add_option_function<std::vector<std::string>>("ID", take, "The entries' ids (all where left out)")
         ->type_name("")

@@ -36,7 +36,7 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
                                   HostArguments& arguments);
 // The place ID.
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description);
-// Any number of them.
+// Any number of them, each once.
 void AddIds(CLI::App& app, std::vector<std::int32_t>& ids);
 
 // Whether the option stands among the arguments, and not as the text of another. Never throws: how a wrong
