@@ -1,5 +1,6 @@
 #include "host/cli/pause.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <unistd.h>
@@ -19,13 +20,16 @@ bool ListenForSignals() {
     return true;
 }
 
+// One that was closed from the start stands on a file to read from.
+bool IsOutputOpen() { return (fcntl(STDOUT_FILENO, F_GETFL) & O_ACCMODE) != O_RDONLY; }
+
 }  // namespace
 
 bool PauseUnlessStopped(std::chrono::milliseconds wait) {
     [[maybe_unused]] static const bool listens = ListenForSignals();
     pollfd output{STDOUT_FILENO, 0, 0};  // wakes when nobody reads it any more
     if (isStopped == 0) poll(&output, 1, static_cast<int>(wait.count()));
-    return isStopped == 0 && output.revents == 0;
+    return isStopped == 0 && output.revents == 0 && IsOutputOpen();
 }
 
 }  // namespace NolSchedCtls

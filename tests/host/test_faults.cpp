@@ -468,10 +468,18 @@ TEST(Faults, AnOpenEntryIsSavedAfterAFailover) {
     EXPECT_EQ(Heard(watch), "saved 1;");
     while (other->Open("SELECT 1 FROM pg_stat_replication WHERE replay_lsn >= pg_current_wal_lsn()")->AtEnd())
         usleep(10'000);
-    const std::string end = "COPY (SELECT 1) TO PROGRAM 'kill -QUIT $(head -n 1 postmaster.pid)'";
+    const std::string end = "COPY (SELECT 1) TO PROGRAM 'kill -QUIT $(head -n 1 postmaster.pid); sleep 5'";
     EXPECT_THROW(OpenDatabase(address)->Execute(end), StoreError);
+    usleep(200'000);  // the other connections end, too
     EXPECT_THROW(entry.Save(), StoreError) << "there is but the standby";
-    OpenDatabase(database("standby"))->Execute("SELECT pg_promote()");
+    const auto isPromoted = [&] {
+        try {
+            return !OpenDatabase(database("standby"))->Open("SELECT pg_promote()")->AtEnd();
+        } catch (const StoreError&) {
+            return false;  // while the first server takes connections, and breaks them
+        }
+    };
+    for (int i = 0; i < 500 && !isPromoted(); ++i) usleep(10'000);
     entry.Save();
     EXPECT_EQ(Heard(watch), "saved 1;");
 }
