@@ -46,6 +46,7 @@ void CheckNumber(std::string_view property, std::int32_t value, std::int32_t lea
 Moment CheckedMoment(std::string_view property, DateTime dateTime) {
     if (dateTime >= DateTimeOf(earliestMoment) && dateTime < DateTimeOf(latestMoment) + 1)
         return MomentOf(dateTime);
+    if (dateTime == 0) throw NolSchedError(std::string(property) + " is missing");
     std::array<char, 32> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), dateTime).ptr;
     Refuse(property, {text.data(), end}, "a date of the years 1900 to 9999");

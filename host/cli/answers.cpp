@@ -91,34 +91,31 @@ void WriteSaved(std::ostream& stream, const Json& answer) {
         stream << "not saved\n";
 }
 
-// "2026-03-27 22:30", with the seconds where there are any.
-std::string MomentText(const Json& value) {
-    std::string text = TextOf(value);
-    if (text.ends_with(":00")) text.resize(text.size() - 3);
-    std::ranges::replace(text, 'T', ' ');
-    return text;
+std::string MomentOf(const Json& value) {
+    return value.is_null() ? "-" : MomentText(ParseIso(value.get<std::string>()));
 }
 
 void WriteEntry(std::ostream& stream, const Json& answer) {
     const Json& entry = answer.at("entry");
     const std::string overrides = Joined(entry.at("overrides"), TextOf);
     stream << Cell(entry.at("Id"), 5) << ' ' << Cell(entry.at("EditorName"), 22) << ' '
-           << Cell(entry.at("group"), 14) << ' ' << Padded(MomentText(entry.at("next")), 16) << "  "
+           << Cell(entry.at("group"), 14) << ' ' << Padded(MomentOf(entry.at("next")), 16) << "  "
            << Cell(entry.at("state"), 15) << ' ' << Cell(entry.at("sentence"), overrides.empty() ? 0 : 50)
            << (overrides.empty() ? "" : " " + overrides) << '\n';
 }
 
 void WriteRun(std::ostream& stream, const Json& answer) {
     const Json& run = answer.at("run");
-    stream << MomentText(run.at("at")) << "  " << Cell(run.at("Id"), 5) << ' ' << TextOf(run.at("EditorName"))
+    stream << MomentOf(run.at("at")) << "  " << Cell(run.at("Id"), 5) << ' ' << TextOf(run.at("EditorName"))
            << '\n';
 }
 
-// "3     Nightly: Never runs (Friday is excluded)".
+// "3     Nightly: Never runs (Friday is excluded)", and "left out: " before it.
 template <const char* key>
 void WriteState(std::ostream& stream, const Json& answer) {
     const Json& entry = answer.at(key);
     const std::string reason = TextOf(entry.at("reason"));
+    if (std::string_view(key) == "left out") stream << "left out: ";
     stream << Cell(entry.at("Id"), 5) << ' ' << TextOf(entry.at("EditorName")) << ": "
            << TextOf(entry.at("state")) << (reason.empty() ? "" : " (" + reason + ")") << '\n';
 }
@@ -130,7 +127,8 @@ void WriteHoliday(std::ostream& stream, const Json& answer) {
 
 void WriteImported(std::ostream& stream, const Json& answer) {
     const Json& imported = answer.at("imported");
-    stream << "holidays: " << imported.at("added") << " new, " << imported.at("known") << " known\n";
+    stream << "holidays: " << imported.at("new") << " new, " << imported.at("known")
+           << " known; events passed over: " << imported.at("passedOver") << '\n';
 }
 
 // As it stands, line ends and all: it is a file.

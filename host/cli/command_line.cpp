@@ -60,9 +60,10 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
 
 void AddOutlookCommands(CLI::App& app, CommandLine& line) {
     auto& runs = AddCommand(app, "runs", "Tells what will run and when, in order of time");
-    runs.add_option("--from", line.from, "The first day, YYYY-MM-DD, or moment (now where left out)")
+    runs.add_option("--from", line.from,
+                    "The first day, YYYY-MM-DD, or moment, YYYY-MM-DDTHH:MM (after now where left out)")
         ->type_name("DATE");
-    runs.add_option("--to", line.to, "The last day or moment")->type_name("DATE");
+    runs.add_option("--to", line.to, "The last day or moment, included")->type_name("DATE");
     AddNumber(runs, "--count", line.count, "At most so many runs (10 where left out without --to)");
     AddCommand(app, "check", "Names entries that never run, have ended, lack their group or clash");
     auto& calendar = AddCommand(app, "export", "Writes the runs as a calendar (iCalendar)");
@@ -74,7 +75,9 @@ void AddOutlookCommands(CLI::App& app, CommandLine& line) {
     for (auto* command : {&add, &remove})
         command->add_option("DATE", line.day, "YYYY-MM-DD")->required()->type_name("");
     add.add_option("NAME", line.document, "The holiday's name")->required()->type_name("");
-    AddCommand(holidays, "import", "Adds the whole days of a calendar file's events")
+    AddCommand(holidays, "import",
+               "Adds the whole days of a calendar file's events, of rules until 2099;\na day that is one "
+               "already keeps its name")
         .add_option("FILE", line.file, "An iCalendar file (.ics)")
         ->required()
         ->type_name("");

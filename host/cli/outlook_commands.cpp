@@ -3,12 +3,12 @@
 #include <limits>
 #include <utility>
 
-#include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/base/text.h"
 #include "host/cli/field_view.h"
-#include "host/entries/calendar_file.h"
+#include "host/entries/calendar_event.h"
 #include "host/entries/entry_check.h"
 #include "host/entries/entry_sentence.h"
+#include "host/entries/holiday_file.h"
 #include "host/entries/process.h"
 
 namespace NolSchedCtls {
@@ -36,8 +36,7 @@ DateTime ReadDay(const std::string& text) {
 
 // A day without a time counts as a whole.
 Span SpanOf(const CommandLine& line, DateTime now) {
-    Span span{line.from.empty() ? now + second : ReadMoment("--from", line.from),
-              MAppConstants::NoEndDate + 1};
+    Span span{line.from.empty() ? now + second : ReadMoment("--from", line.from), farthest};
     if (!line.to.empty()) span.to = ReadMoment("--to", line.to);
     if (line.to.size() == DayText(span.to).size()) span.to += 1 - second;
     if (!line.to.empty() && span.from > span.to)
@@ -46,15 +45,27 @@ Span SpanOf(const CommandLine& line, DateTime now) {
     return span;
 }
 
+void TellLeftOut(const CommandRun& run, const ListedEntry& entry, const EntryOutlook& outlook,
+                 const std::string& trouble) {
+    const EntryState state = outlook.StateOf(entry, trouble);
+    const std::string reason = state.next ? "next " + MomentText(*state.next) : state.reason;
+    const CheckedEntry leftOut{entry.id, entry.record->EditorName, state.text, reason};
+    run.answers.Tell({{"left out", JsonOf(leftOut)}});
+}
+
 }  // namespace
 
+// An entry that cannot be shown, or was asked for and does not run then, is named beside the runs.
 int TellRuns(const CommandRun& run) {
     const EntryOutlook outlook(run.workspace);
     const Span span = SpanOf(run.line, outlook.Now());
     MergedRuns runs(span.from, span.to);
     ForEachChosen(run, [&](const ListedEntry& entry) {
-        if (!IsRunnable(entry, SentenceOf(entry).trouble)) return;
-        runs.Add(entry.record->Id, entry.record->EditorName, outlook.ScheduleOf(*entry.record));
+        const std::string trouble = SentenceOf(entry).trouble;
+        const bool isRunnable = IsRunnable(entry, trouble);
+        const bool runsThen = isRunnable && runs.Add(entry.record->Id, entry.record->EditorName,
+                                                     outlook.ScheduleOf(*entry.record));
+        if (!isRunnable || (!runsThen && !run.line.ids.empty())) TellLeftOut(run, entry, outlook, trouble);
     });
     int count = run.line.count.value_or(run.line.to.empty() ? usualCount : std::numeric_limits<int>::max());
     for (; count > 0 && !runs.AtEnd(); --count, runs.MoveNext()) {
@@ -65,12 +76,9 @@ int TellRuns(const CommandRun& run) {
 }
 
 int Check(const CommandRun& run) {
-    int status = exitDone;
-    CheckEntries(run.workspace, [&](const CheckedEntry& entry) {
-        status = exitRefused;
-        run.answers.Tell({{"check", JsonOf(entry)}});
-    });
-    return status;
+    const auto found = CheckEntries(run.workspace);
+    for (const CheckedEntry& entry : found) run.answers.Tell({{"check", JsonOf(entry)}});
+    return found.empty() ? exitDone : exitRefused;
 }
 
 // An entry without runs is left out, and named beside the calendar.
@@ -84,9 +92,7 @@ int Export(const CommandRun& run) {
         const std::string trouble = SentenceOf(entry).trouble;
         const std::string event = IsRunnable(entry, trouble) ? EventOf(entry, outlook) : "";
         if (!event.empty()) return tell(event);
-        const EntryState state = outlook.StateOf(entry, trouble);
-        run.answers.Tell({{"left out", JsonOf(CheckedEntry{entry.id, entry.record->EditorName, state.text,
-                                                           state.reason})}});
+        TellLeftOut(run, entry, outlook, trouble);
     });
     tell(calendarEnd);
     return exitDone;
@@ -110,10 +116,11 @@ int DeleteHoliday(const CommandRun& run) {
 }
 
 int ImportHolidays(const CommandRun& run) {
-    const auto holidays = ReadHolidays(run.line.file);
-    const int added = run.workspace.Holidays().Import(holidays);
-    const int known = static_cast<int>(holidays.size()) - added;
-    run.answers.Tell({{"imported", {{"added", added}, {"known", known}}}});
+    const auto [days, passedOver] = ReadHolidays(run.line.file);
+    const int added = run.workspace.Holidays().Import(days);
+    run.answers.Tell(
+        {{"imported",
+          {{"new", added}, {"known", static_cast<int>(days.size()) - added}, {"passedOver", passedOver}}}});
     return exitDone;
 }
 

@@ -27,28 +27,27 @@ struct Group {
     std::map<std::int32_t, Override> overrides;
 };
 
-std::string MinuteText(DateTime moment) {
-    std::string text = IsoText(moment).substr(0, 16);
-    text[text.find('T')] = ' ';
-    return text;
+std::string MinutesText(long minutes) {
+    return std::to_string(minutes) + (minutes == 1 ? " minute" : " minutes");
 }
 
-// Each entry once, in the order of time.
-void TellClashes(Group& group, const std::function<void(const CheckedEntry&)>& tell) {
+// Each entry once.
+void FindClashes(Group& group, std::vector<CheckedEntry>& found) {
     std::optional<EntryRun> before;
     for (; !group.runs.AtEnd() && !group.overrides.empty(); group.runs.MoveNext()) {
         const EntryRun run = group.runs.Current();
         const auto last = std::exchange(before, run);
-        const auto found = group.overrides.find(last ? last->id : 0);
-        if (found == group.overrides.end()) continue;
-        const auto& [type, duration, next] = found->second;
+        const auto open = group.overrides.find(last ? last->id : 0);
+        if (open == group.overrides.end()) continue;
+        const auto& [type, duration, next] = open->second;
         const auto minutes = std::lround((run.at - last->at) * minutesOfDay);
         if (duration <= minutes) continue;
-        tell({last->id, *last->name, std::string(TextOf(RunState::Scheduled)),
-              type + " takes " + std::to_string(duration) + " minutes from " + MinuteText(last->at) +
-                  ", but after " + std::to_string(minutes) + " " + Quoted(*run.name) +
-                  " runs the same group"});
-        group.overrides.erase(found);
+        found.push_back({last->id, *last->name, std::string(TextOf(RunState::Scheduled)),
+                         type + " takes " + MinutesText(duration) + " from " + MomentText(last->at) +
+                             ", and " + MinutesText(minutes) + " after that " +
+                             (run.id == last->id ? "the entry itself" : Quoted(*run.name)) +
+                             " runs the same group"});
+        group.overrides.erase(open);
     }
 }
 
@@ -58,36 +57,37 @@ bool IsTrouble(const EntryState& state) {
 
 class Checker {
   public:
-    Checker(Workspace& workspaceA, const std::function<void(const CheckedEntry&)>& tellA)
-        : workspace(workspaceA), tell(tellA) {}
+    explicit Checker(Workspace& workspaceA) : workspace(workspaceA) {}
 
-    void CheckAll() {
+    std::vector<CheckedEntry> CheckAll() {
         workspace.Entries().ForAll([this](const ListedEntry& entry) { CheckOne(entry); });
         for (auto& [id, group] : groups) {
-            TellClashes(group, tell);
-            TellLaterClashes(group);
+            FindClashes(group, found);
+            FindLaterClashes(group);
         }
+        std::ranges::stable_sort(found, {}, &CheckedEntry::id);
+        return std::move(found);
     }
 
   private:
     // No override takes longer than a day.
-    void TellLaterClashes(Group& group) {
+    void FindLaterClashes(Group& group) {
         for (const auto& [id, override] : std::map(group.overrides)) {
             if (override.next <= outlook.Now() + daysLookedAt) continue;
             group.runs.Restart(override.next, override.next + 1);
-            TellClashes(group, tell);
+            FindClashes(group, found);
         }
     }
 
     void CheckOne(const ListedEntry& entry) {
         const EntryState state = outlook.StateOf(entry, SentenceOf(entry).trouble);
-        if (IsTrouble(state)) tell({entry.id, entry.record->EditorName, state.text, state.reason});
+        if (IsTrouble(state)) found.push_back({entry.id, entry.record->EditorName, state.text, state.reason});
         const auto [first, last] = uses.equal_range(entry.id);
         for (auto use = first; use != last; ++use)
             if (use->second.isScenarioGone)
-                tell({entry.id, entry.record->EditorName, state.text,
-                      "the scenario " + std::to_string(use->second.scenarioId) + " of " + use->second.type +
-                          " is gone"});
+                found.push_back({entry.id, entry.record->EditorName, state.text,
+                                 "the scenario " + std::to_string(use->second.scenarioId) + " of " +
+                                     use->second.type + " is gone"});
         if (state.next) AddToGroup(entry, *state.next);
     }
 
@@ -107,17 +107,17 @@ class Checker {
     }
 
     Workspace& workspace;
-    const std::function<void(const CheckedEntry&)>& tell;
     const EntryOutlook outlook{workspace};
     const std::multimap<std::int64_t, OverrideUse> uses = workspace.Entries().OverrideUses();
     std::map<std::int32_t, Group> groups;
+    std::vector<CheckedEntry> found;
 };
 
 }  // namespace
 
-void CheckEntries(Workspace& workspace, const std::function<void(const CheckedEntry&)>& tell) {
+std::vector<CheckedEntry> CheckEntries(Workspace& workspace) {
     const Transaction reading(workspace.Store(), Access::Read);
-    Checker(workspace, tell).CheckAll();
+    return Checker(workspace).CheckAll();
 }
 
 }  // namespace NolSchedCtls

@@ -1,7 +1,7 @@
 // Entries that do not do what one may think they do.
 #pragma once
 
-#include <functional>
+#include <vector>
 
 #include "host/entries/entry_outlook.h"
 
@@ -14,8 +14,8 @@ struct CheckedEntry {
     std::string reason;  // may be empty: the state says it
 };
 
-// Those that never run, have ended, cannot be shown or lack their group or a scenario, by Id; then those with
+// By Id, those that never run, have ended, cannot be shown or lack their group or a scenario, and those with
 // an override that still runs when the same group runs again: at the next run, or within the 31 days to come.
-void CheckEntries(Workspace& workspace, const std::function<void(const CheckedEntry&)>& tell);
+std::vector<CheckedEntry> CheckEntries(Workspace& workspace);
 
 }  // namespace NolSchedCtls

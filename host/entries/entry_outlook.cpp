@@ -34,6 +34,13 @@ EntryOutlook::EntryOutlook(Workspace& workspace)
       holidays(holidayDays),
       settings(ReadSettings(workspace)) {}
 
+std::string MomentText(DateTime moment) {
+    std::string text = IsoText(moment);
+    if (text.ends_with(":00")) text.resize(text.size() - 3);
+    text[text.find('T')] = ' ';
+    return text;
+}
+
 EntryState EntryOutlook::StateOf(const Schedule& schedule) const {
     const ScheduleState state = schedule.StateAt(now);
     EntryState told{std::string(TextOf(state.state)), state.reason, {}};
@@ -47,8 +54,8 @@ EntryState EntryOutlook::StateOf(const ListedEntry& entry, const std::string& tr
     return StateOf(ScheduleOf(*entry.record));
 }
 
-void MergedRuns::Add(std::int32_t id, std::string name, Schedule schedule) {
-    Begin(items.emplace_back(Item{id, std::move(name), std::move(schedule)}));
+bool MergedRuns::Add(std::int32_t id, std::string name, Schedule schedule) {
+    return Begin(items.emplace_back(Item{id, std::move(name), std::move(schedule)}));
 }
 
 void MergedRuns::Restart(DateTime fromA, DateTime toA) {
@@ -58,9 +65,11 @@ void MergedRuns::Restart(DateTime fromA, DateTime toA) {
     for (const Item& item : items) Begin(item);
 }
 
-void MergedRuns::Begin(const Item& item) {
+bool MergedRuns::Begin(const Item& item) {
     const auto first = item.schedule.RunsBetween(from, to).begin();
-    if (first != std::default_sentinel) heads.push({first, &item});
+    if (first == std::default_sentinel) return false;
+    heads.push({first, &item});
+    return true;
 }
 
 EntryRun MergedRuns::Current() const {

@@ -44,6 +44,12 @@ class EntryOutlook {
     OutlookSettings settings;
 };
 
+// "2026-03-27 22:30", with the seconds where there are any.
+std::string MomentText(DateTime moment);
+
+// After every run that is asked for.
+inline constexpr DateTime farthest = 2958465;  // 9999-12-31
+
 struct EntryRun {
     DateTime at = 0;
     std::int32_t id = 0;
@@ -56,8 +62,8 @@ class MergedRuns {
     // Both moments included.
     MergedRuns(DateTime fromA, DateTime toA) : from(fromA), to(toA) {}
 
-    // All before the first look.
-    void Add(std::int32_t id, std::string name, Schedule schedule);
+    // All before the first look. Whether it has a run.
+    bool Add(std::int32_t id, std::string name, Schedule schedule);
 
     // Begins again, between other moments.
     void Restart(DateTime fromA, DateTime toA);
@@ -81,7 +87,7 @@ class MergedRuns {
         }
     };
 
-    void Begin(const Item& item);
+    bool Begin(const Item& item);
 
     DateTime from;
     DateTime to;

@@ -1,0 +1,64 @@
+#include "host/entries/calendar_event.h"
+
+#include <algorithm>
+
+#include "host/entries/libical.h"
+#include "outlook/description.h"
+#include "outlook/recurrence_rule.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+using namespace Libical;
+
+icaltimetype TimeOf(DateTime dateTime) {
+    std::string text = IsoText(dateTime);
+    std::erase_if(text, [](char letter) { return letter == '-' || letter == ':'; });
+    return icaltime_from_string(text.c_str());
+}
+
+// Holidays are no part of a rule: the runs that it has on them, or the day after, are named.
+std::vector<DateTime> RunsOnHolidays(const CNolSchedData& record, const EntryOutlook& outlook) {
+    std::vector<DateTime> runs;
+    const Schedule rule(record, {}, outlook.Settings());
+    const auto take = [&](DateTime day) {
+        for (const DateTime run : rule.RunsBetween(day, day + 86399.0 / 86400)) runs.push_back(run);
+    };
+    for (const DateTime day : outlook.HolidayDays()) {
+        if (record.IncludeHolidays != "Y") take(day);
+        if (record.IncludeDayAfterHol != "Y") take(day + 1);
+    }
+    std::ranges::sort(runs);
+    const auto repeated = std::ranges::unique(runs);
+    runs.erase(repeated.begin(), repeated.end());
+    return runs;
+}
+
+}  // namespace
+
+std::string EventOf(const ListedEntry& entry, const EntryOutlook& outlook) {
+    const CNolSchedData& record = *entry.record;
+    const Schedule schedule = outlook.ScheduleOf(record);
+    const auto runs = schedule.RunsBetween(record.FirstDateTime, farthest);
+    if (runs.begin() == runs.end()) return {};
+    const DateTime first = *runs.begin();
+    const std::unique_ptr<icalcomponent, Freed> event(icalcomponent_new(ICAL_VEVENT_COMPONENT));
+    const auto add = [&event](icalproperty* property) { icalcomponent_add_property(event.get(), property); };
+    add(icalproperty_new_uid(("nol-" + std::to_string(entry.id) + "@nolsched").c_str()));
+    icaltimetype stamp = TimeOf(outlook.Now());
+    stamp.zone = icaltimezone_get_utc_timezone();
+    add(icalproperty_new_dtstamp(stamp));
+    add(icalproperty_new_dtstart(TimeOf(first)));
+    add(icalproperty_new_summary(record.EditorName.c_str()));
+    add(icalproperty_new_description(DescribeSchedule(record, outlook.Settings()).c_str()));
+    add(icalproperty_new_categories(entry.group.c_str()));
+    if (const std::string rule = RecurrenceRule(record, outlook.Settings()); !rule.empty())
+        add(icalproperty_new_rrule(icalrecurrencetype_from_string(rule.c_str())));
+    for (const DateTime run : RunsOnHolidays(record, outlook))
+        if (run > first) add(icalproperty_new_exdate(TimeOf(run)));
+    const std::unique_ptr<char, Freed> text(icalcomponent_as_ical_string_r(event.get()));
+    return text.get();
+}
+
+}  // namespace NolSchedCtls
