@@ -68,7 +68,7 @@ void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
 void WriteRecord(std::ostream& stream, const Json& answer) {
     for (const auto& [key, value] : answer.at("record").items())
         stream << Padded(key, 20) << TextOf(value) << '\n';
-    for (const char* key : {"sentence", "next", "state"})
+    for (const char* key : {"sentence", "description", "next", "state"})
         if (answer.contains(key)) stream << Padded(key, 20) << TextOf(answer.at(key)) << '\n';
     if (answer.contains("overrides")) WriteRows(stream, answer.at("overrides"), "override");
     if (answer.contains("rows")) WriteRows(stream, answer.at("rows"), "row");

@@ -15,6 +15,7 @@
 #include "host/entries/entry_sentence.h"
 #include "host/entries/entry_session.h"
 #include "host/entries/entry_watch.h"
+#include "outlook/description.h"
 
 namespace NolSchedCtls {
 
@@ -63,7 +64,9 @@ int Show(const CommandRun& run) {
     Json answer = JsonOf(*entry.record);
     answer.erase("overrides");
     const auto tellSchedule = [&](const ListedEntry& listed) {
-        answer.update(ScheduleJson(listed, EntryOutlook(run.workspace)));
+        const EntryOutlook outlook(run.workspace);
+        answer.update(ScheduleJson(listed, outlook));
+        answer["description"] = DescribeSchedule(*listed.record, outlook.Settings());
     };
     run.workspace.Entries().ForOne(*run.line.id, tellSchedule);
     Json& rows = answer["rows"] = Json::array();
