@@ -158,7 +158,7 @@ void MainWindow::MakeTable() {
     header->setMinimumHeight(table->verticalHeader()->defaultSectionSize());
     header->setSortIndicator(EntryRow::Id, Qt::AscendingOrder);
     const int character = table->fontMetrics().averageCharWidth();
-    constexpr int widths[] = {6, 22, 17, 49, 23, 15, 24, 14};
+    constexpr int widths[] = {8, 22, 17, 48, 23, 15, 24, 14};
     for (int column = 0; column < EntryRow::End; ++column)
         table->setColumnWidth(column, character * widths[column]);
     header->setStretchLastSection(true);
@@ -246,6 +246,7 @@ QString MainWindow::ChosenText(const EntryRows& chosen) const {
 
 void MainWindow::ShowChosen() {
     const EntryRows chosen = ChosenRows();
+    if (chosen.empty() && loader.IsLoading()) return;  // not yet all
     pane->ShowChosen(chosen.empty() ? list.All() : chosen, ChosenText(chosen));
 }
 

@@ -65,6 +65,7 @@ void OutlookPane::MakeList() {
     auto* const row = new QHBoxLayout;
     listed = MakeLabel(this);
     back = new QToolButton(this);
+    back->setObjectName(u"back"_s);
     back->setText(u"Next runs"_s);
     back->setToolTip(u"Lists the next runs instead of one day's"_s);
     connect(back, &QToolButton::clicked, this, [this] { ChooseDay({}); });

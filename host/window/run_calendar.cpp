@@ -1,5 +1,6 @@
 #include "host/window/run_calendar.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QTextCharFormat>
 
@@ -23,6 +24,9 @@ RunCalendar::RunCalendar(QWidget* parent) : QCalendarWidget(parent) {
     plain.setForeground(palette().text());
     for (const auto dayOfWeek : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(dayOfWeek, plain);
     setFixedHeight(fontMetrics().height() * 15);
+    countFont = font();
+    countFont.setPointSizeF(countFont.pointSizeF() * 0.8);
+    countFont.setBold(true);
 }
 
 // The grid shows a week of the month before where the month begins with the week.
@@ -44,17 +48,23 @@ int RunCalendar::CountOf(QDate day) const {
 }
 
 void RunCalendar::paintCell(QPainter* painter, const QRect& cell, QDate day) const {
-    QCalendarWidget::paintCell(painter, cell, day);
-    const int count = CountOf(day);
-    if (count == 0) return;
-    const bool isSelected = day == selectedDate();
+    const bool isChosen = day == selectedDate();
+    const bool isOfMonth = day.month() == monthShown();
+    const auto color = [&](QPalette::ColorRole role) {
+        if (isChosen) return palette().color(QPalette::HighlightedText);
+        return palette().color(isOfMonth ? QPalette::Active : QPalette::Disabled, role);
+    };
+    const QRect inside = cell.adjusted(4, 1, -3, -1);
     painter->save();
-    QFont font = painter->font();
-    font.setPointSizeF(font.pointSizeF() * 0.75);
-    font.setBold(true);
-    painter->setFont(font);
-    painter->setPen(palette().color(isSelected ? QPalette::HighlightedText : QPalette::Link));
-    painter->drawText(cell.adjusted(0, 0, -2, -1), Qt::AlignRight | Qt::AlignBottom, Brief(count));
+    if (isChosen) painter->fillRect(cell, palette().highlight());
+    painter->setPen(color(QPalette::Text));
+    painter->drawText(inside, Qt::AlignLeft | Qt::AlignTop, QString::number(day.day()));
+    if (isChosen && isAncestorOf(QApplication::focusWidget())) painter->drawRect(cell.adjusted(1, 1, -2, -2));
+    if (const int count = CountOf(day); count != 0) {
+        painter->setFont(countFont);
+        painter->setPen(color(QPalette::Link));
+        painter->drawText(inside, Qt::AlignRight | Qt::AlignBottom, Brief(count));
+    }
     painter->restore();
 }
 

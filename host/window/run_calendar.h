@@ -21,6 +21,7 @@ class RunCalendar : public QCalendarWidget {
     void paintCell(QPainter* painter, const QRect& cell, QDate day) const override;
 
   private:
+    QFont countFont;
     QDate first;
     std::vector<int> counts;
 };
