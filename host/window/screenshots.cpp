@@ -158,6 +158,7 @@ void WriteScreenshots(Workspace& workspace, const QString& folder) {
     for (const Shot& shot : shots)
         WriteShot(workspace, folder, shot, groups.empty() ? 0 : groups.front()->Id);
     MainWindow window(workspace, {});
+    window.resize(1180, 640);
     window.show();
     while (window.IsLoading()) QApplication::processEvents();
     window.ChooseNone();
