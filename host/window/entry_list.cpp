@@ -120,6 +120,7 @@ void EntryList::Clear() {
     beginResetModel();
     rows.clear();
     shown.clear();
+    due = never;
     endResetModel();
 }
 
@@ -127,6 +128,7 @@ void EntryList::Append(const std::vector<EntryRow>& added) {
     EntryRows passing;
     for (const EntryRow& row : added) {
         rows.push_back(std::make_shared<EntryRow>(row));
+        Await(row);
         if (Passes(row)) passing.push_back(rows.back());
     }
     Show(passing);
@@ -144,6 +146,7 @@ void EntryList::Put(const EntryRow& row) {
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& r) { return r->id == row.id; });
     if (found == rows.end()) return Append({row});
     *found = std::make_shared<EntryRow>(row);
+    Await(row);
     const int place = PlaceOf(row.id);
     if (place < 0) return Passes(row) ? Show({*found}) : void();
     shown[static_cast<std::size_t>(place)] = *found;
@@ -159,12 +162,17 @@ void EntryList::Remove(std::int64_t id) {
     endRemoveRows();
 }
 
+void EntryList::Await(const EntryRow& row) { due = std::min(due, row.next.value_or(never)); }
+
 bool EntryList::Advance(DateTime now) {
+    if (now < due) return false;
+    due = never;
     std::unordered_map<std::int64_t, RowPointer> advanced;
-    for (RowPointer& row : rows)
+    for (RowPointer& row : rows) {
         if (row->next && *row->next <= now)
             row = advanced[row->id] = std::make_shared<EntryRow>(Advanced(*row, now));
-    if (advanced.empty()) return false;
+        Await(*row);
+    }
     for (RowPointer& row : shown)
         if (const auto found = advanced.find(row->id); found != advanced.end()) row = found->second;
     if (!shown.empty())

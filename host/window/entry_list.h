@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <array>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -65,13 +66,17 @@ class EntryList : public QAbstractTableModel {
 
   private:
     using RowPointer = std::shared_ptr<const EntryRow>;
+    static constexpr DateTime never = std::numeric_limits<DateTime>::infinity();
 
     bool Passes(const EntryRow& row) const;
     void Show(const EntryRows& added);
     void Order();
 
+    void Await(const EntryRow& row);
+
     EntryRows rows;
     EntryRows shown;
+    DateTime due = never;  // when the first of the next runs comes
     QStringList filter;
     int sortColumn = EntryRow::Id;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;

@@ -75,8 +75,9 @@ void OutlookPane::MakeList() {
     runs = new QListWidget(this);
     runs->setAccessibleName(u"Runs"_s);
     runs->setUniformItemSizes(true);
-    connect(runs, &QListWidget::itemActivated, this,
-            [this](const QListWidgetItem* item) { Q_EMIT Opened(item->data(Qt::UserRole).toInt()); });
+    connect(runs, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
+        if (const int id = item->data(Qt::UserRole).toInt()) Q_EMIT Opened(id);
+    });
     column->addWidget(runs, 1);
 }
 
@@ -119,6 +120,7 @@ void OutlookPane::showEvent(QShowEvent* event) {
 
 void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
     day = dayA;
+    shown.reset();
     CountRuns();
 }
 
@@ -143,7 +145,7 @@ void OutlookPane::CountRuns() {
         return Found{FirstRuns(entries, *ofDay, *ofDay + 1 - second, mostRunsOfDay, stop),
                      CountByDay(entries, *ofDay, 1, stop).front()};
     };
-    runsJob.Start(find, [this](const Found& found) { List(found.runs, found.all); });
+    runsJob.Start(find, [this](const Found& found) { Show(found.runs, found.all); });
 }
 
 void OutlookPane::CountWeek() {
@@ -153,21 +155,25 @@ void OutlookPane::CountWeek() {
                   [this](const WeekLoad& load) { week->Show(load); });
 }
 
-void OutlookPane::List(const std::vector<ShownRun>& found, int count) {
-    const DateTime now = Clock().Now();
-    listed->setText(day             ? DayText(*day) + u": "_s + CountText(count)
-                    : found.empty() ? u"No next run"_s
-                                    : u"Next runs"_s);
+void OutlookPane::Show(const std::vector<ShownRun>& found, int count) {
+    const QString none = found.empty() ? u"No next run"_s : u"Next runs"_s;
+    listed->setText(day ? DayText(*day) + u": "_s + CountText(count) : none);
     back->setVisible(day.has_value());
+    const int left = count - static_cast<int>(found.size());
+    if (shown == found && left <= 0) return;  // where the user has scrolled to stays
+    shown = found;
+    List(left);
+}
+
+void OutlookPane::List(int left) {
+    const DateTime now = Clock().Now();
     runs->clear();
-    for (const auto& [at, id, name] : found) {
-        auto* const item =
-            new QListWidgetItem((day ? TimeText(at) : RunText(at, now)) + u"   "_s + name, runs);
+    for (const auto& [at, id, name] : *shown) {
+        const QString when = day ? TimeText(at) : RunText(at, now);
+        auto* const item = new QListWidgetItem(when + u"   "_s + name, runs);
         item->setData(Qt::UserRole, static_cast<int>(id));
     }
-    const int left = count - static_cast<int>(found.size());
-    if (day && left > 0)
-        (new QListWidgetItem(u"... %1 more"_s.arg(QLocale().toString(left)), runs))->setFlags({});
+    if (left > 0) runs->addItem(u"... %1 more"_s.arg(QLocale().toString(left)));
 }
 
 }  // namespace NolSchedCtls

@@ -42,12 +42,14 @@ class OutlookPane : public QWidget {
     void CountMonth();
     void CountRuns();
     void CountWeek();
-    void List(const std::vector<ShownRun>& found, int count);
+    void Show(const std::vector<ShownRun>& found, int count);
+    void List(int left);
     void ChooseDay(std::optional<DateTime> dayA);
 
     EntryRows chosen;
     EntryRows all;
     std::optional<DateTime> day;  // whose runs are listed; otherwise the next ones
+    std::optional<std::vector<ShownRun>> shown;
     QVBoxLayout* column = nullptr;
     QLabel* heading = nullptr;
     RunCalendar* calendar = nullptr;

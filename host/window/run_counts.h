@@ -18,6 +18,7 @@ struct ShownRun {
     std::int64_t id = 0;
     QString name;
 
+    bool operator==(const ShownRun&) const = default;
     bool operator<(const ShownRun& other) const { return at != other.at ? at < other.at : id < other.id; }
 };
 

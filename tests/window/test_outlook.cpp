@@ -48,7 +48,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     for (const char* name : {"Day", "Six", "Fri"}) Store(name);
     store.Sql(
         "UPDATE NOL_Schedule SET RptGrpId = Id, Periodicity = substr('DHW', Id, 1), WhichWeekday = 6, "
-        "Frequency = substr('161', Id, 1), IncludeFridays = substr('YYN', Id, 1), "
+        "Frequency = CASE Id WHEN 2 THEN 6 ELSE 1 END, IncludeFridays = substr('YYN', Id, 1), "
         "FirstDateTime = '2026-03-02 02:00:00'");
     MainWindow window{workspace, dialogs};
     Activate(window);
