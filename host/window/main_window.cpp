@@ -57,6 +57,7 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
     MakeTable();
     MakePane();
     MakeActions();
+    MakeViewMenu();
     MakeStatus();
     connect(&loader, &EntryLoader::Progress, this, &MainWindow::ShowProgress);
     connect(&loader, &EntryLoader::Finished, this, [this] {
@@ -112,12 +113,6 @@ void MainWindow::MakeActions() {
         if (command.isInToolBar) bar->addAction(action);
         if (command.isForEntry) entryActions.append(action);
     }
-    QAction* const outlook = menuBar()->addMenu(u"&View"_s)->addAction(u"&Outlook"_s);
-    outlook->setShortcut(QKeySequence(u"F9"_s));
-    outlook->setStatusTip(u"Shows when the entries run, beside the list"_s);
-    outlook->setCheckable(true);
-    outlook->setChecked(true);
-    connect(outlook, &QAction::toggled, pane, &QWidget::setVisible);
     auto* const spacer = new QWidget(bar);
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar->addWidget(spacer);
@@ -186,6 +181,15 @@ void MainWindow::MakePane() {
     connect(pane, &OutlookPane::Opened, this, &MainWindow::OpenEntry);
     choiceDelay.setSingleShot(true);
     connect(&choiceDelay, &QTimer::timeout, this, &MainWindow::ShowChosen);
+}
+
+void MainWindow::MakeViewMenu() {
+    QAction* const outlook = menuBar()->addMenu(u"&View"_s)->addAction(u"&Outlook"_s);
+    outlook->setShortcut(QKeySequence(u"F9"_s));
+    outlook->setStatusTip(u"Shows when the entries run, beside the list"_s);
+    outlook->setCheckable(true);
+    outlook->setChecked(true);
+    connect(outlook, &QAction::toggled, pane, &QWidget::setVisible);
 }
 
 void MainWindow::MakeStatus() {

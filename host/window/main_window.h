@@ -50,6 +50,7 @@ class MainWindow : public QMainWindow {
     void MakeTable();
     void MakeFilter();
     void MakePane();
+    void MakeViewMenu();
     void MakeStatus();
     void New() { OpenNew(); }
     void NewImmediate();
