@@ -7,9 +7,9 @@ sample() {
     printf '%s\n' "$@" save | "${samples_by[@]}" new --name "$name" --group "$group" - >/dev/null
 }
 
-# make_samples NOLSCHED [OPTION ...]
+# make_samples DAY NOLSCHED [OPTION ...]: their dates count from that day, so that most of them are still to run.
 make_samples() {
-    local samples_by=("$@")
+    local day=$1 samples_by=("${@:2}")
     sample "Nightly Sweep" "North Cells" "pick schedule.cboPeriod Daily" "time schedule.dtpStartTime 02:00" \
         "click general.chkHom" "type hom.txtDuration 60"
     sample "Busy Hour Watch" "Core Sites" "pick schedule.cboPeriod Hourly" "pick schedule.cboFrequency 2" \
@@ -20,7 +20,10 @@ make_samples() {
         "time schedule.dtpStartTime 23:00"
     sample "Quarterly Audit" "Core Sites" "pick schedule.cboPeriod Monthly" "pick schedule.cboDayNum 2nd" \
         "pick schedule.cboDayName Monday" "pick schedule.cboFrequency 3" "click schedule.chkEndDate" \
-        "date schedule.SSDEndDate 2027-12-31"
-    sample "Acceptance Run" "South Cells" "date schedule.SSDStartDate 2026-03-20" "click vcsa.chkOverride" \
-        "type vcsa.txtDuration 30"
+        "date schedule.SSDEndDate $((${day%%-*} + 1))-12-31"
+    sample "Acceptance Run" "South Cells" "date schedule.SSDStartDate $(date -d "$day + 18 days" +%F)" \
+        "click vcsa.chkOverride" "type vcsa.txtDuration 30"
+    # Never runs: the day was excluded before it was chosen.
+    sample "Friday Probe" "North Cells" "pick schedule.cboPeriod Daily" "click schedule.cbExcludeDay(5)" \
+        "pick schedule.cboPeriod Weekly" "pick schedule.cboDayName Friday"
 }

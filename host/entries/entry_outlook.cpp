@@ -28,6 +28,13 @@ OutlookSettings ReadSettings(Workspace& workspace) {
 
 }  // namespace
 
+EntryState StateAt(const Schedule& schedule, DateTime moment) {
+    const ScheduleState state = schedule.StateAt(moment);
+    EntryState told{std::string(TextOf(state.state)), state.reason, {}};
+    if (state.state == RunState::Scheduled) told.next = schedule.NextAfter(moment);
+    return told;
+}
+
 EntryOutlook::EntryOutlook(Workspace& workspace)
     : now(Clock().Now()),
       holidayDays(ReadHolidayDays(workspace)),
@@ -41,16 +48,9 @@ std::string MomentText(DateTime moment) {
     return text;
 }
 
-EntryState EntryOutlook::StateOf(const Schedule& schedule) const {
-    const ScheduleState state = schedule.StateAt(now);
-    EntryState told{std::string(TextOf(state.state)), state.reason, {}};
-    if (state.state == RunState::Scheduled) told.next = schedule.NextAfter(now);
-    return told;
-}
-
 EntryState EntryOutlook::StateOf(const ListedEntry& entry, const std::string& trouble) const {
     if (!trouble.empty()) return {std::string(TextOf(RunState::Unreadable)), trouble, {}};
-    if (entry.group.empty()) return {"Group missing", {}, {}};
+    if (entry.group.empty()) return {std::string(groupMissing), {}, {}};
     return StateOf(ScheduleOf(*entry.record));
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <queue>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/entries/workspace.h"
@@ -17,11 +18,15 @@ inline bool IsRunnable(const ListedEntry& entry, const std::string& trouble) {
     return trouble.empty() && !entry.group.empty();
 }
 
+inline constexpr std::string_view groupMissing = "Group missing";
+
 struct EntryState {
     std::string text;    // "Scheduled", "Never runs", ..., "Group missing"
     std::string reason;  // why an entry never runs or cannot be shown
     std::optional<DateTime> next;
 };
+
+EntryState StateAt(const Schedule& schedule, DateTime moment);
 
 // As of the moment at which it is made: reads clock, holidays and the length of a period once. Throws
 // StoreError where the store fails or the setting "Period Minutes" is no number from 1 to 1440.
@@ -35,7 +40,7 @@ class EntryOutlook {
     const std::vector<DateTime>& HolidayDays() const { return holidayDays; }
     // With the trouble of its sentence.
     EntryState StateOf(const ListedEntry& entry, const std::string& trouble) const;
-    EntryState StateOf(const Schedule& schedule) const;
+    EntryState StateOf(const Schedule& schedule) const { return StateAt(schedule, now); }
 
   private:
     DateTime now;

@@ -47,6 +47,7 @@ class EntrySession {
     const Page* FindPage(std::string_view name) const;
     CNolSchedData& Record() { return *record; }
     CPaviseNotify& Notifier() { return *notifier; }
+    Workspace& Home() { return workspace; }
     // What a save would store of the schedule as its page stands; the record itself stays as it is. Throws
     // what SaveData throws for a text that does not convert.
     std::unique_ptr<CNolSchedData> ViewedRecord();

@@ -8,6 +8,7 @@
 #include <QTabWidget>
 
 #include "host/window/date_combo.h"
+#include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
 
@@ -21,6 +22,7 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     auto* const column = new QVBoxLayout(this);
     MakeHeader();
     MakePages();
+    column->addWidget(outlook = new OutlookLine(*session, this));
     MakeButtons();
     column->setSpacing(column->spacing() * 3 / 2);
     CPaviseNotify& notifier = session->Notifier();
@@ -83,6 +85,7 @@ void EntryEditor::ShowState() {
         (record.IsOverride() ? u"%1[*] - Immediate Entry"_s : u"%1[*] - Schedule Entry"_s).arg(title));
     setWindowModified(IsUnsaved());
     Button(QDialogButtonBox::Apply)->setEnabled(IsUnsaved() || record.IsNew);
+    outlook->Follow();
 }
 
 PageView& EntryEditor::PageOf(const Page& page) const {

@@ -13,6 +13,7 @@ class QTabWidget;
 
 namespace NolSchedCtls {
 
+class OutlookLine;
 class PageView;
 
 // Deletes itself when it is closed. Nothing that the user entered is thrown away without a question; a save
@@ -55,6 +56,7 @@ class EntryEditor : public QDialog {
     Dialogs dialogs;
     QLineEdit* name = nullptr;
     QTabWidget* pages = nullptr;
+    OutlookLine* outlook = nullptr;
     QDialogButtonBox* buttons = nullptr;
     std::vector<ScopedConnection> connections;
 };

@@ -2,11 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
+
+#include <QGuiApplication>
+#include <QPalette>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/entries/entry_sentence.h"
 #include "host/window/qt_text.h"
+#include "host/window/run_text.h"
 
 namespace NolSchedCtls {
 
@@ -24,6 +29,11 @@ bool NumberIsBefore(const EntryRow& left, const EntryRow& right) {
     return left.*member < right.*member;
 }
 
+// What does not run comes last.
+bool NextIsBefore(const EntryRow& left, const EntryRow& right) {
+    return left.next && (!right.next || *left.next < *right.next);
+}
+
 struct ColumnKind {
     const char* heading;
     IsBefore isBefore;
@@ -33,7 +43,9 @@ constexpr std::array<ColumnKind, EntryRow::columnCount> columns = {
     ColumnKind{"Id", NumberIsBefore<&EntryRow::id>},
     ColumnKind{"Name", TextIsBefore<EntryRow::Name>},
     ColumnKind{"Group", TextIsBefore<EntryRow::Group>},
-    ColumnKind{"Schedule", TextIsBefore<EntryRow::Schedule>},
+    ColumnKind{"Schedule", TextIsBefore<EntryRow::Sentence>},
+    ColumnKind{"Next run", NextIsBefore},
+    ColumnKind{"State", TextIsBefore<EntryRow::State>},
     ColumnKind{"Overrides", TextIsBefore<EntryRow::Overrides>},
     ColumnKind{"Start", NumberIsBefore<&EntryRow::start>},
     ColumnKind{"End", NumberIsBefore<&EntryRow::end>},
@@ -51,21 +63,52 @@ QString EndText(DateTime end) {
     return DateOf(end) == MAppConstants::NoEndDate ? u"No end"_s : ToQt(ShortDateText(end));
 }
 
+void SetState(EntryRow& row, const EntryState& state) {
+    row.next = state.next;
+    row.reason = ToQt(state.reason);
+    row.texts[EntryRow::NextRun] = state.next ? ShortRunText(*state.next) : QString();
+    row.texts[EntryRow::State] = ToQt(state.text);
+    row.searched.clear();
+    for (const QString& text : row.texts) row.searched += text.toCaseFolded() + u'\n';
+}
+
+EntryRow Advanced(EntryRow row, DateTime now) {
+    SetState(row, StateAt(*row.schedule, now));
+    return row;
+}
+
+QVariant ColorOf(const QString& state) {
+    const QPalette palette = QGuiApplication::palette();
+    if (IsTrouble(state)) return palette.color(QPalette::BrightText);
+    if (state == ToQt(TextOf(RunState::Scheduled))) return {};
+    return palette.color(QPalette::PlaceholderText);
+}
+
 }  // namespace
 
-EntryRow RowOf(const ListedEntry& entry) {
+EntryRow RowOf(const ListedEntry& entry, const EntryOutlook& outlook) {
     const CNolSchedData& record = *entry.record;
     const bool isRead = entry.trouble.empty();
-    EntryRow row{entry.id, record.FirstDateTime, record.FinalDateTime, {}, {}};
+    const Sentence sentence = SentenceOf(entry);
+    EntryRow row{.id = entry.id, .start = record.FirstDateTime, .end = record.FinalDateTime};
     row.texts = {QString::number(entry.id),
                  ToQt(record.EditorName),
                  ToQt(entry.group),
-                 ToQt(SentenceOf(entry).text),
+                 ToQt(sentence.text),
+                 {},
+                 {},
                  KindsText(entry),
                  isRead ? ToQt(ShortDateText(row.start)) : QString(),
                  isRead ? EndText(row.end) : QString()};
-    for (const QString& text : row.texts) row.searched += text.toCaseFolded() + u'\n';
+    if (IsRunnable(entry, sentence.trouble)) row.schedule = outlook.ScheduleOf(record);
+    SetState(row, row.schedule ? outlook.StateOf(*row.schedule) : outlook.StateOf(entry, sentence.trouble));
     return row;
+}
+
+bool IsTrouble(const QString& state) {
+    static const QStringList troubles = {ToQt(TextOf(RunState::NeverRuns)),
+                                         ToQt(TextOf(RunState::Unreadable)), ToQt(groupMissing)};
+    return troubles.contains(state);
 }
 
 bool EntryList::Passes(const EntryRow& row) const {
@@ -77,19 +120,21 @@ void EntryList::Clear() {
     beginResetModel();
     rows.clear();
     shown.clear();
+    due = never;
     endResetModel();
 }
 
 void EntryList::Append(const std::vector<EntryRow>& added) {
-    std::vector<RowPointer> passing;
+    EntryRows passing;
     for (const EntryRow& row : added) {
         rows.push_back(std::make_shared<EntryRow>(row));
+        Await(row);
         if (Passes(row)) passing.push_back(rows.back());
     }
     Show(passing);
 }
 
-void EntryList::Show(const std::vector<RowPointer>& added) {
+void EntryList::Show(const EntryRows& added) {
     if (added.empty()) return;
     const int first = rowCount();
     beginInsertRows({}, first, first + static_cast<int>(added.size()) - 1);
@@ -101,6 +146,7 @@ void EntryList::Put(const EntryRow& row) {
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const auto& r) { return r->id == row.id; });
     if (found == rows.end()) return Append({row});
     *found = std::make_shared<EntryRow>(row);
+    Await(row);
     const int place = PlaceOf(row.id);
     if (place < 0) return Passes(row) ? Show({*found}) : void();
     shown[static_cast<std::size_t>(place)] = *found;
@@ -114,6 +160,24 @@ void EntryList::Remove(std::int64_t id) {
     beginRemoveRows({}, place, place);
     shown.erase(shown.begin() + place);
     endRemoveRows();
+}
+
+void EntryList::Await(const EntryRow& row) { due = std::min(due, row.next.value_or(never)); }
+
+bool EntryList::Advance(DateTime now) {
+    if (now < due) return false;
+    due = never;
+    std::unordered_map<std::int64_t, RowPointer> advanced;
+    for (RowPointer& row : rows) {
+        if (row->next && *row->next <= now)
+            row = advanced[row->id] = std::make_shared<EntryRow>(Advanced(*row, now));
+        Await(*row);
+    }
+    for (RowPointer& row : shown)
+        if (const auto found = advanced.find(row->id); found != advanced.end()) row = found->second;
+    if (!shown.empty())
+        Q_EMIT dataChanged(index(0, EntryRow::NextRun), index(rowCount() - 1, EntryRow::State));
+    return true;
 }
 
 void EntryList::SetFilter(const QString& words) {
@@ -141,10 +205,12 @@ int EntryList::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant EntryList::data(const QModelIndex& index, int role) const {
-    const EntryRow& row = *shown[static_cast<std::size_t>(index.row())];
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return row.texts[static_cast<std::size_t>(index.column())];
-    return {};
+    const EntryRow& row = RowAt(index.row());
+    const QString& text = row.texts[static_cast<std::size_t>(index.column())];
+    const bool isState = index.column() == EntryRow::State;
+    if (role == Qt::ToolTipRole && isState && !row.reason.isEmpty()) return text + u": "_s + row.reason;
+    if (role == Qt::ForegroundRole && isState) return ColorOf(text);
+    return role == Qt::DisplayRole || role == Qt::ToolTipRole ? text : QVariant();
 }
 
 QVariant EntryList::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -167,12 +233,14 @@ void EntryList::sort(int column, Qt::SortOrder order) {
     sortOrder = order;
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
-    std::vector<std::int64_t> ids;
-    for (const QModelIndex& index : before) ids.push_back(IdAt(index.row()));
+    const EntryRows former = before.empty() ? EntryRows() : shown;
     Order();
+    std::unordered_map<RowPointer, int> places;  // many rows may be chosen
+    for (std::size_t place = 0; place < former.size(); ++place)
+        places[shown[place]] = static_cast<int>(place);
     QModelIndexList after;
-    for (qsizetype i = 0; i < before.size(); ++i)
-        after.append(index(PlaceOf(ids[static_cast<std::size_t>(i)]), before[i].column()));
+    for (const QModelIndex& old : before)
+        after.append(index(places[former[static_cast<std::size_t>(old.row())]], old.column()));
     changePersistentIndexList(before, after);
     Q_EMIT layoutChanged({}, VerticalSortHint);
 }

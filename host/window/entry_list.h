@@ -3,24 +3,35 @@
 
 #include <QAbstractTableModel>
 #include <array>
+#include <limits>
 #include <memory>
+#include <optional>
 #include <vector>
 
-#include "host/entries/entry_store.h"
+#include "host/entries/entry_outlook.h"
 
 namespace NolSchedCtls {
 
 // What the list shows of one entry.
 struct EntryRow {
-    enum Column { Id, Name, Group, Schedule, Overrides, Start, End, columnCount };
+    enum Column { Id, Name, Group, Sentence, NextRun, State, Overrides, Start, End, columnCount };
 
     std::int64_t id = 0;
     DateTime start = 0;
     DateTime end = 0;
-    std::array<QString, columnCount> texts;
-    QString searched;  // all texts, their case folded
+    std::array<QString, columnCount> texts = {};
+    QString searched = {};                  // all texts, their case folded
+    std::optional<Schedule> schedule = {};  // none of an entry that has no runs, whatever its fields say
+    std::optional<DateTime> next = {};
+    QString reason = {};  // why an entry never runs or cannot be shown
 };
-EntryRow RowOf(const ListedEntry& entry);
+EntryRow RowOf(const ListedEntry& entry, const EntryOutlook& outlook);
+
+// Rows never change once they are listed, so that a thread may read them.
+using EntryRows = std::vector<std::shared_ptr<const EntryRow>>;
+
+// Whether the word for an entry's state tells of a fault.
+bool IsTrouble(const QString& state);
 
 class EntryList : public QAbstractTableModel {
     Q_OBJECT
@@ -34,12 +45,17 @@ class EntryList : public QAbstractTableModel {
     // In the place of the row of that id, or after the others.
     void Put(const EntryRow& row);
     void Remove(std::int64_t id);
+    // Tells of each entry whose next run has come what comes after it. False if there is none.
+    bool Advance(DateTime now);
     // Shows the rows that hold each of the words somewhere. Resets the model.
     void SetFilter(const QString& words);
     void Sort() { sort(sortColumn, sortOrder); }
 
+    const EntryRows& All() const { return rows; }
+    const EntryRow& RowAt(int place) const { return *shown[static_cast<std::size_t>(place)]; }
+    EntryRows RowsAt(int first, int last) const { return {shown.begin() + first, shown.begin() + last + 1}; }
     std::size_t Size() const { return rows.size(); }
-    std::int64_t IdAt(int place) const { return shown[static_cast<std::size_t>(place)]->id; }
+    std::int64_t IdAt(int place) const { return RowAt(place).id; }
     int PlaceOf(std::int64_t id) const;  // -1 for a row that is not shown
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -50,13 +66,17 @@ class EntryList : public QAbstractTableModel {
 
   private:
     using RowPointer = std::shared_ptr<const EntryRow>;
+    static constexpr DateTime never = std::numeric_limits<DateTime>::infinity();
 
     bool Passes(const EntryRow& row) const;
-    void Show(const std::vector<RowPointer>& added);
+    void Show(const EntryRows& added);
     void Order();
 
-    std::vector<RowPointer> rows;
-    std::vector<RowPointer> shown;
+    void Await(const EntryRow& row);
+
+    EntryRows rows;
+    EntryRows shown;
+    DateTime due = never;  // when the first of the next runs comes
     QStringList filter;
     int sortColumn = EntryRow::Id;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;

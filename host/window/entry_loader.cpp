@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 
+#include "NolSchedCtls/services/provider.h"
 #include "host/window/dialogs.h"
 
 namespace NolSchedCtls {
@@ -15,12 +16,16 @@ constexpr int millisecondsAPiece = 25;  // short enough that typing and scrollin
 
 }  // namespace
 
-EntryLoader::EntryLoader(EntryStore& entriesA, EntryList& listA) : entries(entriesA), list(listA) {
+EntryLoader::EntryLoader(Workspace& workspaceA, EntryList& listA) : workspace(workspaceA), list(listA) {
     connect(&timer, &QTimer::timeout, this, &EntryLoader::LoadPiece);
 }
 
 void EntryLoader::Start() {
-    if (!Succeeds([this] { total = static_cast<int>(entries.Count()); })) return;
+    const bool isReached = Succeeds([this] {
+        total = static_cast<int>(workspace.Entries().Count());
+        outlook.emplace(workspace);
+    });
+    if (!isReached) return;
     list.Clear();
     early.clear();
     lastId = std::numeric_limits<std::int64_t>::min();
@@ -29,8 +34,8 @@ void EntryLoader::Start() {
 }
 
 bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {
-    const auto take = [&piece](const ListedEntry& entry) { piece.push_back(RowOf(entry)); };
-    const bool isRead = Succeeds([&] { entries.ForEach(take, lastId, pieceSize); });
+    const auto take = [&](const ListedEntry& entry) { piece.push_back(RowOf(entry, *outlook)); };
+    const bool isRead = Succeeds([&] { workspace.Entries().ForEach(take, lastId, pieceSize); });
     return isRead && piece.size() == static_cast<std::size_t>(pieceSize);
 }
 
@@ -57,9 +62,11 @@ void EntryLoader::Reload(std::int64_t id) {
     bool isThere = false;
     const auto take = [&](const ListedEntry& entry) {
         isThere = entry.id == id;
-        if (isThere) list.Put(RowOf(entry));
+        if (isThere) list.Put(RowOf(entry, *outlook));
     };
-    entries.ForEach(take, id - 1, 1);
+    if (!outlook) outlook.emplace(workspace);
+    workspace.Entries().ForEach(take, id - 1, 1);
+    list.Advance(Clock().Now());  // the outlook may be hours old
     if (!isThere) list.Remove(id);
     if (isThere && id > lastId) early.insert(id);
 }

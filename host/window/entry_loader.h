@@ -13,10 +13,10 @@ class EntryLoader : public QObject {
     Q_OBJECT
 
   public:
-    EntryLoader(EntryStore& entriesA, EntryList& listA);
+    EntryLoader(Workspace& workspaceA, EntryList& listA);
 
-    // From the first entry on; what the list holds goes, unless the store fails at once. Stops with a message
-    // box where the store fails; what was loaded stays.
+    // From the first entry on, with the holidays as they are now; what the list holds goes, unless the store
+    // fails at once. Stops with a message box where the store fails; what was loaded stays.
     void Start();
     bool IsLoading() const { return timer.isActive(); }
     // Reads one entry anew; one that is gone goes from the list. Throws StoreError.
@@ -31,8 +31,9 @@ class EntryLoader : public QObject {
     // True if there may be more after it. A failure is told, and keeps what was read before.
     bool ReadPiece(std::vector<EntryRow>& piece);
 
-    EntryStore& entries;
+    Workspace& workspace;
     EntryList& list;
+    std::optional<EntryOutlook> outlook;  // as of the last start
     QTimer timer;
     std::int64_t lastId = 0;
     int total = 0;

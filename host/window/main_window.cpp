@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QSettings>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -17,6 +18,7 @@
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
+#include "host/window/outlook_pane.h"
 #include "host/window/qt_text.h"
 
 namespace NolSchedCtls {
@@ -47,19 +49,22 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
     : workspace(workspaceA),
       dialogs(std::move(dialogsA)),
       patience(workspace.Store()),
-      loader(workspace.Entries(), list),
+      loader(workspace, list),
       watch(workspace.Store()) {
     setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
-    resize(1080, 560);
+    resize(1340, 700);
     MakeFilter();
     MakeTable();
+    MakePane();
     MakeActions();
+    MakeViewMenu();
     MakeStatus();
     connect(&loader, &EntryLoader::Progress, this, &MainWindow::ShowProgress);
     connect(&loader, &EntryLoader::Finished, this, [this] {
         progress->hide();
         ShowCount();
         SelectOrFirst(CurrentRowId() == 0 ? wantedId : CurrentRowId());
+        ShowOutlook();
     });
     connect(&watchTimer, &QTimer::timeout, this, &MainWindow::FollowOthers);
     table->setFocus();
@@ -88,6 +93,8 @@ void MainWindow::MakeActions() {
         {"&Duplicate", "Ctrl+D", "Opens a copy of the chosen entry", &MainWindow::Duplicate, true, true},
         {"De&lete", "Del", "Deletes the chosen entry", &MainWindow::Delete, true, true},
         {"&Find", "Ctrl+F", "Goes to the filter", &MainWindow::FindEntry, false, false},
+        {"Choose N&one", "Ctrl+Shift+A", "Shows the runs of all entries", &MainWindow::ChooseNone, false,
+         false},
         {"&Refresh", "F5", "Reads the list anew", &MainWindow::Refresh, false, false},
         {"&Quit", "Ctrl+Q", "Closes all windows", &MainWindow::Quit, false, false},
     };
@@ -132,7 +139,7 @@ void MainWindow::MakeTable() {
     table->setItemDelegate(new RowDelegate(table));
     table->setAccessibleName(u"Entries"_s);
     table->setSelectionBehavior(QTableView::SelectRows);
-    table->setSelectionMode(QTableView::SingleSelection);
+    table->setSelectionMode(QTableView::ExtendedSelection);
     table->setEditTriggers(QTableView::NoEditTriggers);
     table->setAlternatingRowColors(true);
     table->setShowGrid(false);
@@ -146,13 +153,13 @@ void MainWindow::MakeTable() {
     header->setMinimumHeight(table->verticalHeader()->defaultSectionSize());
     header->setSortIndicator(EntryRow::Id, Qt::AscendingOrder);
     const int character = table->fontMetrics().averageCharWidth();
-    constexpr int widths[] = {9, 28, 20, 58, 26, 14};
+    constexpr int widths[] = {8, 22, 17, 48, 23, 15, 24, 14};
     for (int column = 0; column < EntryRow::End; ++column)
         table->setColumnWidth(column, character * widths[column]);
     header->setStretchLastSection(true);
     table->setSortingEnabled(true);
     connect(table, &QTableView::activated, this, &MainWindow::Edit);
-    connect(table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::ShowSelection);
     hint = new QLabel(table);
     hint->setAlignment(Qt::AlignCenter);
@@ -160,7 +167,29 @@ void MainWindow::MakeTable() {
     auto* const over = new QVBoxLayout(table);
     over->addWidget(hint);
     hint->setAttribute(Qt::WA_TransparentForMouseEvents);
-    setCentralWidget(table);
+}
+
+void MainWindow::MakePane() {
+    auto* const splitter = new QSplitter(this);
+    pane = new OutlookPane(splitter);
+    splitter->addWidget(table);
+    splitter->addWidget(pane);
+    splitter->setStretchFactor(0, 1);
+    splitter->setSizes({width(), pane->fontMetrics().averageCharWidth() * 56});
+    splitter->setChildrenCollapsible(false);
+    setCentralWidget(splitter);
+    connect(pane, &OutlookPane::Opened, this, &MainWindow::OpenEntry);
+    choiceDelay.setSingleShot(true);
+    connect(&choiceDelay, &QTimer::timeout, this, &MainWindow::ShowChosen);
+}
+
+void MainWindow::MakeViewMenu() {
+    QAction* const outlook = menuBar()->addMenu(u"&View"_s)->addAction(u"&Outlook"_s);
+    outlook->setShortcut(QKeySequence(u"F9"_s));
+    outlook->setStatusTip(u"Shows when the entries run, beside the list"_s);
+    outlook->setCheckable(true);
+    outlook->setChecked(true);
+    connect(outlook, &QAction::toggled, pane, &QWidget::setVisible);
 }
 
 void MainWindow::MakeStatus() {
@@ -197,6 +226,45 @@ void MainWindow::ShowCount() {
 
 void MainWindow::ShowSelection() {
     for (QAction* action : entryActions) action->setEnabled(CurrentId() != 0);
+    if (table->selectionModel()->hasSelection()) isNoneChosen = false;
+    choiceDelay.start(0);
+}
+
+EntryRows MainWindow::ChosenRows() const {
+    EntryRows chosen;
+    for (const QItemSelectionRange& range : table->selectionModel()->selection()) {
+        const EntryRows rows = list.RowsAt(range.top(), range.bottom());
+        chosen.insert(chosen.end(), rows.begin(), rows.end());
+    }
+    return chosen;
+}
+
+QString MainWindow::ChosenText(const EntryRows& chosen) const {
+    if (chosen.size() > 1) return u"%1 entries"_s.arg(QLocale().toString(chosen.size()));
+    if (chosen.empty()) return u"All entries"_s;
+    const EntryRow& row = *chosen.front();
+    if (row.next) return row.texts[EntryRow::Name];
+    const QString reason = row.reason.isEmpty() ? QString() : u": "_s + row.reason;
+    return row.texts[EntryRow::Name] + u" - "_s + row.texts[EntryRow::State] + reason;
+}
+
+void MainWindow::ShowChosen() {
+    const EntryRows chosen = ChosenRows();
+    if (chosen.empty() && loader.IsLoading()) return;  // not yet all
+    pane->ShowChosen(chosen.empty() ? list.All() : chosen, ChosenText(chosen));
+}
+
+void MainWindow::ShowOutlook() {
+    shownDay = DateOf(Clock().Now());
+    choiceDelay.start(0);
+    pane->ShowAll(list.All());
+}
+
+// A run that has come is no longer the next one.
+void MainWindow::FollowClock() {
+    const DateTime now = Clock().Now();
+    if (list.Advance(now)) choiceDelay.start(0);
+    if (DateOf(now) != shownDay) ShowOutlook();
 }
 
 void MainWindow::ApplyFilter() {
@@ -212,24 +280,41 @@ std::int64_t MainWindow::CurrentRowId() const {
 }
 
 std::int32_t MainWindow::CurrentId() const {
-    const std::int64_t id = CurrentRowId();
+    const QItemSelection chosen = table->selectionModel()->selection();
+    if (chosen.size() != 1 || chosen.front().height() != 1) return 0;
+    const std::int64_t id = list.IdAt(chosen.front().top());
     return std::in_range<std::int32_t>(id) ? static_cast<std::int32_t>(id) : 0;
 }
 
 void MainWindow::SelectEntry(std::int64_t id) {
     const int place = list.PlaceOf(id);
-    if (place >= 0) table->setCurrentIndex(list.index(place, EntryRow::Name));
+    using Model = QItemSelectionModel;  // the table's own way obeys the keys that are held down
+    if (place >= 0)
+        table->selectionModel()->setCurrentIndex(list.index(place, EntryRow::Name),
+                                                 Model::ClearAndSelect | Model::Rows);
     ShowSelection();
 }
 
 void MainWindow::SelectOrFirst(std::int64_t id) {
+    const bool isNoneWanted = isNoneChosen;
     SelectEntry(list.PlaceOf(id) < 0 && list.rowCount() > 0 ? list.IdAt(0) : id);
+    if (isNoneWanted) ChooseNone();
+}
+
+void MainWindow::ChooseNone() {
+    table->clearSelection();
+    isNoneChosen = true;
 }
 
 void MainWindow::Reload(std::int32_t id) {
     Succeeds([&] { loader.Reload(id); });
+    ShowChanges();
+}
+
+void MainWindow::ShowChanges() {
     ShowCount();
-    ShowSelection();
+    if (!table->selectionModel()->hasSelection()) SelectOrFirst(CurrentRowId());
+    ShowOutlook();
 }
 
 // Without a word to the user but in the status bar: they have asked for nothing.
@@ -239,6 +324,7 @@ void MainWindow::FollowOthers() {
     int interval = watchMilliseconds;
     try {
         watch.Look([this](const auto& changes) { Show(changes); });
+        FollowClock();
         if (watchTimer.interval() != interval) statusBar()->clearMessage();
     } catch (const std::exception& error) {
         statusBar()->showMessage(ToQt(error.what()));
@@ -251,8 +337,7 @@ void MainWindow::Show(const std::vector<EntryChange>& changes) {
     if (!watchTimer.isActive()) return;  // the list is about to be loaded for the first time
     if (changes.size() > mostReloaded) return Refresh();
     for (const EntryChange& change : changes) loader.Reload(change.id);
-    ShowCount();
-    SelectOrFirst(CurrentRowId());
+    ShowChanges();
 }
 
 EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession) {
@@ -266,9 +351,19 @@ EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>(
     connect(editor, &EntryEditor::Saved, this, [this](int id) {
         Reload(id);
         SelectEntry(id);
+        TellSaved(id);
     });
     editor->show();
     return editor;
+}
+
+void MainWindow::TellSaved(std::int32_t id) {
+    constexpr int millisecondsShown = 20'000;
+    const int place = list.PlaceOf(id);
+    if (place < 0) return;
+    const EntryRow& row = list.RowAt(place);
+    if (IsTrouble(row.texts[EntryRow::State]))
+        statusBar()->showMessage(u"Saved. "_s + ChosenText(list.RowsAt(place, place)), millisecondsShown);
 }
 
 EntryEditor* MainWindow::OpenEntry(std::int32_t id) {
@@ -325,7 +420,7 @@ void MainWindow::Delete() {
 }
 
 void MainWindow::Refresh() {
-    wantedId = CurrentId();
+    wantedId = CurrentRowId();
     loader.Start();
     blink.start();
 }
@@ -337,12 +432,12 @@ void MainWindow::FindEntry() {
 
 void MainWindow::RestoreLayout(const QSettings& settings) {
     restoreGeometry(settings.value(u"geometry"_s).toByteArray());
-    table->horizontalHeader()->restoreState(settings.value(u"columns"_s).toByteArray());
+    table->horizontalHeader()->restoreState(settings.value(u"listColumns"_s).toByteArray());
 }
 
 void MainWindow::SaveLayout(QSettings& settings) const {
     settings.setValue(u"geometry"_s, saveGeometry());
-    settings.setValue(u"columns"_s, table->horizontalHeader()->saveState());
+    settings.setValue(u"listColumns"_s, table->horizontalHeader()->saveState());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

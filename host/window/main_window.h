@@ -20,6 +20,8 @@ class QTableView;
 
 namespace NolSchedCtls {
 
+class OutlookPane;
+
 // Owns its editors, each a window of its own; closing it closes them first, each with its question. Lives no
 // longer than the workspace.
 class MainWindow : public QMainWindow {
@@ -36,6 +38,9 @@ class MainWindow : public QMainWindow {
     // A new scheduled entry, without a group yet.
     EntryEditor* OpenNew();
     bool IsLoading() const { return loader.IsLoading(); }
+    OutlookPane& Pane() { return *pane; }
+    // The outlook is then that of all entries.
+    void ChooseNone();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -44,6 +49,8 @@ class MainWindow : public QMainWindow {
     void MakeActions();
     void MakeTable();
     void MakeFilter();
+    void MakePane();
+    void MakeViewMenu();
     void MakeStatus();
     void New() { OpenNew(); }
     void NewImmediate();
@@ -57,13 +64,20 @@ class MainWindow : public QMainWindow {
     void ShowProgress(int loaded, int total);
     void ShowSelection();
     void ApplyFilter();
+    EntryRows ChosenRows() const;
+    QString ChosenText(const EntryRows& chosen) const;
+    void ShowChosen();
+    void ShowOutlook();
+    void FollowClock();
+    void TellSaved(std::int32_t id);
     // Nothing if no session came of it: the user has changed their mind, or has been told of a failure.
     EntryEditor* Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession);
     std::int64_t CurrentRowId() const;  // 0 for none
-    std::int32_t CurrentId() const;     // 0 for none, and for one that no record can have
+    std::int32_t CurrentId() const;     // of the one that is chosen; 0 for one that no record can have
     void SelectEntry(std::int64_t id);
     void SelectOrFirst(std::int64_t id);  // the first one if that one is not shown
     void Reload(std::int32_t id);
+    void ShowChanges();
     void FollowOthers();
     void Show(const std::vector<EntryChange>& changes);
     bool Confirm(std::int32_t id);
@@ -76,10 +90,14 @@ class MainWindow : public QMainWindow {
     EntryWatch watch;
     QTimer watchTimer;
     QTimer filterDelay;
+    QTimer choiceDelay;
+    DateTime shownDay = 0;      // the first of the week load
     QTimer blink;               // the progress bar shows when it ends
-    std::int32_t wantedId = 0;  // to choose when the list is loaded
+    std::int64_t wantedId = 0;  // to choose when the list is loaded
+    bool isNoneChosen = false;  // by the user's wish
     QTableView* table = nullptr;
     QLineEdit* filter = nullptr;
+    OutlookPane* pane = nullptr;
     QLabel* count = nullptr;
     QLabel* hint = nullptr;
     QProgressBar* progress = nullptr;

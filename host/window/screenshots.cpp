@@ -16,6 +16,7 @@
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "host/window/main_window.h"
+#include "host/window/outlook_pane.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
 
@@ -111,7 +112,7 @@ void Write(QWidget& window, const QString& folder, std::string_view name) {
     QApplication::processEvents();
     TakeFocusAway();
     QBuffer picture;  // the writer of pictures tells no reason, and adds lines of its own
-    window.grab().save(&picture, "PNG");
+    window.grab().save(&picture, "PNG", 0);  // as small as can be
     const QByteArray path = QFile::encodeName(QDir(folder).filePath(ToQt(name) + u".png"_s));
     const QByteArray fresh = path + ".part";
     std::remove(fresh.constData());
@@ -157,8 +158,12 @@ void WriteScreenshots(Workspace& workspace, const QString& folder) {
     for (const Shot& shot : shots)
         WriteShot(workspace, folder, shot, groups.empty() ? 0 : groups.front()->Id);
     MainWindow window(workspace, {});
-    window.resize(window.width(), window.height() * 2 / 3);
+    window.resize(1180, 640);
+    window.show();
     while (window.IsLoading()) QApplication::processEvents();
+    window.ChooseNone();
+    do QApplication::processEvents();
+    while (window.Pane().IsCounting());
     Write(window, folder, "list");
 }
 

@@ -68,7 +68,8 @@ class Windows : public testing::Test {
     std::string told;  // messages and questions, each in a line
     std::vector<Question> asked;
     QMessageBox::StandardButton answer = QMessageBox::Discard;
-    int choice = 1;  // of what is offered; -1 for none
+    DateTime now = 46083;  // 3/2/2026
+    int choice = 1;        // of what is offered; -1 for none
     const Dialogs dialogs{[this](QWidget*, const Question& question) {
                               told += question.text.toStdString() + '\n';
                               asked.push_back(question);
@@ -78,7 +79,7 @@ class Windows : public testing::Test {
                               return offered.value(choice);
                           }};
     Workspace workspace{{store.Address(), "tester", [this](const Message& m) { told += m.text + '\n'; },
-                         [] { return 46083.0; }}};
+                         [this] { return now; }}};
     std::string failing;  // statements that hold this fail
     int spared = 0;       // but for so many
     const ScopedConnection fault = workspace.Store().Statement.Connect([this](std::string_view statement) {

@@ -1,0 +1,40 @@
+// One line on what an entry that is being edited would run.
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+#include <optional>
+
+#include "host/entries/entry_outlook.h"
+#include "host/entries/entry_session.h"
+
+namespace NolSchedCtls {
+
+// "Next: Fri Nov 27 10:30 PM, Fri Jan 29 10:30 PM, ... 7 until Dec 31, 2027".
+QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, DateTime now);
+
+// Lives no longer than the session.
+class OutlookLine : public QLabel {
+  public:
+    OutlookLine(EntrySession& sessionA, QWidget* parent);
+
+    // As soon as the user's act has ended.
+    void Follow() { delay.start(0); }
+
+  private:
+    struct Line {
+        QString text;
+        bool isTrouble = false;
+    };
+
+    void Show();
+    Line ViewedLine();
+    void ReadOutlook();
+
+    EntrySession& session;
+    std::optional<EntryOutlook> outlook;  // of the day on which the editor was opened
+    QString trouble;                      // why there is none
+    QTimer delay;
+};
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,179 @@
+#include "host/window/outlook_pane.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QToolButton>
+
+#include "NolSchedCtls/services/provider.h"
+#include "host/window/date_combo.h"
+#include "host/window/qt_text.h"
+#include "host/window/run_calendar.h"
+#include "host/window/run_text.h"
+#include "host/window/week_view.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr DateTime second = 1.0 / 86400;
+constexpr DateTime forever = 2958465;  // 12/31/9999
+constexpr std::size_t nextRuns = 20;
+constexpr std::size_t mostRunsOfDay = 500;
+
+// Whatever the text, it neither widens the pane nor is it read as markup.
+QLabel* MakeLabel(QWidget* parent) {
+    auto* const label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    return label;
+}
+
+void SetBold(QLabel& label) {
+    QFont font = label.font();
+    font.setBold(true);
+    label.setFont(font);
+}
+
+}  // namespace
+
+OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent), column(new QVBoxLayout(this)) {
+    column->setContentsMargins(8, 6, 8, 6);
+    MakeCalendar();
+    MakeList();
+    MakeWeek();
+}
+
+void OutlookPane::MakeCalendar() {
+    heading = MakeLabel(this);
+    SetBold(*heading);
+    column->addWidget(heading);
+    calendar = new RunCalendar(this);
+    calendar->setAccessibleName(u"Runs on each day"_s);
+    calendar->setDateRange({1900, 1, 1}, {9998, 12, 31});
+    calendar->setSelectedDate(ToQDate(Clock().Now()));
+    calendar->setCurrentPage(calendar->selectedDate().year(), calendar->selectedDate().month());
+    connect(calendar, &QCalendarWidget::currentPageChanged, this, &OutlookPane::CountMonth);
+    const auto choose = [this] { ChooseDay(FromQDate(calendar->selectedDate())); };
+    connect(calendar, &QCalendarWidget::clicked, this, choose);
+    connect(calendar, &QCalendarWidget::selectionChanged, this, choose);
+    column->addWidget(calendar);
+}
+
+void OutlookPane::MakeList() {
+    auto* const row = new QHBoxLayout;
+    listed = MakeLabel(this);
+    back = new QToolButton(this);
+    back->setObjectName(u"back"_s);
+    back->setText(u"Next runs"_s);
+    back->setToolTip(u"Lists the next runs instead of one day's"_s);
+    connect(back, &QToolButton::clicked, this, [this] { ChooseDay({}); });
+    row->addWidget(listed, 1);
+    row->addWidget(back);
+    column->addLayout(row);
+    runs = new QListWidget(this);
+    runs->setAccessibleName(u"Runs"_s);
+    runs->setUniformItemSizes(true);
+    connect(runs, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
+        if (const int id = item->data(Qt::UserRole).toInt()) Q_EMIT Opened(id);
+    });
+    column->addWidget(runs, 1);
+}
+
+void OutlookPane::MakeWeek() {
+    auto* const title = MakeLabel(this);
+    title->setText(u"Week load of all entries"_s);
+    SetBold(*title);
+    column->addWidget(title);
+    week = new WeekView(this);
+    column->addWidget(week);
+    auto* const told = MakeLabel(this);
+    told->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    told->setFixedHeight(told->fontMetrics().lineSpacing() * 3);
+    connect(week, &WeekView::Told, told, &QLabel::setText);
+    column->addWidget(told);
+}
+
+bool OutlookPane::IsCounting() const {
+    return monthJob.IsRunning() || runsJob.IsRunning() || weekJob.IsRunning();
+}
+
+void OutlookPane::ShowChosen(EntryRows entries, const QString& title) {
+    chosen = std::move(entries);
+    heading->setText(title);
+    CountMonth();
+    CountRuns();
+}
+
+void OutlookPane::ShowAll(EntryRows entries) {
+    all = std::move(entries);
+    CountWeek();
+}
+
+void OutlookPane::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    CountMonth();
+    CountRuns();
+    CountWeek();
+}
+
+void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
+    day = dayA;
+    shown.reset();
+    CountRuns();
+}
+
+void OutlookPane::CountMonth() {
+    if (!isVisible()) return;
+    const QDate first = calendar->FirstShown();
+    monthJob.Start(
+        [entries = chosen, from = FromQDate(first)](const std::stop_token& stop) {
+            return CountByDay(entries, from, RunCalendar::daysShown, stop);
+        },
+        [this, first](std::vector<int> counts) { calendar->SetCounts(first, std::move(counts)); });
+}
+
+void OutlookPane::CountRuns() {
+    if (!isVisible()) return;
+    struct Found {
+        std::vector<ShownRun> runs;
+        int all = 0;
+    };
+    const auto find = [entries = chosen, ofDay = day, now = Clock().Now()](const std::stop_token& stop) {
+        if (!ofDay) return Found{FirstRuns(entries, now + second, forever, nextRuns, stop)};
+        return Found{FirstRuns(entries, *ofDay, *ofDay + 1 - second, mostRunsOfDay, stop),
+                     CountByDay(entries, *ofDay, 1, stop).front()};
+    };
+    runsJob.Start(find, [this](const Found& found) { Show(found.runs, found.all); });
+}
+
+void OutlookPane::CountWeek() {
+    if (!isVisible()) return;
+    weekJob.Start([entries = all, today = DateOf(Clock().Now())](
+                      const std::stop_token& stop) { return LoadOfWeek(entries, today, stop); },
+                  [this](const WeekLoad& load) { week->Show(load); });
+}
+
+void OutlookPane::Show(const std::vector<ShownRun>& found, int count) {
+    const QString none = found.empty() ? u"No next run"_s : u"Next runs"_s;
+    listed->setText(day ? DayText(*day) + u": "_s + CountText(count) : none);
+    back->setVisible(day.has_value());
+    const int left = count - static_cast<int>(found.size());
+    if (shown == found && left <= 0) return;  // where the user has scrolled to stays
+    shown = found;
+    List(left);
+}
+
+void OutlookPane::List(int left) {
+    const DateTime now = Clock().Now();
+    runs->clear();
+    for (const auto& [at, id, name] : *shown) {
+        const QString when = day ? TimeText(at) : RunText(at, now);
+        auto* const item = new QListWidgetItem(when + u"   "_s + name, runs);
+        item->setData(Qt::UserRole, static_cast<int>(id));
+    }
+    if (left > 0) runs->addItem(u"... %1 more"_s.arg(QLocale().toString(left)));
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,65 @@
+// What will run: of the chosen entries a month and the next runs, of all entries the load of a week.
+#pragma once
+
+#include <QWidget>
+
+#include "host/window/background_job.h"
+#include "host/window/run_counts.h"
+
+class QLabel;
+class QVBoxLayout;
+class QListWidget;
+class QToolButton;
+
+namespace NolSchedCtls {
+
+class RunCalendar;
+class WeekView;
+
+// Counts on threads beside the windows, and only while it is visible. What it shows stays until what takes
+// its place is counted.
+class OutlookPane : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit OutlookPane(QWidget* parent);
+
+    void ShowChosen(EntryRows entries, const QString& title);
+    void ShowAll(EntryRows entries);
+    bool IsCounting() const;
+
+  Q_SIGNALS:
+    // A run of the entry was chosen.
+    void Opened(int id);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void MakeCalendar();
+    void MakeList();
+    void MakeWeek();
+    void CountMonth();
+    void CountRuns();
+    void CountWeek();
+    void Show(const std::vector<ShownRun>& found, int count);
+    void List(int left);
+    void ChooseDay(std::optional<DateTime> dayA);
+
+    EntryRows chosen;
+    EntryRows all;
+    std::optional<DateTime> day;  // whose runs are listed; otherwise the next ones
+    std::optional<std::vector<ShownRun>> shown;
+    QVBoxLayout* column = nullptr;
+    QLabel* heading = nullptr;
+    RunCalendar* calendar = nullptr;
+    QLabel* listed = nullptr;
+    QToolButton* back = nullptr;
+    QListWidget* runs = nullptr;
+    WeekView* week = nullptr;
+    BackgroundJob monthJob;
+    BackgroundJob runsJob;
+    BackgroundJob weekJob;
+};
+
+}  // namespace NolSchedCtls
