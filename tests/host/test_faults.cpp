@@ -374,7 +374,7 @@ TEST(Faults, AtAPromptAFailedSaveIsToldAndTheInputStays) {
         RunCommandLine(store.Address(), {"new", "--group", "North Cells"}, script);
     EXPECT_EQ(store.Sql("CREATE UNIQUE INDEX One ON NOL_Schedule (CreateFiles)"), "");
     const auto edit = [&](const std::string& script, bool atPrompt) {
-        return RunCommandLine(store.Address(), {"edit", "1"}, script, "2026-03-02T09:05", atPrompt);
+        return RunCommandLine(store.Address(), {"edit", "1"}, script, atPrompt);
     };
     const std::string script = "click general.chkCreateFiles\nsave\nvalid\n";
     const std::string failure = "failure: t.db: UNIQUE constraint failed: NOL_Schedule.CreateFiles\n";
@@ -446,7 +446,7 @@ TEST(Faults, WithoutATimeAnEntryBeginsTodayAndIsItsUsers) {
         return text;
     };
     const std::string before = today();
-    RunCommandLine(store.Address(), {"new", "--group", "North Cells"}, "save\n", "");
+    RunCommandLine(store.Address(), {"new", "--group", "North Cells"}, "save\n", false, {}, "");
     const std::string first = store.Sql("SELECT FirstDateTime FROM NOL_Schedule").substr(0, 10);
     EXPECT_TRUE(first == before || first == today()) << first;
     EXPECT_EQ(store.Sql("SELECT SavedBy FROM NOL_Schedule"), UserName() + '\n');

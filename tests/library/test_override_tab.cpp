@@ -56,6 +56,43 @@ TEST(OverrideTab, ReadsWhatTheTextBoxHolds) {
     EXPECT_EQ(answer(std::string(1 << 20, 'x')), notNumeric);
 }
 
+TEST(OverrideTab, EachNumberHasItsRange) {
+    // Kind, box, what it refuses, what it takes, the refusal.
+    const std::tuple<const OverrideKind&, const char*, const char*, const char*, std::string> cases[] = {
+        {homOverride, "txtDuration", "9 1440", "10 1439",
+         "Study Duration must be between 10 and 1439 minutes inclusive."},
+        {plmOverride, "txtDuration", "0 1441", "1 1440",
+         "Study Duration must be between 1 and 1440 minutes inclusive."},
+        {plmOverride, "txtRetrieveDelay", "0 11", "1 10",
+         "Retrieve Delay must be between 1 and 10 minutes inclusive."},
+        {rfcOverride, "txtDuration", "14 241", "15 240",
+         "Study Duration must be between 15 and 240 minutes inclusive."},
+        {rfcOverride, "txtPollingInterval", "1 61", "2 60",
+         "Polling Interval must be between 2 and 60 seconds inclusive."},
+        {vcsOverride, "txtDuration", "14 466 495", "15 480",
+         "Study Duration must be between 15 and 480 minutes inclusive and \r\nexpressed in increments of "
+         "quarter "
+         "hours (15, 30, 45,etc)."},
+        {vcsOverride, "txtRetrieveDelay", "0 121", "1 120",
+         "Retrieve Delay must be between 1 and 120 minutes inclusive."}};
+    for (const auto& [kind, box, refused, taken, refusal] : cases) {
+        OverridePage page(kind);
+        page.LoadAndSwitchOn();
+        const auto expect = [&page, name = box](const char* numbers, const std::string& answer) {
+            std::istringstream words(numbers);
+            for (std::string number; words >> number;) {
+                page.tab.Field<TextBox>(name).SetText(number);
+                page.TakeTrace();
+                EXPECT_EQ(page.Valid(page.tab), answer) << number;
+            }
+        };
+        const std::string end = std::string("; focus ") + box + "; refused";
+        expect(refused, "T[16]: " + refusal + end);
+        expect("x", "T[16]: " + refusal.substr(0, refusal.find(" must")) + " must be numeric." + end);
+        expect(taken, "valid");
+    }
+}
+
 TEST(OverrideTab, ChecksTheScenarioBeforeTheDuration) {
     const std::string deleted =
         "T[16]: HOM Override.\r\nThe Scenario \"Busy\" has been deleted.; ShowTab HOM Study; ";
