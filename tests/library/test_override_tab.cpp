@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/override/override_kind.h"
 #include "tests/library/fake_services.h"
@@ -163,6 +164,62 @@ TEST(OverrideTab, LoadsWhatTheRecordHolds) {
                          page.txtDuration.Text()),
                   view);
     }
+}
+
+// Beside the general tab, over one record and one notifier.
+struct TwoTabs : OpenEntry {
+    explicit TwoTabs(const OverrideKind& kind = homOverride, const std::string& boxName = "chkHom")
+        : page(std::make_unique<NolSchedOverrideTab>(kind)),
+          box(general.Field<CheckBox>(boxName)),
+          chkOverride(page->chkOverride) {}
+
+    void LoadBoth(bool generalFirst = true) {
+        if (generalFirst) Load(general);
+        Load(*page);
+        if (!generalFirst) Load(general);
+    }
+    std::string Boxes() {
+        return Barred(box.Value(), chkOverride.Value(), page->fraDuration.Visible() ? "shown" : "hidden");
+    }
+    std::string After(CheckBox& clicked) { return clicked.Click() ? TakeTrace() + Boxes() : "no click"; }
+
+    XNolSchedGenTab general;
+    std::unique_ptr<NolSchedOverrideTab> page;
+    CheckBox& box;
+    CheckBox& chkOverride;
+};
+
+TEST(StudyKinds, OneClickReachesBothSides) {
+    const std::pair<const OverrideKind&, const char*> kinds[] = {
+        {homOverride, "chkHom"}, {plmOverride, "chkPlm"}, {rfcOverride, "chkRfc"}, {vcsOverride, "chkVcs"}};
+    for (const auto& [kind, box] : kinds)
+        for (const bool generalFirst : {true, false}) {
+            TwoTabs tabs(kind, box);
+            tabs.LoadBoth(generalFirst);
+            for (const std::string state : {"on", "off"}) {
+                const std::string key(kind.study.sKey), boxes = state == "on" ? "1|1|shown|" : "0|0|hidden|";
+                const std::string set = "SetTabState " + key + " " + state + "; ";
+                const std::string told = "MarkChanged; SetTabOverride " + key + " " + state + "; " + set;
+                EXPECT_EQ(tabs.After(tabs.box), told + "MarkChanged; " + set + boxes);
+                tabs.After(tabs.box);
+                EXPECT_EQ(tabs.After(tabs.chkOverride), set + told + "MarkChanged; " + boxes);
+            }
+        }
+}
+
+TEST(StudyKinds, HearTheirExactNameFromThePresentNotifierAlone) {
+    TwoTabs tabs;
+    tabs.LoadBoth();
+    const auto former = std::exchange(tabs.notify, std::make_shared<CPaviseNotify>());
+    tabs.LoadBoth();
+    for (const auto& [notifier, name] :
+         {std::pair{former, "HOM Study"}, {tabs.notify, "hom study"}, {tabs.notify, ""}}) {
+        notifier->SetTabOverride(name, true);
+        notifier->SetTabState(name, true);
+    }
+    EXPECT_EQ(tabs.Boxes(), "0|0|hidden|");
+    tabs.page.reset();
+    EXPECT_TRUE(tabs.box.Click());
 }
 
 }  // namespace
