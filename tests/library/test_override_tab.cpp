@@ -166,60 +166,41 @@ TEST(OverrideTab, LoadsWhatTheRecordHolds) {
     }
 }
 
-// Beside the general tab, over one record and one notifier.
-struct TwoTabs : OpenEntry {
-    explicit TwoTabs(const OverrideKind& kind = homOverride, const std::string& boxName = "chkHom")
-        : page(std::make_unique<NolSchedOverrideTab>(kind)),
-          box(general.Field<CheckBox>(boxName)),
-          chkOverride(page->chkOverride) {}
-
-    void LoadBoth(bool generalFirst = true) {
-        if (generalFirst) Load(general);
-        Load(*page);
-        if (!generalFirst) Load(general);
-    }
-    std::string Boxes() {
-        return Barred(box.Value(), chkOverride.Value(), page->fraDuration.Visible() ? "shown" : "hidden");
-    }
-    std::string After(CheckBox& clicked) { return clicked.Click() ? TakeTrace() + Boxes() : "no click"; }
-
-    XNolSchedGenTab general;
-    std::unique_ptr<NolSchedOverrideTab> page;
-    CheckBox& box;
-    CheckBox& chkOverride;
-};
-
 TEST(StudyKinds, OneClickReachesBothSides) {
     const std::pair<const OverrideKind&, const char*> kinds[] = {
         {homOverride, "chkHom"}, {plmOverride, "chkPlm"}, {rfcOverride, "chkRfc"}, {vcsOverride, "chkVcs"}};
-    for (const auto& [kind, box] : kinds)
-        for (const bool generalFirst : {true, false}) {
-            TwoTabs tabs(kind, box);
-            tabs.LoadBoth(generalFirst);
-            for (const std::string state : {"on", "off"}) {
-                const std::string key(kind.study.sKey), boxes = state == "on" ? "1|1|shown|" : "0|0|hidden|";
-                const std::string set = "SetTabState " + key + " " + state + "; ";
-                const std::string told = "MarkChanged; SetTabOverride " + key + " " + state + "; " + set;
-                EXPECT_EQ(tabs.After(tabs.box), told + "MarkChanged; " + set + boxes);
-                tabs.After(tabs.box);
-                EXPECT_EQ(tabs.After(tabs.chkOverride), set + told + "MarkChanged; " + boxes);
-            }
+    for (const auto& [kind, name] : kinds) {
+        OverridePage page(kind);
+        XNolSchedGenTab general;
+        page.Load(page.tab);
+        page.Load(general);
+        CheckBox& box = general.Field<CheckBox>(name);
+        page.chkOverride.SetFocus();
+        const auto click = [&](CheckBox& clicked) {
+            page.TakeTrace();
+            clicked.Click();
+            return page.TakeTrace() +
+                   Barred(box.Value(), page.chkOverride.Value(), page.tab.fraDuration.Visible());
+        };
+        for (const bool isOn : {true, false}) {
+            const std::string state = std::string(kind.study.sKey) + (isOn ? " on; " : " off; ");
+            const std::string set = "SetTabState " + state, boxes = isOn ? "1|1|1|" : "0|0|0|";
+            const std::string told = "MarkChanged; SetTabOverride " + state + set;
+            EXPECT_EQ(click(box), told + "MarkChanged; " + set + boxes);
+            box.Click();
+            EXPECT_EQ(click(page.chkOverride), set + told + "MarkChanged; " + boxes);
         }
+    }
 }
 
 TEST(StudyKinds, HearTheirExactNameFromThePresentNotifierAlone) {
-    TwoTabs tabs;
-    tabs.LoadBoth();
-    const auto former = std::exchange(tabs.notify, std::make_shared<CPaviseNotify>());
-    tabs.LoadBoth();
-    for (const auto& [notifier, name] :
-         {std::pair{former, "HOM Study"}, {tabs.notify, "hom study"}, {tabs.notify, ""}}) {
-        notifier->SetTabOverride(name, true);
-        notifier->SetTabState(name, true);
-    }
-    EXPECT_EQ(tabs.Boxes(), "0|0|hidden|");
-    tabs.page.reset();
-    EXPECT_TRUE(tabs.box.Click());
+    OverridePage page;
+    page.Load(page.tab);
+    const auto former = std::exchange(page.notify, std::make_shared<CPaviseNotify>());
+    page.Load(page.tab);
+    former->SetTabOverride("HOM Study", true);
+    for (const char* name : {"PLM Study", "hom study", ""}) page.notify->SetTabOverride(name, true);
+    EXPECT_EQ(page.chkOverride.Value(), 0);
 }
 
 }  // namespace
