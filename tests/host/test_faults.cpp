@@ -234,13 +234,9 @@ TEST_F(OpenedEntry, HostileTextsComeBackEqualOrAreRefused) {
         const bool isEqual = stored->EditorName == text && back.OverrideType == text && back.ClearLog == text;
         return told + (isEqual ? ", equal" : ", differs");
     };
-    const std::string kept[] = {"'); DROP TABLE NOL_Override; --",
-                                "\\ \\' \\\\",
-                                "two\nlines\r\n",
-                                "\xF0\x9F\x93\xA1 \xC3\xA9",
-                                "%s ? $1 :name ",
-                                std::string(1 << 20, '\''),
-                                ""};
+    const std::string kept[] = {"'); DROP TABLE NOL_Override; -- %s ? $1 :name ",
+                                "\\ \\' \\\\ \xF0\x9F\x93\xA1 \xC3\xA9 two\nlines\r\n",
+                                std::string(1 << 20, '\''), ""};
     for (const auto& text : kept) EXPECT_EQ(roundTrip(text), "saved, equal") << text.substr(0, 40);
     for (const auto& text : {"a\0b"s, "\xFF"s, "\xC3"s, "\xED\xA0\x80"s})
         EXPECT_EQ(roundTrip(text), "The text \", The text \"");
@@ -408,15 +404,11 @@ TEST(Faults, AStoreThatCannotBeOpenedIsNamed) {
 }
 
 TEST(Faults, PasswordsAreHiddenInTheArguments) {
-    std::string given[] = {"nolsched",
-                           "postgresql://u:secret@h/n",
-                           "--db=postgres://u:s:e@c@h:5432/n",
-                           "list",
-                           "postgresql://u@h:5432/n",
-                           "./a:b@c.db",
-                           "postgresql://h/n?password=secret",
-                           "--db=host=h password=s",
-                           "Postgres:u:p@h"};
+    std::istringstream line(
+        "nolsched|postgresql://u:secret@h/n|--db=postgres://u:s:e@c@h:5432/n|list|postgresql://u@h:5432/n|"
+        "./a:b@c.db|postgresql://h/n?password=secret|--db=host=h password=s|Postgres:u:p@h");
+    std::vector<std::string> given;
+    for (std::string word; std::getline(line, word, '|');) given.push_back(word);
     std::vector<char*> argv;
     for (std::string& argument : given) argv.push_back(argument.data());
     HidePasswords(static_cast<int>(argv.size()), argv.data());

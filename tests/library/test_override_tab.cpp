@@ -145,12 +145,10 @@ TEST(OverrideTab, LoadsWhatTheRecordHolds) {
     // Run mode, overrides, and the box, enabled or not, the frames shown or not, the texts.
     const std::tuple<const char*, std::vector<std::shared_ptr<CNolOverride>>, const char*> cases[] = {
         {"S", {}, "0|1|00|||"},
-        {"I", {}, "0|1|00|||"},
         {"S", {plm}, "0|1|00|||"},
         {"I", {plm}, "0|0|00|||"},
         {"I", {plm, MakeOverride("HOM Study", 12, 60)}, "1|1|11|Baseline|60|"},
         {"S", {MakeOverride("HOM Study", 0, 0)}, "1|1|11|||"},
-        {"S", {MakeOverride("HOM Study", -1, -7)}, "1|1|11|||"},
         {"S", {MakeOverride("HOM Study", 5, 100000)}, "1|1|11||100000|"}};
     for (const auto& [mode, overrides, view] : cases) {
         OverridePage page;
