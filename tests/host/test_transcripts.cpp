@@ -2,8 +2,9 @@
 // them anew.
 //
 // A line "$ COMMAND" runs nolsched with what follows up to the next such line as standard input; "$ sql
-// STATEMENT" runs a statement past it, as another program would; the lines after "$ watch" are run unheard
-// while it watches; "\xHH" in a line stands for a byte ("\\xHH" in a command).
+// STATEMENT" runs a statement past it, as another program would; after "$ prompt COMMAND" the lines are typed
+// at a prompt; the lines after "$ watch" are run unheard while it watches; "\xHH" in a line stands for a byte
+// ("\\xHH" in a command).
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -26,11 +27,11 @@ std::string WithBytes(std::string line) {
 std::string Run(const TemporaryStore& store, const std::string& command, const std::string& input,
                 bool isJson) {
     if (command.starts_with("sql ")) return store.Sql(command.substr(4));
+    const bool isAtPrompt = command.starts_with("prompt ");
     std::vector<std::string> arguments;
     if (isJson) arguments.emplace_back("--json");
-    std::istringstream words(command);
+    std::istringstream words(command.substr(isAtPrompt ? 7 : 0));
     for (std::string word; words >> std::quoted(word);) arguments.push_back(WithBytes(word));
-    if (command != "watch") return RunCommandLine(store.Address(), arguments, input);
     std::istringstream acts(input);
     const auto actOfAnother = [&](std::chrono::milliseconds wait) {
         std::string act;
@@ -39,7 +40,7 @@ std::string Run(const TemporaryStore& store, const std::string& command, const s
         if (TemporaryStore::IsServer()) usleep(100'000);  // what is announced comes a moment later
         return !act.empty();
     };
-    return RunCommandLine(store.Address(), arguments, {}, "2026-03-02T09:05", false, actOfAnother);
+    return RunCommandLine(store.Address(), arguments, input, isAtPrompt, actOfAnother);
 }
 
 std::string Play(const std::filesystem::path& transcript, bool isJson) {

@@ -86,14 +86,12 @@ TEST(GeneralTab, WritesTheRecordAtTheSaveButForHom) {
         {[&] { tab.chkHom.SetValue(0); }, "MarkChanged; SetTabOverride HOM Study off; N,,,,"},
         {[&] { tab.chkHom.SetValue(2); }, "MarkChanged; SetTabOverride HOM Study on; Y,,,,"},
         {[&] { tab.chkPlm.SetValue(2); }, "MarkChanged; SetTabOverride PLM Study on; Y,,,,"},
-        {[&] { tab.chkRfc.SetValue(1); }, "MarkChanged; SetTabOverride RF Call Trace Study on; Y,,,,"},
-        {[&] { tab.chkVcs.SetValue(1); }, "MarkChanged; SetTabOverride VCSA Study on; Y,,,,"},
         {[&] { tab.chkCreateFiles.SetValue(1); }, "MarkChanged; Y,,,,"},
         {[&] { tab.ctlDownloadOptions.Pick("Manual"); }, "focus ctlDownloadOptions; MarkChanged; Y,,,,"},
         {[&] { tab.ctlPurgeOptions.Click(); }, "focus ctlPurgeOptions; MarkChanged; Y,,,,"},
         {[&] { tab.ctlPurgeOptions.PasteDays("12"); }, "MarkChanged; Y,,,,"},
         {[&] { tab.fdocRptGroup.Pick("Zero"); }, "focus fdocRptGroup; MarkChanged; Y,,,,"},
-        {[&] { tab.SaveData(); }, "Y,Y,Y,Y,Y"}};
+        {[&] { tab.SaveData(); }, "Y,Y,N,N,Y"}};
     for (const auto& [act, trace] : acts) {
         act();
         EXPECT_EQ(page.TakeTrace() + page.Flags(), trace);
@@ -114,7 +112,7 @@ TEST(GeneralTab, WritesTheRecordAtTheSaveButForHom) {
     page.TakeTrace();
     page.Load(tab);
     tab.chkHom.SetValue(0);
-    EXPECT_EQ(page.Flags() + page.trace, "N,Y,Y,Y,Y");
+    EXPECT_EQ(page.Flags() + page.trace, "N,Y,N,N,Y");
 }
 
 }  // namespace

