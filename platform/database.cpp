@@ -69,7 +69,7 @@ void Database::Insert(std::string_view statement) {
 }
 
 void Database::FailUntaken() const {
-    Fail("nothing was saved; the row was not taken.", StoreError::Kind::Constraint);
+    Fail("the store did not take the change; nothing was done.", StoreError::Kind::Constraint);
 }
 
 // The store itself tells the id of the very row: a trigger may have drawn others, or kept the row out.

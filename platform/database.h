@@ -17,13 +17,14 @@ namespace NolSchedCtls {
 // The store refused or could not be reached. One line that begins with the store's name, without a password.
 class StoreError : public NolSchedError {
   public:
-    // Unknown: the connection broke while a transaction was committed; whether it stands is not known.
+    // Unknown: the connection broke before the store answered; whether the change stands is not known.
     enum class Kind { Busy, Constraint, Connection, Full, Corrupt, Unknown, Other };
 
-    explicit StoreError(const std::string& text, Kind kindA = Kind::Other)
-        : NolSchedError(text), kind(kindA) {}
+    explicit StoreError(const std::string& text, Kind kindA = Kind::Other, std::string transactionA = {})
+        : NolSchedError(text), kind(kindA), transaction(std::move(transactionA)) {}
 
     Kind kind;
+    std::string transaction;  // of an Unknown commit, to ask about later
 };
 
 // Asked for an entry or a document that the store does not hold, or to add one that it holds.
@@ -71,7 +72,10 @@ class Database {
     void Insert(std::string_view statement);
     // The id that the store gave to the new row. Throws if it was not taken.
     std::int32_t Insert(std::string_view statement, const Values& values);
-    // Throws: a row was not taken, as a trigger may have it.
+    // Whether a transaction of an Unknown commit stands; waits until the store has ended it. Throws while that
+    // cannot be told.
+    virtual bool IsCommitted(const std::string& /*transaction*/) { return false; }
+    // Throws: a change was not taken, as a trigger may have it.
     [[noreturn]] void FailUntaken() const;
 
     // The value as this store writes it in a statement.

@@ -56,11 +56,13 @@ void DocumentStore::Add(const CaddisDocumentType& type, const std::string& name)
     const auto isNamesake = [&name](const auto& document) { return document->Name == name; };
     if (std::ranges::any_of(DocumentsOfType(type), isNamesake))
         throw RequestError("There is already a " + type.Name + " named " + Quoted(name) + ".");
-    database->Execute("INSERT INTO NOL_Document (Type, Name) VALUES (?, ?)", {type.Name, name});
+    if (database->Execute("INSERT INTO NOL_Document (Type, Name) VALUES (?, ?)", {type.Name, name}) == 0)
+        database->FailUntaken();
 }
 
 void DocumentStore::Delete(const CaddisDocumentType& type, const std::string& name) {
-    database->Execute("DELETE FROM NOL_Document WHERE Id = ?", {std::int64_t{DocumentNamed(type, name)->Id}});
+    const std::int64_t id = DocumentNamed(type, name)->Id;
+    if (database->Execute("DELETE FROM NOL_Document WHERE Id = ?", {id}) == 0) database->FailUntaken();
 }
 
 }  // namespace NolSchedCtls

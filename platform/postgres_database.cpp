@@ -20,6 +20,9 @@ constexpr Oid typeBool = 16;
 constexpr auto wholeTypes = std::to_array<Oid>({20, 21, 23});
 constexpr auto brokenTypes = std::to_array<Oid>({700, 701});
 
+constexpr int waitStep = 50;  // milliseconds, so that a window asked in between stays alive
+constexpr const char* rolledBack = "the connection broke; the transaction was rolled back.";
+
 struct KindOfState {
     std::string_view beginning;
     StoreError::Kind kind;
@@ -213,21 +216,22 @@ class PostgresDatabase : public Database {
         Execute("NOTIFY nol_schedule, " + QuotedText(change));
     }
     bool HearsChange() override;
+    bool IsCommitted(const std::string& transaction) override;
 
   private:
     std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
     std::string QuotedText(const std::string& text) const override {
         const std::unique_ptr<char, Close> quoted(
             PQescapeLiteral(connection.get(), text.data(), text.size()));
-        if (!quoted) FailBy(nullptr, {});
+        if (!quoted) FailBy(nullptr);
         return quoted.get();
     }
     bool IsBroken() const { return PQstatus(connection.get()) != CONNECTION_OK; }
     // What every new connection needs; throws where there is none.
     void Prepare() {
-        if (IsBroken()) FailBy(nullptr, {});
+        if (IsBroken()) FailBy(nullptr);
         const Result result = Send("SET datestyle TO 'ISO'", {});
-        if (IsFailure(result.get())) FailBy(result.get(), {});
+        if (IsFailure(result.get())) FailBy(result.get());
     }
     void Reopen() {
         isListening = false;
@@ -237,31 +241,30 @@ class PostgresDatabase : public Database {
     // Nothing if the statement could not be sent.
     Result Send(const std::string& statement, const Values& values);
     void Await(bool mayGiveUp);
+    std::unique_ptr<StoreRows> Commit();
+    void AskAfter(const std::string& transaction);
+    [[noreturn]] void FailAsUnknown(const std::string& transaction) const;
     // The one way from a failure of the engine's to an error.
-    [[noreturn]] void FailBy(const PGresult* result, std::string_view statement) const;
+    [[noreturn]] void FailBy(const PGresult* result) const;
 
     std::unique_ptr<PGconn, Close> connection;
     bool isListening = false;
 };
 
-void PostgresDatabase::FailBy(const PGresult* result, std::string_view statement) const {
+void PostgresDatabase::FailBy(const PGresult* result) const {
     const std::string told =
         result == nullptr ? PQerrorMessage(connection.get()) : PQresultErrorMessage(result);
     const char* const state = result == nullptr ? nullptr : PQresultErrorField(result, PG_DIAG_SQLSTATE);
-    if (statement == "COMMIT" && IsBroken())
-        Fail("the connection broke while the transaction was committed; whether it stands is not known.",
-             StoreError::Kind::Unknown);
     if (state == nullptr)
         Fail(told.empty() ? "the connection is broken." : told, StoreError::Kind::Connection);
     Fail(told, KindOf(state));
 }
 
 void PostgresDatabase::Await(bool mayGiveUp) {
-    constexpr int step = 50;  // milliseconds, so that a window asked in between stays alive
     const auto began = std::chrono::steady_clock::now();
     while (PQisBusy(connection.get()) != 0) {
         pollfd link{PQsocket(connection.get()), POLLIN, 0};
-        if (poll(&link, 1, step) == 0 && !WaitsOn(began) && mayGiveUp) {
+        if (poll(&link, 1, waitStep) == 0 && !WaitsOn(began) && mayGiveUp) {
             const std::unique_ptr<PGcancel, Close> cancel(PQgetCancel(connection.get()));
             std::array<char, 256> trouble{};
             PQcancel(cancel.get(), trouble.data(), static_cast<int>(trouble.size()));
@@ -305,22 +308,71 @@ Result PostgresDatabase::Send(const std::string& statement, const Values& values
 }
 
 std::unique_ptr<StoreRows> PostgresDatabase::Run(std::string_view statement, const Values& values) {
-    if (IsInTransaction() && IsBroken())
-        Fail("the connection broke; the transaction was rolled back.", StoreError::Kind::Connection);
+    if (IsInTransaction() && IsBroken()) Fail(rolledBack, StoreError::Kind::Connection);
     // What only reads or begins may be sent again on a new connection: it has left nothing behind.
     const bool isRepeatable =
         !IsInTransaction() && (statement.starts_with("SELECT") || statement.starts_with("BEGIN"));
     if (IsBroken()) Reopen();
+    if (statement == "COMMIT") return Commit();
     Result result = Send(std::string(statement), values);
     if (IsFailure(result.get()) && IsBroken() && isRepeatable) {
         Reopen();
         result = Send(std::string(statement), values);
     }
-    if (IsFailure(result.get())) FailBy(result.get(), statement);
+    if (IsFailure(result.get()) && IsBroken() && !IsInTransaction() && !isRepeatable) FailAsUnknown({});
+    if (IsFailure(result.get())) FailBy(result.get());
+    return std::make_unique<PostgresRows>(Name(), std::move(result));
+}
+
+// Asks for the transaction's name before it is committed: if the answer is lost, the server knows by that
+// name what became of it.
+std::unique_ptr<StoreRows> PostgresDatabase::Commit() {
+    const Result asked = Send("SELECT pg_current_xact_id_if_assigned()", {});
+    if (IsBroken()) Fail(rolledBack, StoreError::Kind::Connection);
+    const bool isNamed = !IsFailure(asked.get()) && PQgetisnull(asked.get(), 0, 0) == 0;
+    Result result = Send("COMMIT", {});
+    if (isNamed && IsFailure(result.get()) && IsBroken()) {
+        AskAfter(PQgetvalue(asked.get(), 0, 0));
+        return std::make_unique<PostgresRows>(Name(), nullptr);
+    }
+    if (IsFailure(result.get())) FailBy(result.get());
     // The server's answer to committing a transaction in which a statement had failed.
-    if (statement == "COMMIT" && PQcmdStatus(result.get()) == std::string_view("ROLLBACK"))
+    if (PQcmdStatus(result.get()) == std::string_view("ROLLBACK"))
         Fail("the transaction was rolled back.", StoreError::Kind::Other);
     return std::make_unique<PostgresRows>(Name(), std::move(result));
+}
+
+// Returns if the transaction stands.
+void PostgresDatabase::AskAfter(const std::string& transaction) {
+    bool isCommitted = false;
+    try {
+        Reopen();
+        isCommitted = IsCommitted(transaction);
+    } catch (const StoreError&) {
+        FailAsUnknown(transaction);
+    }
+    if (!isCommitted)
+        Fail("the connection broke at the commit; nothing was saved.", StoreError::Kind::Connection);
+}
+
+bool PostgresDatabase::IsCommitted(const std::string& transaction) {
+    const auto began = std::chrono::steady_clock::now();
+    try {
+        for (;; poll(nullptr, 0, waitStep)) {
+            const auto rows = Open("SELECT pg_xact_status(CAST(? AS xid8)) AS State", {transaction});
+            const std::string state = FieldToText(rows->Fields("State"));
+            if (state != "in progress") return state == "committed";
+            if (!WaitsOn(began)) FailAsUnknown(transaction);
+        }
+    } catch (const StoreError& error) {
+        if (error.kind != StoreError::Kind::Other) throw;
+        return false;  // a standby that has taken over has never heard of it
+    }
+}
+
+void PostgresDatabase::FailAsUnknown(const std::string& transaction) const {
+    throw StoreError(Name() + ": the connection broke; whether the change stands is not known.",
+                     StoreError::Kind::Unknown, transaction);
 }
 
 }  // namespace

@@ -60,10 +60,10 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
 
 void AddOutlookCommands(CLI::App& app, CommandLine& line) {
     auto& runs = AddCommand(app, "runs", "Tells what will run and when, in order of time");
-    runs.add_option("--from", line.from,
-                    "The first day, YYYY-MM-DD, or moment, YYYY-MM-DDTHH:MM (after now where left out)")
+    AddText(runs, "--from", line.from,
+            "The first day, YYYY-MM-DD, or moment, YYYY-MM-DDTHH:MM (after now where left out)")
         ->type_name("DATE");
-    runs.add_option("--to", line.to, "The last day or moment, included")->type_name("DATE");
+    AddText(runs, "--to", line.to, "The last day or moment, included")->type_name("DATE");
     AddNumber(runs, "--count", line.count, "At most so many runs (10 where left out without --to)");
     AddCommand(app, "check", "Names entries that never run, have ended, lack their group or clash");
     auto& calendar = AddCommand(app, "export", "Writes the runs as a calendar (iCalendar)");

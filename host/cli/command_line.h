@@ -16,8 +16,8 @@ struct CommandLine : HostArguments {
     std::string document;  // or a holiday's name
     std::string day;
     std::string file;
-    std::string from;
-    std::string to;
+    std::optional<std::string> from;
+    std::optional<std::string> to;
     std::optional<int> count;
     bool isImmediate = false;
 };

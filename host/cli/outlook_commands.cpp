@@ -36,18 +36,17 @@ DateTime ReadDay(const std::string& text) {
 
 // A day without a time counts as a whole.
 Span SpanOf(const CommandLine& line, DateTime now) {
-    Span span{line.from.empty() ? now + second : ReadMoment("--from", line.from), farthest};
-    if (!line.to.empty()) span.to = ReadMoment("--to", line.to);
-    if (line.to.size() == DayText(span.to).size()) span.to += 1 - second;
-    if (!line.to.empty() && span.from > span.to)
-        throw UsageError(line.from.empty() ? "--to " + line.to + " has passed; --from tells where to begin."
-                                           : "--from " + line.from + " lies after --to " + line.to + ".");
+    Span span{line.from ? ReadMoment("--from", *line.from) : now + second, farthest};
+    if (!line.to) return span;
+    span.to = ReadMoment("--to", *line.to);
+    if (line.to->size() == DayText(span.to).size()) span.to += 1 - second;
+    if (span.from > span.to)
+        throw UsageError(line.from ? "--from " + *line.from + " lies after --to " + *line.to + "."
+                                   : "--to " + *line.to + " has passed; --from tells where to begin.");
     return span;
 }
 
-void TellLeftOut(const CommandRun& run, const ListedEntry& entry, const EntryOutlook& outlook,
-                 const std::string& trouble) {
-    const EntryState state = outlook.StateOf(entry, trouble);
+void TellLeftOut(const CommandRun& run, const ListedEntry& entry, const EntryState& state) {
     const std::string reason = state.next ? "next " + MomentText(*state.next) : state.reason;
     const CheckedEntry leftOut{entry.id, entry.record->EditorName, state.text, reason};
     run.answers.Tell({{"left out", JsonOf(leftOut)}});
@@ -62,12 +61,14 @@ int TellRuns(const CommandRun& run) {
     MergedRuns runs(span.from, span.to);
     ForEachChosen(run, [&](const ListedEntry& entry) {
         const std::string trouble = SentenceOf(entry).trouble;
-        const bool isRunnable = IsRunnable(entry, trouble);
-        const bool runsThen = isRunnable && runs.Add(entry.record->Id, entry.record->EditorName,
-                                                     outlook.ScheduleOf(*entry.record));
-        if (!isRunnable || (!runsThen && !run.line.ids.empty())) TellLeftOut(run, entry, outlook, trouble);
+        if (IsRunnable(entry, trouble) &&
+            runs.Add(entry.record->Id, entry.record->EditorName, outlook.ScheduleOf(*entry.record)))
+            return;
+        const EntryState state = outlook.StateOf(entry, trouble);
+        const bool isBroken = state.text == groupMissing || state.text == TextOf(RunState::Unreadable);
+        if (isBroken || !run.line.ids.empty()) TellLeftOut(run, entry, state);
     });
-    int count = run.line.count.value_or(run.line.to.empty() ? usualCount : std::numeric_limits<int>::max());
+    int count = run.line.count.value_or(run.line.to ? std::numeric_limits<int>::max() : usualCount);
     for (; count > 0 && !runs.AtEnd(); --count, runs.MoveNext()) {
         const EntryRun next = runs.Current();
         run.answers.Tell({{"run", {{"Id", next.id}, {"EditorName", *next.name}, {"at", IsoText(next.at)}}}});
@@ -92,7 +93,7 @@ int Export(const CommandRun& run) {
         const std::string trouble = SentenceOf(entry).trouble;
         const std::string event = IsRunnable(entry, trouble) ? EventOf(entry, outlook) : "";
         if (!event.empty()) return tell(event);
-        TellLeftOut(run, entry, outlook, trouble);
+        TellLeftOut(run, entry, outlook.StateOf(entry, trouble));
     });
     tell(calendarEnd);
     return exitDone;
@@ -111,7 +112,7 @@ int AddHoliday(const CommandRun& run) {
 }
 
 int DeleteHoliday(const CommandRun& run) {
-    run.workspace.Holidays().Delete(ReadDay(run.line.day));
+    run.workspace.Holidays().Delete(run.line.day);
     return exitDone;
 }
 

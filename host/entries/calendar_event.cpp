@@ -1,8 +1,10 @@
 #include "host/entries/calendar_event.h"
 
 #include <algorithm>
+#include <ctime>
 
 #include "host/entries/libical.h"
+#include "host/entries/visible_text.h"
 #include "outlook/description.h"
 #include "outlook/recurrence_rule.h"
 
@@ -16,6 +18,20 @@ icaltimetype TimeOf(DateTime dateTime) {
     std::string text = IsoText(dateTime);
     std::erase_if(text, [](char letter) { return letter == '-' || letter == ':'; });
     return icaltime_from_string(text.c_str());
+}
+
+// Of a moment on this machine's clock.
+icaltimetype UtcOf(DateTime local) {
+    const DateTimeParts parts = SplitDateTime(local);
+    std::tm time{};
+    time.tm_year = parts.year - 1900;
+    time.tm_mon = parts.month - 1;
+    time.tm_mday = parts.day;
+    time.tm_hour = parts.hour;
+    time.tm_min = parts.minute;
+    time.tm_sec = parts.second;
+    time.tm_isdst = -1;
+    return icaltime_from_timet_with_zone(std::mktime(&time), 0, icaltimezone_get_utc_timezone());
 }
 
 // Holidays are no part of a rule: the runs that it has on them, or the day after, are named.
@@ -46,15 +62,16 @@ std::string EventOf(const ListedEntry& entry, const EntryOutlook& outlook) {
     const std::unique_ptr<icalcomponent, Freed> event(icalcomponent_new(ICAL_VEVENT_COMPONENT));
     const auto add = [&event](icalproperty* property) { icalcomponent_add_property(event.get(), property); };
     add(icalproperty_new_uid(("nol-" + std::to_string(entry.id) + "@nolsched").c_str()));
-    icaltimetype stamp = TimeOf(outlook.Now());
-    stamp.zone = icaltimezone_get_utc_timezone();
-    add(icalproperty_new_dtstamp(stamp));
+    add(icalproperty_new_dtstamp(UtcOf(outlook.Now())));
     add(icalproperty_new_dtstart(TimeOf(first)));
-    add(icalproperty_new_summary(record.EditorName.c_str()));
-    add(icalproperty_new_description(DescribeSchedule(record, outlook.Settings()).c_str()));
-    add(icalproperty_new_categories(entry.group.c_str()));
-    if (const std::string rule = RecurrenceRule(record, outlook.Settings()); !rule.empty())
-        add(icalproperty_new_rrule(icalrecurrencetype_from_string(rule.c_str())));
+    add(icalproperty_new_summary(WithoutControls(record.EditorName).c_str()));
+    const std::string description = entry.group + ": " + DescribeSchedule(record, outlook.Settings());
+    add(icalproperty_new_description(WithoutControls(description).c_str()));
+    if (const std::string text = RecurrenceRule(record, outlook.Settings()); !text.empty()) {
+        const icalrecurrencetype rule = icalrecurrencetype_from_string(text.c_str());
+        if (rule.freq == ICAL_NO_RECURRENCE) return {};
+        add(icalproperty_new_rrule(rule));
+    }
     for (const DateTime run : RunsOnHolidays(record, outlook))
         if (run > first) add(icalproperty_new_exdate(TimeOf(run)));
     const std::unique_ptr<char, Freed> text(icalcomponent_as_ical_string_r(event.get()));

@@ -18,7 +18,6 @@ constexpr int minutesOfDay = 24 * 60;
 struct Override {
     std::string type;
     std::int32_t minutes = 0;
-    DateTime next = 0;
 };
 
 // The entries of one group, and the override of each that takes longest.
@@ -39,7 +38,7 @@ void FindClashes(Group& group, std::vector<CheckedEntry>& found) {
         const auto last = std::exchange(before, run);
         const auto open = group.overrides.find(last ? last->id : 0);
         if (open == group.overrides.end()) continue;
-        const auto& [type, duration, next] = open->second;
+        const auto& [type, duration] = open->second;
         const auto minutes = std::lround((run.at - last->at) * minutesOfDay);
         if (duration <= minutes) continue;
         found.push_back({last->id, *last->name, std::string(TextOf(RunState::Scheduled)),
@@ -61,24 +60,12 @@ class Checker {
 
     std::vector<CheckedEntry> CheckAll() {
         workspace.Entries().ForAll([this](const ListedEntry& entry) { CheckOne(entry); });
-        for (auto& [id, group] : groups) {
-            FindClashes(group, found);
-            FindLaterClashes(group);
-        }
+        for (auto& [id, group] : groups) FindClashes(group, found);
         std::ranges::stable_sort(found, {}, &CheckedEntry::id);
         return std::move(found);
     }
 
   private:
-    // No override takes longer than a day.
-    void FindLaterClashes(Group& group) {
-        for (const auto& [id, override] : std::map(group.overrides)) {
-            if (override.next <= outlook.Now() + daysLookedAt) continue;
-            group.runs.Restart(override.next, override.next + 1);
-            FindClashes(group, found);
-        }
-    }
-
     void CheckOne(const ListedEntry& entry) {
         const EntryState state = outlook.StateOf(entry, SentenceOf(entry).trouble);
         if (IsTrouble(state)) found.push_back({entry.id, entry.record->EditorName, state.text, state.reason});
@@ -88,10 +75,10 @@ class Checker {
                 found.push_back({entry.id, entry.record->EditorName, state.text,
                                  "the scenario " + std::to_string(use->second.scenarioId) + " of " +
                                      use->second.type + " is gone"});
-        if (state.next) AddToGroup(entry, *state.next);
+        if (state.next) AddToGroup(entry);
     }
 
-    void AddToGroup(const ListedEntry& entry, DateTime next) {
+    void AddToGroup(const ListedEntry& entry) {
         const CNolSchedData& record = *entry.record;
         auto& group =
             groups.try_emplace(record.RptGrpId, Group{{outlook.Now(), outlook.Now() + daysLookedAt}, {}})
@@ -102,8 +89,7 @@ class Checker {
             return one.second.duration < other.second.duration;
         };
         const auto longest = std::max_element(first, last, isShorter);
-        if (longest != last)
-            group.overrides[record.Id] = {longest->second.type, longest->second.duration, next};
+        if (longest != last) group.overrides[record.Id] = {longest->second.type, longest->second.duration};
     }
 
     Workspace& workspace;

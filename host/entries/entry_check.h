@@ -15,7 +15,7 @@ struct CheckedEntry {
 };
 
 // By Id, those that never run, have ended, cannot be shown or lack their group or a scenario, and those with
-// an override that still runs when the same group runs again: at the next run, or within the 31 days to come.
+// an override that still runs when the same group runs again: within the 31 days to come.
 std::vector<CheckedEntry> CheckEntries(Workspace& workspace);
 
 }  // namespace NolSchedCtls

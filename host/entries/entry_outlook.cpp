@@ -8,22 +8,12 @@ namespace NolSchedCtls {
 
 namespace {
 
-std::vector<DateTime> ReadHolidayDays(Workspace& workspace) {
-    std::vector<DateTime> days;
-    for (const Holiday& holiday : workspace.Holidays().All()) days.push_back(holiday.day);
-    return days;
-}
-
+// A setting that is no number is told by each entry that needs it.
 OutlookSettings ReadSettings(Workspace& workspace) {
-    constexpr int longest = 24 * 60;
     const auto settings = workspace.Documents().CurrentUser().Settings;
     const auto found = settings.find(periodMinutes);
-    if (found == settings.end()) return {};
-    const auto minutes = ParseWhole(found->second);
-    if (!minutes || *minutes < 1 || *minutes > longest)
-        throw StoreError(workspace.Store().Name() + ": the setting " + Quoted(periodMinutes) + " is " +
-                         Quoted(found->second) + ", not a number from 1 to " + std::to_string(longest) + ".");
-    return {*minutes};
+    return found == settings.end() ? OutlookSettings{}
+                                   : OutlookSettings{ParseWhole(found->second).value_or(0)};
 }
 
 }  // namespace
@@ -37,7 +27,7 @@ EntryState StateAt(const Schedule& schedule, DateTime moment) {
 
 EntryOutlook::EntryOutlook(Workspace& workspace)
     : now(Clock().Now()),
-      holidayDays(ReadHolidayDays(workspace)),
+      holidayDays(workspace.Holidays().Days()),
       holidays(holidayDays),
       settings(ReadSettings(workspace)) {}
 
@@ -55,17 +45,7 @@ EntryState EntryOutlook::StateOf(const ListedEntry& entry, const std::string& tr
 }
 
 bool MergedRuns::Add(std::int32_t id, std::string name, Schedule schedule) {
-    return Begin(items.emplace_back(Item{id, std::move(name), std::move(schedule)}));
-}
-
-void MergedRuns::Restart(DateTime fromA, DateTime toA) {
-    from = fromA;
-    to = toA;
-    heads = {};
-    for (const Item& item : items) Begin(item);
-}
-
-bool MergedRuns::Begin(const Item& item) {
+    const Item& item = items.emplace_back(Item{id, std::move(name), std::move(schedule)});
     const auto first = item.schedule.RunsBetween(from, to).begin();
     if (first == std::default_sentinel) return false;
     heads.push({first, &item});

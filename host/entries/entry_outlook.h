@@ -29,7 +29,7 @@ struct EntryState {
 EntryState StateAt(const Schedule& schedule, DateTime moment);
 
 // As of the moment at which it is made: reads clock, holidays and the length of a period once. Throws
-// StoreError where the store fails or the setting "Period Minutes" is no number from 1 to 1440.
+// StoreError where the store fails.
 class EntryOutlook {
   public:
     explicit EntryOutlook(Workspace& workspace);
@@ -70,9 +70,6 @@ class MergedRuns {
     // All before the first look. Whether it has a run.
     bool Add(std::int32_t id, std::string name, Schedule schedule);
 
-    // Begins again, between other moments.
-    void Restart(DateTime fromA, DateTime toA);
-
     bool AtEnd() const { return heads.empty(); }
     EntryRun Current() const;
     void MoveNext();
@@ -91,8 +88,6 @@ class MergedRuns {
             return *run != *other.run ? *run > *other.run : item->id > other.item->id;
         }
     };
-
-    bool Begin(const Item& item);
 
     DateTime from;
     DateTime to;

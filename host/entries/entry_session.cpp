@@ -119,7 +119,7 @@ EntrySession::SaveResult EntrySession::Save() {
     } catch (...) {
         record->Id = formerId;
         record->IsNew = wasNew;
-        RethrowUnlessSaved();
+        throw;
     }
     record->IsNew = false;
     savedChanges = changes;
@@ -133,40 +133,25 @@ void EntrySession::Store() {
     StoredRow written = workspace.Entries().Write(*record, row);
     record->SaveNolOverrides();
     if (const auto failure = workspace.TakeFailure()) throw StoreError(*failure);
+    workspace.Entries().Verify(*record, written);
     try {
         transaction.Commit();
     } catch (const StoreError& error) {
-        if (error.kind == StoreError::Kind::Unknown) unsettled = Attempt{record->Id, std::move(written)};
+        if (error.kind == StoreError::Kind::Unknown)
+            unsettled = Attempt{record->Id, std::move(written), error.transaction};
         throw;
     }
     row = std::move(written);
 }
 
-bool EntrySession::Settle() {
-    if (!unsettled) return false;
-    const bool stands = workspace.Entries().Stands(unsettled->id, unsettled->row);
+void EntrySession::Settle() {
+    if (!unsettled) return;
+    const bool stands = workspace.Store().IsCommitted(unsettled->transaction);
     const Attempt attempt = *std::exchange(unsettled, {});
-    if (!stands) return false;
+    if (!stands) return;
     record->Id = attempt.id;
     record->IsNew = false;
     row = attempt.row;
-    return true;
-}
-
-// In a handler: what a lost answer to the commit would have told is looked up. If the store cannot be asked
-// now, it is before the next save.
-void EntrySession::RethrowUnlessSaved() {
-    if (!unsettled) throw;
-    std::optional<bool> isSaved;
-    try {
-        isSaved = Settle();
-    } catch (const StoreError&) {
-    }
-    if (!isSaved) throw;
-    if (!*isSaved)
-        throw StoreError(
-            workspace.Store().Name() + ": the connection broke at the commit; nothing was saved.",
-            StoreError::Kind::Connection);
 }
 
 }  // namespace NolSchedCtls

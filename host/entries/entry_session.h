@@ -68,9 +68,8 @@ class EntrySession {
   private:
     explicit EntrySession(Workspace& workspaceA, StoredEntry entry);
     void Store();
-    // Looks up what became of an unsettled save; true if it stands. Throws while the store cannot be asked.
-    bool Settle();
-    void RethrowUnlessSaved();
+    // Looks up what became of an unsettled save. Throws while the store cannot be asked.
+    void Settle();
 
     Workspace& workspace;
     std::shared_ptr<CNolSchedData> record;
@@ -78,6 +77,7 @@ class EntrySession {
     struct Attempt {
         std::int32_t id;
         StoredRow row;
+        std::string transaction;
     };
     std::optional<Attempt> unsettled;  // a save of which it is not known whether it stands
     std::shared_ptr<CPaviseNotify> notifier = std::make_shared<CPaviseNotify>();

@@ -4,6 +4,7 @@
 
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
+#include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/entries/process.h"
 
@@ -155,7 +156,7 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
         if (rows->AtEnd()) TellMissing(id);
         Opening(id, [&] {
             ReadRow(*rows, read);
-            row = {LintelDb().FieldToNumber(rows->Fields("Version"), 0), RowValues(ReadValue{read}), {}};
+            row = {LintelDb().FieldToNumber(rows->Fields("Version"), 0), RowValues(ReadValue{read})};
         });
     }
     Opening(id, [&] { record->InitEdit(ArgumentsOf(read)); });
@@ -165,9 +166,10 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
 }
 
 StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
-    StoredRow written{record.IsNew ? 1 : row.version + 1, RowValues(WrittenValue{{record}}),
-                      DateValue(Clock().Now())};
-    const Database::Values save{std::int64_t{written.version}, User(), written.savedAt};
+    if (row.version == std::numeric_limits<std::int32_t>::max())
+        throw StoreError(database->Name() + ": the entry's Version cannot be counted any further.");
+    StoredRow written{record.IsNew ? 1 : row.version + 1, RowValues(WrittenValue{{record}})};
+    const Database::Values save{std::int64_t{written.version}, User(), DateValue(Clock().Now())};
     if (record.IsNew) {
         Database::Values values = written.values;
         Append(values, save);
@@ -186,7 +188,7 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     Append(values, save);
     Append(values, {std::int64_t{record.Id}, std::int64_t{row.version}});
     statement += "Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
-    if (database->Execute(statement, values) != 1) TellOvertaken(record.Id, record.EditorName, row.version);
+    if (database->Execute(statement, values) != 1) TellOvertaken(record, row.version);
     database->Announce("saved " + std::to_string(record.Id));
     return written;
 }
@@ -197,27 +199,26 @@ const std::string& EntryStore::User() const {
     return user;
 }
 
-std::unique_ptr<StoreRows> EntryStore::LastSave(std::int32_t id) const {
-    return database->Open("SELECT Version, SavedBy, SavedAt FROM NOL_Schedule WHERE Id = ?",
-                          {std::int64_t{id}});
-}
-
-bool EntryStore::Stands(std::int32_t id, const StoredRow& row) const {
-    {
-        const auto rows = LastSave(id);
-        if (rows->AtEnd() && row.version == 1) return false;
-        const std::int64_t version = rows->AtEnd() ? 0 : LintelDb().FieldToNumber(rows->Fields("Version"), 0);
-        if (version == row.version - 1) return false;
-        if (version == row.version && FieldToText(rows->Fields("SavedBy")) == User() &&
-            rows->Fields("SavedAt").Value == row.savedAt)
-            return true;
+// A trigger may have kept, doubled, moved or deleted rows.
+void EntryStore::Verify(const CNolSchedData& record, const StoredRow& row) const {
+    std::int64_t stored = 0;
+    for (const auto& [key, item] : record.Overrides()) {
+        const StudyKind* const kind = FindStudyKind(item->OverrideType);
+        if (kind != nullptr && record.*kind->pFlag == "Y") ++stored;
     }
-    TellOvertaken(id, FieldToText({{}, row.values.front()}), row.version - 1);
+    const auto rows = database->Open(
+        "SELECT Version, (SELECT COUNT(*) FROM NOL_Override WHERE NOL_OverrideId = Id) AS Overrides "
+        "FROM NOL_Schedule WHERE Id = ?",
+        {std::int64_t{record.Id}});
+    if (rows->AtEnd() || rows->Fields("Version").Value != LintelValue{std::int64_t{row.version}} ||
+        rows->Fields("Overrides").Value != LintelValue{stored})
+        database->FailUntaken();
 }
 
-void EntryStore::TellOvertaken(std::int32_t id, const std::string& name, std::int32_t version) const {
-    const auto rows = LastSave(id);
-    const std::string entry = "The entry " + Quoted(name) + " was ";
+void EntryStore::TellOvertaken(const CNolSchedData& record, std::int32_t version) const {
+    const auto rows = database->Open("SELECT Version, SavedBy, SavedAt FROM NOL_Schedule WHERE Id = ?",
+                                     {std::int64_t{record.Id}});
+    const std::string entry = "The entry " + Quoted(record.EditorName) + " was ";
     if (rows->AtEnd()) throw OvertakenError(entry + "deleted by another user since it was opened.");
     if (LintelDb().FieldToNumber(rows->Fields("Version"), 0) == version) database->FailUntaken();
     throw OvertakenError(entry + "saved by " + FieldToText(rows->Fields("SavedBy")) + " at " +
@@ -225,9 +226,15 @@ void EntryStore::TellOvertaken(std::int32_t id, const std::string& name, std::in
 }
 
 void EntryStore::Delete(std::int32_t id) {
+    const Database::Values ofEntry{std::int64_t{id}};
     Transaction transaction(*database);
-    if (database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}}) != 1) TellMissing(id);
-    database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", {std::int64_t{id}});
+    const auto isThere = [&] {
+        return !database->Open("SELECT 1 FROM NOL_Schedule WHERE Id = ?", ofEntry)->AtEnd();
+    };
+    if (!isThere()) TellMissing(id);
+    database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", ofEntry);
+    database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", ofEntry);
+    if (isThere() || !OverrideRows(id).empty()) database->FailUntaken();
     database->Announce("deleted " + std::to_string(id));
     transaction.Commit();
 }
@@ -251,7 +258,7 @@ std::int64_t EntryStore::Count() const {
     return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);
 }
 
-void EntryStore::ForEach(const std::function<void(const ListedEntry&)>& visit, std::int64_t afterId,
+void EntryStore::ForEach(const std::function<void(ListedEntry&)>& visit, std::int64_t afterId,
                          std::int64_t limit) const {
     const auto rows = database->Open(
         "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
@@ -290,18 +297,21 @@ void EntryStore::TellMissing(std::int32_t id) const {
     throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
 }
 
+// A page is taken from the store before it is visited: whoever visits slowly keeps no saver waiting.
 void EntryStore::ForAll(const std::function<void(const ListedEntry&)>& visit) const {
-    constexpr int pageSize = 500;
+    constexpr std::size_t pageSize = 500;
+    std::vector<ListedEntry> page;
+    const auto take = [&page](ListedEntry& entry) {
+        page.push_back(entry);
+        entry.record = std::make_shared<CNolSchedData>();
+    };
     std::int64_t lastId = std::numeric_limits<std::int64_t>::min();
-    for (int visited = pageSize; visited == pageSize;) {
-        visited = 0;
-        const auto count = [&](const ListedEntry& entry) {
-            visit(entry);
-            lastId = entry.id;
-            ++visited;
-        };
-        ForEach(count, lastId, pageSize);
-    }
+    do {
+        page.clear();
+        ForEach(take, lastId, pageSize);
+        for (const ListedEntry& entry : page) visit(entry);
+        if (!page.empty()) lastId = page.back().id;
+    } while (page.size() == pageSize);
 }
 
 std::multimap<std::int64_t, OverrideUse> EntryStore::OverrideUses() const {

@@ -25,7 +25,6 @@ class OvertakenError : public NolSchedError {
 struct StoredRow {
     std::int32_t version = 0;  // counts the saves
     Database::Values values;   // of all columns but Id, in their order
-    LintelValue savedAt;       // of a save made here
 };
 
 struct StoredEntry {
@@ -64,9 +63,9 @@ class EntryStore {
     // A new entry gets its Id. Returns the row that now stands. Throws OvertakenError for a stored entry
     // whose version is no longer the row's. Call inside a transaction.
     StoredRow Write(CNolSchedData& record, const StoredRow& row);
-    // Whether what Write returned stands, where the answer to the commit was lost. Throws OvertakenError if
-    // another user has saved the entry since, so that it cannot be told.
-    bool Stands(std::int32_t id, const StoredRow& row) const;
+    // Inside the same transaction, with the override rows written. Throws StoreError if the store does not
+    // hold what was written.
+    void Verify(const CNolSchedData& record, const StoredRow& row) const;
     // The row and its override rows, in a transaction of its own. Throws RequestError.
     void Delete(std::int32_t id);
     // Every column of the entry's override rows as it is stored, by Type.
@@ -75,8 +74,8 @@ class EntryStore {
     // (0: a new one).
     void Opening(std::int32_t id, const std::function<void()>& step) const;
     // By Id, one at a time, those after afterId and at most limit. The entry given is filled anew for the
-    // next.
-    void ForEach(const std::function<void(const ListedEntry&)>& visit,
+    // next; a visitor that keeps its record gives it another one.
+    void ForEach(const std::function<void(ListedEntry&)>& visit,
                  std::int64_t afterId = std::numeric_limits<std::int64_t>::min(),
                  std::int64_t limit = std::numeric_limits<std::int64_t>::max()) const;
     // The one with that Id. Throws RequestError.
@@ -90,8 +89,7 @@ class EntryStore {
   private:
     const std::string& User() const;
     [[noreturn]] void TellMissing(std::int32_t id) const;
-    std::unique_ptr<StoreRows> LastSave(std::int32_t id) const;
-    [[noreturn]] void TellOvertaken(std::int32_t id, const std::string& name, std::int32_t version) const;
+    [[noreturn]] void TellOvertaken(const CNolSchedData& record, std::int32_t version) const;
 
     std::shared_ptr<Database> database;
     mutable std::string user;

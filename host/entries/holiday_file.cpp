@@ -24,6 +24,8 @@ constexpr DateTime firstDay = 2;     // 1900-01-01
 constexpr DateTime lastDay = 73050;  // 2099-12-31
 constexpr int mostDaysOfEvent = 366;
 constexpr std::size_t mostDays = 100'000;
+constexpr std::streamoff mostBytes = 100'000'000;
+constexpr std::size_t longestName = 1000;  // bytes
 
 // A line that was folded, perhaps within a letter, is one again.
 std::string Unfolded(const std::string& text) {
@@ -43,9 +45,16 @@ std::string Unfolded(const std::string& text) {
 std::string ReadText(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream text;
-    if (file.peek() != EOF) text << file.rdbuf();
+    std::array<char, 1 << 16> part{};
+    while (file.read(part.data(), part.size()) || file.gcount() > 0) {
+        text.write(part.data(), file.gcount());
+        if (text.tellp() > mostBytes)
+            throw UsageError("The file " + Quoted(path) + " is larger than 100 MB.");
+    }
     if (!file.is_open() || file.bad() || text.fail())
         throw UsageError("The file " + Quoted(path) + " cannot be read: " + std::strerror(errno) + ".");
+    if (text.view().find('\0') != std::string_view::npos)
+        throw UsageError("The file " + Quoted(path) + " holds a NUL character.");
     std::string unfolded = Unfolded(text.str());
     if (!utf8::is_valid(unfolded)) throw UsageError("The file " + Quoted(path) + " is not valid UTF-8.");
     return unfolded;
@@ -62,9 +71,10 @@ DateTime DayOf(const icaltimetype& time) { return ComposeDateTime({time.year, ti
 
 bool IsDay(const icaltimetype& time) {
     using namespace std::chrono;
-    return year_month_day{year{time.year}, month{static_cast<unsigned>(time.month)},
+    return time.year >= 100 && time.year <= 9999 &&
+           year_month_day{year{time.year}, month{static_cast<unsigned>(time.month)},
                           day{static_cast<unsigned>(time.day)}}
-        .ok();
+               .ok();
 }
 
 bool IsMidnight(const icaltimetype& time) {
@@ -143,6 +153,8 @@ class HolidayFile {
         const icaltimetype end = icalcomponent_get_dtend(event);
         if (start.year == 0 || (start.is_date == 0 && !(IsMidnight(start) && IsMidnight(end)))) return false;
         if (!IsDay(start) || (end.year != 0 && !IsDay(end))) Refuse(event, "has a day that no calendar has");
+        if (Name(event).size() > longestName)
+            Refuse(event, "has a name of more than " + std::to_string(longestName) + " bytes");
         if (end.year != 0 && DayOf(end) - DayOf(start) > mostDaysOfEvent)
             Refuse(event, "lasts more than " + std::to_string(mostDaysOfEvent) + " days");
         if (start.is_date != 0) return true;

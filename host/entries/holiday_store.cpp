@@ -22,19 +22,36 @@ std::vector<Holiday> HolidayStore::All() const {
     return holidays;
 }
 
-std::string HolidayStore::NameOf(const std::string& day) const {
+std::vector<DateTime> HolidayStore::Days() const {
+    std::vector<DateTime> days;
+    if (!database->HasTable(holidayTable)) return days;
+    const auto rows = database->Open("SELECT Day FROM NOL_Holiday ORDER BY Day");
+    for (; !rows->AtEnd(); rows->MoveNext()) try {
+            days.push_back(DateOf(ParseIso(FieldToText(rows->Fields("Day")))));
+        } catch (const StoreError&) {
+            throw;
+        } catch (const NolSchedError&) {
+            // No day of a calendar, and so no day on which an entry could run.
+        }
+    return days;
+}
+
+std::optional<std::string> HolidayStore::NameOf(const std::string& day) const {
     const auto rows = database->Open("SELECT Name FROM NOL_Holiday WHERE Day = ?", {day});
-    return rows->AtEnd() ? "" : FieldToText(rows->Fields("Name"));
+    if (rows->AtEnd()) return {};
+    return FieldToText(rows->Fields("Name"));
 }
 
 int HolidayStore::Import(const std::vector<Holiday>& holidays) {
     int count = 0;
     Transaction transaction(*database);
     MakeHolidayTable(*database);
-    for (const Holiday& holiday : holidays)
-        count += static_cast<int>(
-            database->Execute("INSERT INTO NOL_Holiday (Day, Name) VALUES (?, ?) ON CONFLICT DO NOTHING",
-                              {DayOf(holiday.day), holiday.name}));
+    for (const auto& [day, name] : holidays) {
+        if (NameOf(DayOf(day))) continue;
+        database->Execute("INSERT INTO NOL_Holiday (Day, Name) VALUES (?, ?)", {DayOf(day), name});
+        if (!NameOf(DayOf(day))) database->FailUntaken();
+        ++count;
+    }
     transaction.Commit();
     return count;
 }
@@ -42,13 +59,13 @@ int HolidayStore::Import(const std::vector<Holiday>& holidays) {
 void HolidayStore::Add(const Holiday& holiday) {
     if (Import({holiday}) == 0)
         throw RequestError("There is already a holiday on " + DayOf(holiday.day) + ", " +
-                           Quoted(NameOf(DayOf(holiday.day))) + ".");
+                           Quoted(NameOf(DayOf(holiday.day)).value_or("")) + ".");
 }
 
-void HolidayStore::Delete(DateTime day) {
-    if (!database->HasTable(holidayTable) ||
-        database->Execute("DELETE FROM NOL_Holiday WHERE Day = ?", {DayOf(day)}) == 0)
-        throw RequestError("There is no holiday on " + DayOf(day) + ".");
+void HolidayStore::Delete(const std::string& day) {
+    if (!database->HasTable(holidayTable) || !NameOf(day))
+        throw RequestError("There is no holiday on " + day + ".");
+    if (database->Execute("DELETE FROM NOL_Holiday WHERE Day = ?", {day}) == 0) database->FailUntaken();
 }
 
 }  // namespace NolSchedCtls

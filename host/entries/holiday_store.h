@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,17 +21,21 @@ class HolidayStore {
   public:
     explicit HolidayStore(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
 
-    // By day. None in a store that was made before there were holidays, until the first is added.
+    // By day. None in a store that was made before there were holidays, until the first is added. Throws
+    // StoreError for a row that is no day, too.
     std::vector<Holiday> All() const;
+    // Without those that are no days.
+    std::vector<DateTime> Days() const;
     // Throws RequestError for a day that is one already.
     void Add(const Holiday& holiday);
     // Adds those whose days are none yet, all or none of them. Returns how many they were.
     int Import(const std::vector<Holiday>& holidays);
-    // Throws RequestError for a day that is none.
-    void Delete(DateTime day);
+    // As it stands in the store, so that what is no day can be deleted. Throws RequestError for one that is
+    // not there.
+    void Delete(const std::string& day);
 
   private:
-    std::string NameOf(const std::string& day) const;
+    std::optional<std::string> NameOf(const std::string& day) const;
 
     std::shared_ptr<Database> database;
 };

@@ -32,7 +32,6 @@ NOLSCHED_LIBICAL(icalcomponent_set_dtstart);
 NOLSCHED_LIBICAL(icalparser_parse_string);
 NOLSCHED_LIBICAL(icalproperty_get_rrule);
 NOLSCHED_LIBICAL(icalproperty_get_xlicerror);
-NOLSCHED_LIBICAL(icalproperty_new_categories);
 NOLSCHED_LIBICAL(icalproperty_new_description);
 NOLSCHED_LIBICAL(icalproperty_new_dtstamp);
 NOLSCHED_LIBICAL(icalproperty_new_dtstart);
@@ -42,6 +41,7 @@ NOLSCHED_LIBICAL(icalproperty_new_summary);
 NOLSCHED_LIBICAL(icalproperty_new_uid);
 NOLSCHED_LIBICAL(icalrecurrencetype_from_string);
 NOLSCHED_LIBICAL(icaltime_from_string);
+NOLSCHED_LIBICAL(icaltime_from_timet_with_zone);
 NOLSCHED_LIBICAL(icaltimezone_get_utc_timezone);
 
 #undef NOLSCHED_LIBICAL
