@@ -21,7 +21,7 @@ QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, Date
     const int most = hasEnd ? runsCounted : runsTold;
     QStringList told;
     int count = 0;
-    for (const DateTime at : schedule.RunsBetween(now + second, MAppConstants::NoEndDate + 1)) {
+    for (const DateTime at : schedule.RunsBetween(now + second, DateTimeOf(latestMoment))) {
         if (++count <= runsTold) told.append(RunText(at, now));
         if (count > most) break;
     }

@@ -17,7 +17,6 @@ namespace NolSchedCtls {
 namespace {
 
 constexpr DateTime second = 1.0 / 86400;
-constexpr DateTime forever = 2958465;  // 12/31/9999
 constexpr std::size_t nextRuns = 20;
 constexpr std::size_t mostRunsOfDay = 500;
 
@@ -141,7 +140,7 @@ void OutlookPane::CountRuns() {
         int all = 0;
     };
     const auto find = [entries = chosen, ofDay = day, now = Clock().Now()](const std::stop_token& stop) {
-        if (!ofDay) return Found{FirstRuns(entries, now + second, forever, nextRuns, stop)};
+        if (!ofDay) return Found{FirstRuns(entries, now + second, DateTimeOf(latestMoment), nextRuns, stop)};
         return Found{FirstRuns(entries, *ofDay, *ofDay + 1 - second, mostRunsOfDay, stop),
                      CountByDay(entries, *ofDay, 1, stop).front()};
     };
