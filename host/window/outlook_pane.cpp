@@ -37,11 +37,24 @@ void SetBold(QLabel& label) {
 
 }  // namespace
 
-OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent), column(new QVBoxLayout(this)) {
+OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent) {
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+}
+
+void OutlookPane::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (column == nullptr) QMetaObject::invokeMethod(this, &OutlookPane::Make, Qt::QueuedConnection);
+}
+
+void OutlookPane::Make() {
+    if (column != nullptr) return;
+    column = new QVBoxLayout(this);
     column->setContentsMargins(8, 6, 8, 6);
     MakeCalendar();
     MakeList();
     MakeWeek();
+    CountChosen();
+    CountWeek();
 }
 
 void OutlookPane::MakeCalendar() {
@@ -81,10 +94,10 @@ void OutlookPane::MakeList() {
 }
 
 void OutlookPane::MakeWeek() {
-    auto* const title = MakeLabel(this);
-    title->setText(u"Week load of all entries"_s);
-    SetBold(*title);
-    column->addWidget(title);
+    auto* const above = MakeLabel(this);
+    above->setText(u"Week load of all entries"_s);
+    SetBold(*above);
+    column->addWidget(above);
     week = new WeekView(this);
     column->addWidget(week);
     auto* const told = MakeLabel(this);
@@ -95,14 +108,13 @@ void OutlookPane::MakeWeek() {
 }
 
 bool OutlookPane::IsCounting() const {
-    return monthJob.IsRunning() || runsJob.IsRunning() || weekJob.IsRunning();
+    return column == nullptr || monthJob.IsRunning() || runsJob.IsRunning() || weekJob.IsRunning();
 }
 
-void OutlookPane::ShowChosen(EntryRows entries, const QString& title) {
+void OutlookPane::ShowChosen(EntryRows entries, const QString& titleA) {
     chosen = std::move(entries);
-    heading->setText(title);
-    CountMonth();
-    CountRuns();
+    title = titleA;
+    CountChosen();
 }
 
 void OutlookPane::ShowAll(EntryRows entries) {
@@ -112,9 +124,15 @@ void OutlookPane::ShowAll(EntryRows entries) {
 
 void OutlookPane::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    CountChosen();
+    CountWeek();
+}
+
+void OutlookPane::CountChosen() {
+    if (!IsInUse()) return;
+    heading->setText(title);
     CountMonth();
     CountRuns();
-    CountWeek();
 }
 
 void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
@@ -124,7 +142,7 @@ void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
 }
 
 void OutlookPane::CountMonth() {
-    if (!isVisible()) return;
+    if (!IsInUse()) return;
     const QDate first = calendar->FirstShown();
     monthJob.Start(
         [entries = chosen, from = FromQDate(first)](const std::stop_token& stop) {
@@ -134,7 +152,7 @@ void OutlookPane::CountMonth() {
 }
 
 void OutlookPane::CountRuns() {
-    if (!isVisible()) return;
+    if (!IsInUse()) return;
     struct Found {
         std::vector<ShownRun> runs;
         int all = 0;
@@ -148,7 +166,7 @@ void OutlookPane::CountRuns() {
 }
 
 void OutlookPane::CountWeek() {
-    if (!isVisible()) return;
+    if (!IsInUse()) return;
     weekJob.Start([entries = all, today = DateOf(Clock().Now())](
                       const std::stop_token& stop) { return LoadOfWeek(entries, today, stop); },
                   [this](const WeekLoad& load) { week->Show(load); });

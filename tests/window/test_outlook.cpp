@@ -52,6 +52,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
         "FirstDateTime = '2026-03-02 02:00:00'");
     MainWindow window{workspace, dialogs};
     Activate(window);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window.Pane().IsCounting(); }));
     auto& table = *window.findChild<QTableView*>();
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
