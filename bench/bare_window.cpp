@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     auto* const table = new QTableView;
     table->setModel(&model);
     window.setCentralWidget(table);
-    window.resize(1080, 560);
+    window.resize(1240, 640);
     window.show();
     return QApplication::exec();
 }

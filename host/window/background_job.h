@@ -11,9 +11,9 @@ namespace NolSchedCtls {
 
 class BackgroundJob {
   public:
-    // Calls compute(stop) on a thread of its own, then show(result) on the caller's; after another start or
-    // the end of this object, neither. Waits for a job that still runs: compute looks at stop often, shares
-    // nothing that changes, uses no service and throws nothing.
+    // Calls compute(stop) on a thread of its own, then show(result) on the caller's, unless there was another
+    // start before. That and the end of this object stop a job, and wait for it: compute looks at stop often,
+    // shares nothing that changes, uses no service and throws nothing.
     template <class Compute, class Show>
     void Start(Compute compute, Show show) {
         isRunning = true;

@@ -52,7 +52,7 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
       loader(workspace, list),
       watch(workspace.Store()) {
     setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
-    resize(1340, 700);
+    resize(1240, 640);
     MakeFilter();
     MakeTable();
     MakePane();

@@ -16,14 +16,12 @@ constexpr int runsTold = 2;
 constexpr int runsCounted = 1000;
 constexpr DateTime second = 1.0 / 86400;
 
-}  // namespace
-
 QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, DateTime now) {
     const bool hasEnd = DateOf(record.FinalDateTime) != MAppConstants::NoEndDate;
     const int most = hasEnd ? runsCounted : runsTold;
     QStringList told;
     int count = 0;
-    for (const DateTime at : schedule.RunsBetween(now + second, MAppConstants::NoEndDate + 1)) {
+    for (const DateTime at : schedule.RunsBetween(now + second, DateTimeOf(latestMoment))) {
         if (++count <= runsTold) told.append(RunText(at, now));
         if (count > most) break;
     }
@@ -35,6 +33,8 @@ QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, Date
         count > runsCounted ? u"more than %1"_s.arg(QLocale().toString(runsCounted)) : QString::number(count);
     return text + u" %1 until %2"_s.arg(counted, DateText(record.FinalDateTime));
 }
+
+}  // namespace
 
 OutlookLine::OutlookLine(EntrySession& sessionA, QWidget* parent) : QLabel(parent), session(sessionA) {
     setObjectName(u"outlook"_s);

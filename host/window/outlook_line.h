@@ -10,10 +10,8 @@
 
 namespace NolSchedCtls {
 
-// "Next: Fri Nov 27 10:30 PM, Fri Jan 29 10:30 PM, ... 7 until Dec 31, 2027".
-QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, DateTime now);
-
-// Lives no longer than the session.
+// "Next: Fri Nov 27 10:30 PM, Fri Jan 29 10:30 PM, ... 7 until Dec 31, 2027", or why it never runs, in the
+// colour of warnings. Lives no longer than the session.
 class OutlookLine : public QLabel {
   public:
     OutlookLine(EntrySession& sessionA, QWidget* parent);

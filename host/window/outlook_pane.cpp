@@ -17,7 +17,6 @@ namespace NolSchedCtls {
 namespace {
 
 constexpr DateTime second = 1.0 / 86400;
-constexpr DateTime forever = 2958465;  // 12/31/9999
 constexpr std::size_t nextRuns = 20;
 constexpr std::size_t mostRunsOfDay = 500;
 
@@ -38,11 +37,24 @@ void SetBold(QLabel& label) {
 
 }  // namespace
 
-OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent), column(new QVBoxLayout(this)) {
+OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent) {
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+}
+
+void OutlookPane::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (column == nullptr) QMetaObject::invokeMethod(this, &OutlookPane::Make, Qt::QueuedConnection);
+}
+
+void OutlookPane::Make() {
+    if (column != nullptr) return;
+    column = new QVBoxLayout(this);
     column->setContentsMargins(8, 6, 8, 6);
     MakeCalendar();
     MakeList();
     MakeWeek();
+    CountChosen();
+    CountWeek();
 }
 
 void OutlookPane::MakeCalendar() {
@@ -82,10 +94,10 @@ void OutlookPane::MakeList() {
 }
 
 void OutlookPane::MakeWeek() {
-    auto* const title = MakeLabel(this);
-    title->setText(u"Week load of all entries"_s);
-    SetBold(*title);
-    column->addWidget(title);
+    auto* const above = MakeLabel(this);
+    above->setText(u"Week load of all entries"_s);
+    SetBold(*above);
+    column->addWidget(above);
     week = new WeekView(this);
     column->addWidget(week);
     auto* const told = MakeLabel(this);
@@ -96,14 +108,13 @@ void OutlookPane::MakeWeek() {
 }
 
 bool OutlookPane::IsCounting() const {
-    return monthJob.IsRunning() || runsJob.IsRunning() || weekJob.IsRunning();
+    return column == nullptr || monthJob.IsRunning() || runsJob.IsRunning() || weekJob.IsRunning();
 }
 
-void OutlookPane::ShowChosen(EntryRows entries, const QString& title) {
+void OutlookPane::ShowChosen(EntryRows entries, const QString& titleA) {
     chosen = std::move(entries);
-    heading->setText(title);
-    CountMonth();
-    CountRuns();
+    title = titleA;
+    CountChosen();
 }
 
 void OutlookPane::ShowAll(EntryRows entries) {
@@ -113,9 +124,15 @@ void OutlookPane::ShowAll(EntryRows entries) {
 
 void OutlookPane::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    CountChosen();
+    CountWeek();
+}
+
+void OutlookPane::CountChosen() {
+    if (!IsInUse()) return;
+    heading->setText(title);
     CountMonth();
     CountRuns();
-    CountWeek();
 }
 
 void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
@@ -125,7 +142,7 @@ void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
 }
 
 void OutlookPane::CountMonth() {
-    if (!isVisible()) return;
+    if (!IsInUse()) return;
     const QDate first = calendar->FirstShown();
     monthJob.Start(
         [entries = chosen, from = FromQDate(first)](const std::stop_token& stop) {
@@ -135,13 +152,13 @@ void OutlookPane::CountMonth() {
 }
 
 void OutlookPane::CountRuns() {
-    if (!isVisible()) return;
+    if (!IsInUse()) return;
     struct Found {
         std::vector<ShownRun> runs;
         int all = 0;
     };
     const auto find = [entries = chosen, ofDay = day, now = Clock().Now()](const std::stop_token& stop) {
-        if (!ofDay) return Found{FirstRuns(entries, now + second, forever, nextRuns, stop)};
+        if (!ofDay) return Found{FirstRuns(entries, now + second, DateTimeOf(latestMoment), nextRuns, stop)};
         return Found{FirstRuns(entries, *ofDay, *ofDay + 1 - second, mostRunsOfDay, stop),
                      CountByDay(entries, *ofDay, 1, stop).front()};
     };
@@ -149,7 +166,7 @@ void OutlookPane::CountRuns() {
 }
 
 void OutlookPane::CountWeek() {
-    if (!isVisible()) return;
+    if (!IsInUse()) return;
     weekJob.Start([entries = all, today = DateOf(Clock().Now())](
                       const std::stop_token& stop) { return LoadOfWeek(entries, today, stop); },
                   [this](const WeekLoad& load) { week->Show(load); });

@@ -16,7 +16,8 @@ namespace NolSchedCtls {
 class RunCalendar;
 class WeekView;
 
-// Counts on threads beside the windows, and only while it is visible. What it shows stays until what takes
+// Its parts are made after its first frame, so that the list is there at once. Counts on threads beside the
+// windows, and only while it is visible. What it shows stays until what takes
 // its place is counted.
 class OutlookPane : public QWidget {
     Q_OBJECT
@@ -24,8 +25,9 @@ class OutlookPane : public QWidget {
   public:
     explicit OutlookPane(QWidget* parent);
 
-    void ShowChosen(EntryRows entries, const QString& title);
+    void ShowChosen(EntryRows entries, const QString& titleA);
     void ShowAll(EntryRows entries);
+    // Until all that is to be seen is there.
     bool IsCounting() const;
 
   Q_SIGNALS:
@@ -34,11 +36,15 @@ class OutlookPane : public QWidget {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
+    void Make();
     void MakeCalendar();
     void MakeList();
     void MakeWeek();
+    bool IsInUse() const { return column != nullptr && isVisible(); }
+    void CountChosen();
     void CountMonth();
     void CountRuns();
     void CountWeek();
@@ -48,6 +54,7 @@ class OutlookPane : public QWidget {
 
     EntryRows chosen;
     EntryRows all;
+    QString title;
     std::optional<DateTime> day;  // whose runs are listed; otherwise the next ones
     std::optional<std::vector<ShownRun>> shown;
     QVBoxLayout* column = nullptr;

@@ -39,7 +39,7 @@ TEST_F(Windows, ALineTellsAfterEachActWhatTheEntryWouldRun) {
         const auto text = [&] {
             return Shown(label) + (label.foregroundRole() == QPalette::BrightText ? "!" : "");
         };
-        EXPECT_TRUE(QTest::qWaitFor([&] { return text() == line; }, 500)) << text();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return text() == line; })) << text();
         EXPECT_EQ(editor.Session().Changes(), changes);
     }
 }
@@ -52,6 +52,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
         "FirstDateTime = '2026-03-02 02:00:00'");
     MainWindow window{workspace, dialogs};
     Activate(window);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window.Pane().IsCounting(); }));
     auto& table = *window.findChild<QTableView*>();
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
@@ -92,8 +93,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     for (const auto& [act, wanted] : steps) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !window.IsLoading(); }));
         act();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return trace() == wanted; }, 2500))
-            << trace() << "\nnot " << wanted;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return trace() == wanted; })) << trace() << "\nnot " << wanted;
     }
     EXPECT_EQ(table.model()->index(0, EntryRow::NextRun).data(), u"3/3/2026 2:00 AM"_s);
     window.OpenEntry(3)->Save();
