@@ -64,12 +64,12 @@ TEST(MemoryServices, StoreWhatTheStatementsSay) {
     const auto store = InstallMemoryServices();
     ILintelDb& lintel = LintelDb();
     const std::string values = lintel.JoinValues({"O'Hara''s, ", LintelValue(), 1e-9, ""});
-    for (const auto& statement : {"INSERT INTO One (Id, T, N, D, E) VALUES (7, " + values + ")",
-                                  std::string("INSERT INTO Two (Id) VALUES (7)"),
-                                  std::string("INSERT INTO One (Id, D) VALUES (8, 0.5)"),
-                                  std::string("DELETE FROM Two WHERE ID = 7")})
+    for (const auto& statement :
+         std::vector<std::string>{"INSERT INTO One (Id, T, N, D, E) VALUES (7, " + values + ")",
+                                  "INSERT INTO Two (Id, D) VALUES (8, 0.5)",
+                                  "INSERT INTO Two (Id) VALUES (9)", "DELETE FROM Two WHERE ID = 9"})
         lintel.ExecuteStatement(statement);
-    EXPECT_EQ(Stored(*store), "One(7i, O'Hara''s, s, n, 0.000000d, s)(8i, 0.500000d) Two");
+    EXPECT_EQ(Stored(*store), "One(7i, O'Hara''s, s, n, 0.000000d, s) Two(8i, 0.500000d)");
     for (const std::string statement :
          {"", "UPDATE One SET T = 1", "DELETE FROM One", "DELETE FROM One WHERE Id = 8 OR 1 = 1",
           "DELETE FROM One WHERE Id = 'x", "INSERT INTO One (Id, T) VALUES (9)",
