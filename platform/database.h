@@ -72,8 +72,8 @@ class Database {
     void Insert(std::string_view statement);
     // The id that the store gave to the new row. Throws if it was not taken.
     std::int32_t Insert(std::string_view statement, const Values& values);
-    // Whether a transaction of an Unknown commit stands; waits until the store has ended it. Throws while that
-    // cannot be told.
+    // Whether a transaction of an Unknown commit stands; waits until the store has ended it. Throws while
+    // that cannot be told.
     virtual bool IsCommitted(const std::string& /*transaction*/) { return false; }
     // Throws: a change was not taken, as a trigger may have it.
     [[noreturn]] void FailUntaken() const;

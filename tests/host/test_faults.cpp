@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <ctime>
 #include <thread>
@@ -450,10 +451,12 @@ std::string SaveWithoutAnswer(EntrySession& entry, Database& store, Database& ot
     });
     other.Execute("ALTER SYSTEM SET synchronous_standby_names = 'nobody'");
     other.Execute("SELECT pg_reload_conf()");
-    std::thread ender([&other] {
+    usleep(500'000);  // until the server's own processes have heard of it
+    std::atomic<bool> isDone = false;
+    std::thread ender([&] {
         const char* const end =
             "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE wait_event = 'SyncRep'";
-        while (other.Open(end)->AtEnd()) usleep(10'000);
+        while (!isDone && other.Open(end)->AtEnd()) usleep(10'000);
         other.Execute("ALTER SYSTEM RESET synchronous_standby_names");
         other.Execute("SELECT pg_reload_conf()");
     });
@@ -464,6 +467,7 @@ std::string SaveWithoutAnswer(EntrySession& entry, Database& store, Database& ot
         told = std::string(error.what()).substr(std::string(error.what()).find("whether"));
         EXPECT_EQ(error.kind, StoreError::Kind::Unknown);
     }
+    isDone = true;
     ender.join();
     return told;
 }
