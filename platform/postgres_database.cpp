@@ -355,18 +355,16 @@ void PostgresDatabase::AskAfter(const std::string& transaction) {
         Fail("the connection broke at the commit; nothing was saved.", StoreError::Kind::Connection);
 }
 
+// A standby that has taken over may never have heard of it.
 bool PostgresDatabase::IsCommitted(const std::string& transaction) {
+    constexpr std::string_view question =
+        "SELECT CASE WHEN CAST(? AS xid8) > pg_current_xact_id() THEN 'aborted' "
+        "ELSE pg_xact_status(CAST(? AS xid8)) END AS State";
     const auto began = std::chrono::steady_clock::now();
-    try {
-        for (;; poll(nullptr, 0, waitStep)) {
-            const auto rows = Open("SELECT pg_xact_status(CAST(? AS xid8)) AS State", {transaction});
-            const std::string state = FieldToText(rows->Fields("State"));
-            if (state != "in progress") return state == "committed";
-            if (!WaitsOn(began)) FailAsUnknown(transaction);
-        }
-    } catch (const StoreError& error) {
-        if (error.kind != StoreError::Kind::Other) throw;
-        return false;  // a standby that has taken over has never heard of it
+    for (;; poll(nullptr, 0, waitStep)) {
+        const std::string state = FieldToText(Open(question, {transaction, transaction})->Fields("State"));
+        if (state != "in progress") return state == "committed";
+        if (!WaitsOn(began)) FailAsUnknown(transaction);
     }
 }
 
