@@ -1,7 +1,7 @@
 #include "host/entries/calendar_event.h"
 
-#include <algorithm>
 #include <ctime>
+#include <set>
 
 #include "host/entries/libical.h"
 #include "host/entries/visible_text.h"
@@ -35,19 +35,16 @@ icaltimetype UtcOf(DateTime local) {
 }
 
 // Holidays are no part of a rule: the runs that it has on them, or the day after, are named.
-std::vector<DateTime> RunsOnHolidays(const CNolSchedData& record, const EntryOutlook& outlook) {
-    std::vector<DateTime> runs;
+std::set<DateTime> RunsOnHolidays(const CNolSchedData& record, const EntryOutlook& outlook) {
+    std::set<DateTime> runs;
     const Schedule rule(record, {}, outlook.Settings());
     const auto take = [&](DateTime day) {
-        for (const DateTime run : rule.RunsBetween(day, day + 86399.0 / 86400)) runs.push_back(run);
+        for (const DateTime run : rule.RunsBetween(day, day + 86399.0 / 86400)) runs.insert(run);
     };
     for (const DateTime day : outlook.HolidayDays()) {
         if (record.IncludeHolidays != "Y") take(day);
         if (record.IncludeDayAfterHol != "Y") take(day + 1);
     }
-    std::ranges::sort(runs);
-    const auto repeated = std::ranges::unique(runs);
-    runs.erase(repeated.begin(), repeated.end());
     return runs;
 }
 

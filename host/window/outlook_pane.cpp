@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QTimer>
 #include <QToolButton>
 
 #include "NolSchedCtls/services/provider.h"
@@ -43,7 +44,7 @@ OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent) {
 
 void OutlookPane::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
-    if (column == nullptr) QMetaObject::invokeMethod(this, &OutlookPane::Make, Qt::QueuedConnection);
+    if (column == nullptr) QTimer::singleShot(0, this, &OutlookPane::Make);
 }
 
 void OutlookPane::Make() {
