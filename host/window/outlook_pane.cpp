@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QTimer>
 #include <QToolButton>
 
 #include "NolSchedCtls/services/provider.h"
@@ -40,11 +39,13 @@ void SetBold(QLabel& label) {
 
 OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent) {
     setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    afterPaint.setSingleShot(true);
+    connect(&afterPaint, &QTimer::timeout, this, &OutlookPane::Make);
 }
 
 void OutlookPane::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
-    if (column == nullptr) QTimer::singleShot(0, this, &OutlookPane::Make);
+    if (column == nullptr) afterPaint.start();
 }
 
 void OutlookPane::Make() {

@@ -1,6 +1,7 @@
 // What will run: of the chosen entries a month and the next runs, of all entries the load of a week.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 #include "host/window/background_job.h"
@@ -57,6 +58,7 @@ class OutlookPane : public QWidget {
     QString title;
     std::optional<DateTime> day;  // whose runs are listed; otherwise the next ones
     std::optional<std::vector<ShownRun>> shown;
+    QTimer afterPaint;
     QVBoxLayout* column = nullptr;
     QLabel* heading = nullptr;
     RunCalendar* calendar = nullptr;
