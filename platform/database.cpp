@@ -115,31 +115,34 @@ void Database::EndWait() {
     if (std::exchange(hasWaited, false)) WaitEnded.Raise();
 }
 
-std::unique_ptr<Database> OpenDatabase(const std::string& address) {
+std::unique_ptr<Database> OpenDatabase(const std::string& address, MissingStore missing) {
     if (address.empty()) throw StoreError("The store has no name.");
     if (IsServerAddress(address)) return OpenServer(address);
-    return OpenFile(address);
+    return OpenFile(address, missing);
 }
 
-Transaction::Transaction(Database& databaseA, Access access) : database(databaseA) {
-    if (access == Access::Read && database.isInTransaction) return;
-    database.Execute(database.BeginStatement(access));
+Transaction::Transaction(Database& databaseA, Access access)
+    : database(databaseA), isInner(databaseA.isInTransaction) {
+    if (access == Access::Read && isInner) return;
+    database.Execute(isInner ? "SAVEPOINT inner_work" : database.BeginStatement(access));
     isOpen = database.isInTransaction = true;
 }
 
 void Transaction::Commit() {
-    database.Execute("COMMIT");
-    isOpen = database.isInTransaction = false;
+    database.Execute(isInner ? "RELEASE SAVEPOINT inner_work" : "COMMIT");
+    isOpen = false;
+    database.isInTransaction = isInner;
 }
 
 Transaction::~Transaction() {
     if (!isOpen) return;
     try {
-        database.Execute("ROLLBACK");
+        database.Execute(isInner ? "ROLLBACK TO SAVEPOINT inner_work" : "ROLLBACK");
+        if (isInner) database.Execute("RELEASE SAVEPOINT inner_work");
     } catch (const NolSchedError&) {
         // The store has rolled back by itself or is gone; the failure that led here is being told.
     }
-    database.isInTransaction = false;
+    database.isInTransaction = isInner;
 }
 
 }  // namespace NolSchedCtls

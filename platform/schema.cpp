@@ -44,13 +44,15 @@ std::string ScheduleColumns(const std::string& idColumn) {
     return columns + "Version INTEGER NOT NULL, SavedBy TEXT NOT NULL, SavedAt TIMESTAMP NOT NULL";
 }
 
-std::vector<Table> TablesOf(const Database& database) {
+std::vector<Table> TablesOf(const Database& database, Samples samples) {
     const std::string idColumn = "Id " + std::string(database.IdColumn());
     return {{"NOL_Override",
              "NOL_OverrideId INTEGER NOT NULL, Type TEXT NOT NULL, ScenarioId INTEGER, Duration INTEGER, "
              "Polling_Interval INTEGER, Retrieve_Delay INTEGER, ClearLog TEXT"},
             {"NOL_Document", idColumn + ", Type TEXT NOT NULL, Name TEXT NOT NULL, UNIQUE (Type, Name)",
-             "Type, Name", sampleDocuments},
+             "Type, Name",
+             samples == Samples::Documents ? std::span<const TwoTexts>(sampleDocuments)
+                                           : std::span<const TwoTexts>()},
             {"NOL_Setting", "Name TEXT PRIMARY KEY, Value TEXT NOT NULL", "Name, Value", defaultSettings},
             {"NOL_Schedule", ScheduleColumns(idColumn)}};
 }
@@ -83,21 +85,24 @@ Table HolidayTable() { return {holidayTable, "Day DATE PRIMARY KEY, Name TEXT NO
 
 }  // namespace
 
-void PrepareTables(Database& database) {
-    const auto tables = TablesOf(database);
+bool PrepareTables(Database& database, MissingStore missing, Samples samples) {
+    const auto tables = TablesOf(database, samples);
     {
         const Transaction reading(database, Access::Read);
-        if (AreThere(database, tables)) return;
+        if (AreThere(database, tables)) return false;
         RefuseUnlessEmpty(database, tables);
     }
+    if (missing == MissingStore::Refuse)
+        throw StoreError(database.Name() + ": there is no store in it yet.", StoreError::Kind::Missing);
     Transaction transaction(database);
     database.LockTableMaking();
-    if (AreThere(database, tables)) return;  // another process was faster
+    if (AreThere(database, tables)) return false;  // another process was faster
     RefuseUnlessEmpty(database, tables);
     for (const Table& table : tables) Make(database, table);
     Make(database, HolidayTable());
     database.Execute("CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     transaction.Commit();
+    return true;
 }
 
 void MakeHolidayTable(Database& database) {

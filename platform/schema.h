@@ -5,10 +5,13 @@
 
 namespace NolSchedCtls {
 
-// Makes the tables of an empty store, in a transaction of its own: all or none; documents get samples,
-// settings their defaults. Throws StoreError for a store that lacks a table, which it names, or holds others
-// alone.
-void PrepareTables(Database& database);
+enum class Samples { None, Documents };
+
+// Makes the tables of an empty store, in a transaction of its own, all or none, with the settings' defaults;
+// gives whether it did. Throws StoreError for an empty store that is not to be made, and for one that lacks
+// a table, which it names, or holds others alone.
+bool PrepareTables(Database& database, MissingStore missing = MissingStore::Make,
+                   Samples samples = Samples::Documents);
 
 // The setting that says how long an hourly entry's period is.
 inline constexpr const char* periodMinutes = "Period Minutes";

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <list>
 #include <thread>
 #include <utility>
@@ -52,6 +53,11 @@ struct Close {
     void operator()(char* text) const { sqlite3_free(text); }
 };
 
+bool IsMissing(const std::string& path) {
+    std::error_code trouble;
+    return !std::filesystem::exists(path, trouble) && !trouble;
+}
+
 struct Prepared {
     std::string text;
     std::unique_ptr<sqlite3_stmt, Close> statement;
@@ -59,12 +65,14 @@ struct Prepared {
 
 class SqliteDatabase : public Database {
   public:
-    explicit SqliteDatabase(const std::string& path) : Database(path) {
-        constexpr int flags =
-            SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    SqliteDatabase(const std::string& path, MissingStore missing) : Database(path) {
+        constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+        const int make = missing == MissingStore::Make ? SQLITE_OPEN_CREATE : 0;
         sqlite3* opened = nullptr;
-        const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+        const int result = sqlite3_open_v2(path.c_str(), &opened, flags | make, nullptr);
         connection.reset(opened);  // also of one that could not be opened, to tell why
+        if (result != SQLITE_OK && make == 0 && IsMissing(path))
+            Fail("there is no such store.", StoreError::Kind::Missing);
         Check(result);
         sqlite3_busy_handler(opened, Wait, this);
     }
@@ -221,6 +229,8 @@ std::unique_ptr<StoreRows> SqliteDatabase::Run(std::string_view statement, const
 
 }  // namespace
 
-std::unique_ptr<Database> OpenFile(const std::string& path) { return std::make_unique<SqliteDatabase>(path); }
+std::unique_ptr<Database> OpenFile(const std::string& path, MissingStore missing) {
+    return std::make_unique<SqliteDatabase>(path, missing);
+}
 
 }  // namespace NolSchedCtls

@@ -5,6 +5,6 @@
 
 namespace NolSchedCtls {
 
-std::unique_ptr<Database> OpenFile(const std::string& path);
+std::unique_ptr<Database> OpenFile(const std::string& path, MissingStore missing);
 
 }  // namespace NolSchedCtls

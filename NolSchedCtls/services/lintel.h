@@ -20,6 +20,8 @@ using LintelValue = std::variant<std::monostate, std::int64_t, double, std::stri
 struct LintelField {
     std::string Name;
     LintelValue Value;
+
+    bool operator==(const LintelField&) const = default;
 };
 
 // The rows of a query, standing on the first one after opening.

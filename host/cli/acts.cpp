@@ -18,14 +18,36 @@ constexpr std::array<std::string_view, 6> verbNames = {"click", "pick", "type", 
 // Nothing if a kind of field knows no such act, else whether the field did it: not what it does not offer.
 using Done = std::optional<bool>;
 
+const std::string& ContentOf(const TextBox& box) { return box.Text(); }
+const std::string& ContentOf(const XAmbitPurge& purge) { return purge.DaysText(); }
+bool Paste(TextBox& box, const std::string& text) { return box.Paste(text); }
+bool Paste(XAmbitPurge& purge, const std::string& text) { return purge.PasteDays(text); }
+
 // The keys that make the text; a byte that is no UTF-8 is the key U+FFFD.
 std::u32string KeysOf(const std::string& text) { return utf8::utf8to32(utf8::replace_invalid(text)); }
 
-// Keys into an emptied field.
-bool Type(auto& field, bool emptied, const std::string& text) {
-    if (emptied)
-        for (const char32_t key : KeysOf(text)) field.Key(key);
-    return emptied;
+// Keys into an emptied field. A key that changes nothing was refused, by the filter or the length: what was
+// typed before it goes again.
+bool Type(auto& field, const std::string& text) {
+    const std::string former = ContentOf(field);
+    if (!Paste(field, "")) return false;
+    for (const char32_t key : KeysOf(text)) {
+        const std::string before = ContentOf(field);
+        field.Key(key);
+        if (ContentOf(field) != before) continue;
+        Paste(field, former);
+        throw UsageError("the key " + Quoted(utf8::utf32to8(std::u32string(1, key))) + " of " + Quoted(text) +
+                         " is refused.");
+    }
+    return true;
+}
+
+bool PasteWhole(auto& field, const std::string& text) {
+    const std::string former = ContentOf(field);
+    if (!Paste(field, text)) return false;
+    if (ContentOf(field) == text) return true;
+    Paste(field, former);
+    throw UsageError(Quoted(text) + " is too long.");
 }
 
 bool PickDate(SSDateCombo& field, const std::string& text) {
@@ -47,8 +69,8 @@ Done Act(DropDownList& list, Verb verb, const std::string& text) {
 }
 
 Done Act(TextBox& box, Verb verb, const std::string& text) {
-    if (verb == Verb::Type) return Type(box, box.Paste(""), text);
-    return verb == Verb::Paste ? Done(box.Paste(text)) : Done();
+    if (verb == Verb::Type) return Type(box, text);
+    return verb == Verb::Paste ? Done(PasteWhole(box, text)) : Done();
 }
 
 Done Act(Label& /*label*/, Verb /*verb*/, const std::string& /*text*/) { return {}; }
@@ -69,17 +91,17 @@ Done Act(XMarlet& picker, Verb verb, const std::string& text) {
 
 Done Act(XAmbitPurge& purge, Verb verb, const std::string& text) {
     if (verb == Verb::Click) return purge.Click();
-    if (verb == Verb::Type) return Type(purge, purge.PasteDays(""), text);
-    return verb == Verb::Paste ? Done(purge.PasteDays(text)) : Done();
+    if (verb == Verb::Type) return Type(purge, text);
+    return verb == Verb::Paste ? Done(PasteWhole(purge, text)) : Done();
 }
 
 Done Act(XAmbitDownload& download, Verb verb, const std::string& text) {
     return verb == Verb::Pick ? Done(download.Pick(text)) : Done();
 }
 
-std::string OfferText(const ViewField& field) {
-    const auto offered = OfferedBy(field);
-    return offered.empty() ? "nothing" : Joined(offered, Quoted);
+std::string OfferText(const std::string& text, const std::vector<std::string>& offered) {
+    if (const auto nearest = NearestOf(text, offered)) return "; did you mean " + Quoted(*nearest) + "?";
+    return "; it offers " + (offered.empty() ? "nothing" : Joined(offered, Quoted)) + ".";
 }
 
 }  // namespace
@@ -93,17 +115,20 @@ std::optional<Verb> VerbNamed(std::string_view word) {
 // A text that the act cannot read is as little offered as one out of bounds.
 void DoAct(Verb verb, const Target& target, const std::string& text) {
     ViewField& field = target.field;
-    if (!field.IsUsable())
-        throw UsageError(target.name + (field.IsShown() ? " is disabled." : " is hidden."));
-    const Done done = Explained<UsageError>(
-        [&] { return VisitField(field, [&](auto& kind) { return Act(kind, verb, text); }); },
-        [&] { return target.name + ": "; });
+    const auto refuse = [&](const std::string& told) {
+        throw UsageError(target.name + told, {target.name, text, OfferedBy(field)});
+    };
+    if (!field.IsUsable()) refuse(field.IsShown() ? " is disabled." : " is hidden.");
+    Done done;
+    try {
+        done = VisitField(field, [&](auto& kind) { return Act(kind, verb, text); });
+    } catch (const NolSchedError& error) {
+        refuse(std::string(": ") + error.what());
+    }
     if (!done)
-        throw UsageError(target.name + " is a " + KindName(field) + ", which one cannot " +
-                         std::string(verbNames.at(static_cast<std::size_t>(verb))) + ".");
-    if (!*done)
-        throw UsageError(target.name + " does not offer " + Quoted(text) + "; it offers " + OfferText(field) +
-                         ".");
+        refuse(" is a " + KindName(field) + ", which one cannot " +
+               std::string(verbNames.at(static_cast<std::size_t>(verb))) + ".");
+    if (!*done) refuse(" does not offer " + Quoted(text) + OfferText(text, OfferedBy(field)));
 }
 
 }  // namespace NolSchedCtls

@@ -8,6 +8,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/study_kinds.h"
+#include "host/entries/arguments.h"
 #include "host/entries/entry_check.h"
 #include "host/entries/process.h"
 #include "host/entries/visible_text.h"
@@ -86,7 +87,7 @@ void WriteValid(std::ostream& stream, const Json& answer) {
 
 void WriteSaved(std::ostream& stream, const Json& answer) {
     if (answer.at("saved") == true)
-        stream << "saved " << TextOf(answer.at("Id")) << '\n';
+        stream << (answer.contains("unchanged") ? "unchanged " : "saved ") << TextOf(answer.at("Id")) << '\n';
     else
         stream << "not saved\n";
 }
@@ -154,17 +155,36 @@ void WriteValue(std::ostream& stream, const Json& answer) {
 }
 
 constexpr char beep[] = "beep";
+constexpr char made[] = "made";
 constexpr char shown[] = "shown";
-constexpr char failure[] = "failure";
-constexpr char error[] = "error";
 constexpr char changed[] = "changed";
 constexpr char deleted[] = "deleted";
 constexpr char check[] = "check";
 constexpr char leftOut[] = "left out";
 
+// As compilers tell it: "regroup.nol:3: entry 12 "Site 12": ...".
+void WriteError(std::ostream& stream, const Json& answer) {
+    const Json& told = answer.at("error");
+    const auto isKnown = [&told](const char* key) { return told.contains(key); };
+    if (isKnown("file")) stream << TextOf(told.at("file")) << ':';
+    if (isKnown("line")) stream << told.at("line") << ':';
+    stream << (isKnown("file") ? " " : "error: ");
+    if (isKnown("Id")) stream << "entry " << told.at("Id") << ' ';
+    if (isKnown("EditorName"))
+        stream << (isKnown("Id") ? "" : "new entry ") << '"' << TextOf(told.at("EditorName")) << "\": ";
+    stream << TextOf(told.at("text")) << '\n';
+}
+
+void WriteFailure(std::ostream& stream, const Json& answer) {
+    stream << "failure: " << TextOf(answer.at("failure").at("text")) << '\n';
+}
+
+// Where an answer goes: as text, and as JSON.
+enum class Stream { Out, ErrAsText, Err };
+
 struct AnswerKind {
     std::string_view key;
-    bool isMessage;
+    Stream stream;
     Write write;
 };
 
@@ -201,33 +221,34 @@ Json OverrideJson(const CNolOverride& item) {
 }  // namespace
 
 void Answers::Tell(const Json& answer) {
+    using enum Stream;
     static constexpr std::array answerKinds = {
-        AnswerKind{"message", true, WriteMessage},
-        AnswerKind{beep, true, WriteValue<beep>},
-        AnswerKind{shown, true, WriteValue<shown>},
-        AnswerKind{failure, true, WriteValue<failure>},
-        AnswerKind{error, true, WriteValue<error>},
-        AnswerKind{"look", false, WriteLook},
-        AnswerKind{"record", false, WriteRecord},
-        AnswerKind{changed, false, WriteValue<changed>},
-        AnswerKind{"valid", false, WriteValid},
-        AnswerKind{"saved", false, WriteSaved},
-        AnswerKind{"entry", false, WriteEntry},
-        AnswerKind{"document", false, WriteDocument},
-        AnswerKind{deleted, false, WriteValue<deleted>},
-        AnswerKind{"watch", false, WriteWatch},
-        AnswerKind{"run", false, WriteRun},
-        AnswerKind{check, false, WriteState<check>},
-        AnswerKind{"calendar", false, WriteCalendar},
-        AnswerKind{leftOut, true, WriteState<leftOut>},
-        AnswerKind{"holiday", false, WriteHoliday},
-        AnswerKind{"imported", false, WriteImported},
+        AnswerKind{"message", ErrAsText, WriteMessage},
+        AnswerKind{made, ErrAsText, WriteValue<made>},
+        AnswerKind{beep, ErrAsText, WriteValue<beep>},
+        AnswerKind{shown, ErrAsText, WriteValue<shown>},
+        AnswerKind{"failure", Err, WriteFailure},
+        AnswerKind{"error", Err, WriteError},
+        AnswerKind{"look", Out, WriteLook},
+        AnswerKind{"record", Out, WriteRecord},
+        AnswerKind{changed, Out, WriteValue<changed>},
+        AnswerKind{"valid", Out, WriteValid},
+        AnswerKind{"saved", Out, WriteSaved},
+        AnswerKind{"entry", Out, WriteEntry},
+        AnswerKind{"document", Out, WriteDocument},
+        AnswerKind{deleted, Out, WriteValue<deleted>},
+        AnswerKind{"watch", Out, WriteWatch},
+        AnswerKind{"run", Out, WriteRun},
+        AnswerKind{check, Out, WriteState<check>},
+        AnswerKind{"calendar", Out, WriteCalendar},
+        AnswerKind{leftOut, ErrAsText, WriteState<leftOut>},
+        AnswerKind{"holiday", Out, WriteHoliday},
+        AnswerKind{"imported", Out, WriteImported},
     };
     const auto& key = answer.begin().key();
     const auto* const kind = std::ranges::find(answerKinds, key, &AnswerKind::key);
     if (kind == answerKinds.end()) throw std::logic_error("There is no text for the answer " + key + ".");
-    // What fails after the output has failed is told beside it.
-    const bool isToErr = isJson ? !out : kind->isMessage;
+    const bool isToErr = kind->stream == Err || (kind->stream == ErrAsText && !isJson);
     std::ostream& stream = isToErr ? err : out;
     if (isJson)
         stream << Dumped(answer) << '\n';
@@ -236,9 +257,30 @@ void Answers::Tell(const Json& answer) {
     Flush(stream, isToErr ? "standard error" : "standard output");
 }
 
+void Answers::TellFailure(const std::exception& failure) {
+    Json told;
+    if (dynamic_cast<const StoreError*>(&failure) != nullptr) told["store"] = store;
+    told["text"] = failure.what();
+    Tell({{"failure", told}});
+}
+
 bool Answers::IsLost() const { return !err; }
 
 Json JsonOf(const LintelValue& value) { return std::visit(ToJson{}, value); }
+
+Json JsonOf(const UsageError& error) {
+    Json told;
+    if (const auto& place = error.place) {
+        if (!place->file.empty()) told["file"] = place->file;
+        if (place->line > 0) told["line"] = place->line;
+        if (place->id != 0) told["Id"] = place->id;
+        told["EditorName"] = place->name;
+    }
+    if (const auto& refusal = error.refusal)
+        told.update({{"field", refusal->field}, {"given", refusal->given}, {"offers", refusal->offers}});
+    told["text"] = error.what();
+    return {{"error", told}};
+}
 
 Json JsonOf(const CheckedEntry& entry) {
     return {{"Id", entry.id}, {"EditorName", entry.name}, {"state", entry.state}, {"reason", entry.reason}};

@@ -11,6 +11,7 @@ namespace NolSchedCtls {
 
 class CNolSchedData;
 struct CheckedEntry;
+class UsageError;
 
 // Keys keep the order in which they were put in.
 using Json = nlohmann::ordered_json;
@@ -19,11 +20,16 @@ class Answers {
   public:
     Answers(std::ostream& outA, std::ostream& errA) : out(outA), err(errA) {}
 
-    // One object a line, everything to the output; else text, with messages to the error stream.
+    // One object a line: errors and failures to the error stream, all else to the output in the order in
+    // which it happens. Else text, with messages to the error stream, too.
     void UseJson() { isJson = true; }
 
     // The first key tells the kind of answer. Throws OutputError.
     void Tell(const Json& answer);
+    // The same for what the store, or something else, failed in.
+    void TellFailure(const std::exception& failure);
+    // The name under which failures of the store are told.
+    void UseStore(std::string name) { store = std::move(name); }
 
     // Nothing can be told any more.
     bool IsLost() const;
@@ -32,10 +38,13 @@ class Answers {
     std::ostream& out;
     std::ostream& err;
     bool isJson = false;
+    std::string store;
 };
 
 // Null for no value.
 Json JsonOf(const LintelValue& value);
+// {"error": {...}}, with what is known of place and field.
+Json JsonOf(const UsageError& error);
 Json JsonOf(const CheckedEntry& entry);
 // The properties of the record, then {"overrides": [...]} in order of addition.
 Json JsonOf(const CNolSchedData& record);

@@ -8,8 +8,7 @@ namespace NolSchedCtls {
 
 namespace {
 
-constexpr const char* scriptHelp =
-    "A file, or - for standard input (also where left out); see nolsched --help";
+constexpr const char* scriptHelp = "A file, or - for standard input; at a terminal a prompt where left out";
 
 constexpr const char* footer =
     "nolsched COMMAND --help tells what a command takes.\n"
@@ -54,8 +53,10 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
     AddCommand(app, "watch", "Tells of each entry that anyone saves or deletes, until it is stopped");
     for (auto* command : {&show, &edit, &duplicate, &remove})
         AddId(*command, line.id, "The entry's id")->required();
-    for (auto* command : {&make, &edit})
-        command->add_option("SCRIPT", line.script, scriptHelp)->type_name("");
+    for (auto* command : {&make, &edit}) {
+        AddText(*command, "SCRIPT", line.script, scriptHelp)->type_name("");
+        command->add_flag("--discard", line.discards, "Drops changes that no save of the script has stored");
+    }
 }
 
 void AddOutlookCommands(CLI::App& app, CommandLine& line) {
@@ -84,10 +85,14 @@ void AddOutlookCommands(CLI::App& app, CommandLine& line) {
 }
 
 void AddDocumentCommands(CLI::App& app, CommandLine& line) {
+    AddCommand(app, "init", "Makes the store")
+        .add_flag("--samples", line.hasSamples,
+                  "With sample groups and scenarios, as new, apply and documents add make it");
     auto& documents = AddCommand(app, "documents", "Lists, adds and deletes groups and scenarios");
     documents.require_subcommand(0, 1);
-    for (auto* command : {&AddCommand(documents, "add", "Adds a document"),
-                          &AddCommand(documents, "delete", "Deletes a document")}) {
+    auto& remove = AddCommand(documents, "delete", "Deletes a document");
+    remove.add_flag("--force", line.isForced, "Also one that entries use");
+    for (auto* command : {&AddCommand(documents, "add", "Adds a document"), &remove}) {
         command->add_option("TYPE", line.type, "group or scenario")->required()->type_name("");
         command->add_option("NAME", line.document, "The document's name")->required()->type_name("");
     }

@@ -9,7 +9,7 @@ namespace NolSchedCtls {
 struct CommandLine : HostArguments {
     std::optional<std::int32_t> id;
     std::vector<std::int32_t> ids;
-    std::string script = "-";
+    std::optional<std::string> script;  // a file; "-" for standard input
     std::optional<std::string> name;
     std::optional<std::string> group;
     std::string type;
@@ -20,6 +20,9 @@ struct CommandLine : HostArguments {
     std::optional<std::string> to;
     std::optional<int> count;
     bool isImmediate = false;
+    bool discards = false;
+    bool hasSamples = false;
+    bool isForced = false;
 };
 
 // Throws UsageError; before that, calls useJson if the line asks for it.

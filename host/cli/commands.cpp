@@ -1,5 +1,7 @@
 #include "host/cli/commands.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -7,6 +9,7 @@
 #include <ostream>
 
 #include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/cli/command_line.h"
 #include "host/cli/outlook_commands.h"
@@ -24,16 +27,20 @@ namespace {
 using namespace std::chrono_literals;
 
 int RunScript(const CommandRun& run, EntrySession& session) {
-    const std::string& file = run.line.script;
+    const bool isPrompt = run.terminal.isInteractive && run.line.script.value_or("-") == "-";
+    if (!run.line.script && !isPrompt)
+        throw UsageError(run.line.command + " lacks SCRIPT: a file, or - for standard input.");
+    const std::string file = run.line.script.value_or("-");
     Script script(run.workspace, session, run.answers);
     session.Load();
-    if (file == "-")
-        return script.Run(run.terminal.in, run.terminal.isInteractive ? &run.terminal.err : nullptr);
+    const Unsaved unsaved = run.line.discards ? Unsaved::Discard : Unsaved::Refuse;
+    if (isPrompt) return script.Run(run.terminal.in, "", unsaved, &run.terminal.err);
+    if (file == "-") return script.Run(run.terminal.in, "standard input", unsaved, nullptr);
     std::ifstream lines(file);
     if (!lines)
         throw UsageError("The script " + Quoted(WithoutPassword(file)) +
                          " cannot be read: " + std::strerror(errno) + ".");
-    return script.Run(lines, nullptr);
+    return script.Run(lines, file, unsaved, nullptr);
 }
 
 // The sentence with what comes of it.
@@ -128,7 +135,7 @@ int Watch(const CommandRun& run) {
         } catch (const StoreError& error) {
             if (error.kind == Busy) continue;
             if (error.kind != Connection) throw;
-            if (trouble != error.what()) run.answers.Tell({{"failure", error.what()}});
+            if (trouble != error.what()) run.answers.TellFailure(error);
             trouble = error.what();
         }
     }
@@ -149,19 +156,48 @@ int Documents(const CommandRun& run) {
     return exitDone;
 }
 
-template <auto change>
-int ChangeDocuments(const CommandRun& run) {
-    const std::string& name = run.line.document;
-    if (name.empty()) throw UsageError(run.line.command + " takes a NAME that is not empty.");
-    (run.workspace.Documents().*change)(TypeOfWord(run.line.type), name);
+const std::string& NameOfDocument(const CommandLine& line) {
+    if (line.document.empty()) throw UsageError(line.command + " takes a NAME that is not empty.");
+    return line.document;
+}
+
+int AddDocument(const CommandRun& run) {
+    run.workspace.Documents().Add(TypeOfWord(run.line.type), NameOfDocument(run.line));
     return exitDone;
 }
 
-int RunCommand(const CommandRun& run) {
-    constexpr std::pair<std::string_view, int (*)(const CommandRun&)> commands[] = {
+int DeleteDocument(const CommandRun& run) {
+    const CaddisDocumentType type = TypeOfWord(run.line.type);
+    const std::string& name = NameOfDocument(run.line);
+    Transaction transaction(run.workspace.Store());
+    const auto document = run.workspace.Documents().DocumentNamed(type, name);
+    const auto users = run.workspace.Entries().UsersOf(document->Id);
+    if (!users.empty() && !run.line.isForced)
+        throw RequestError("The " + type.Name + ' ' + Quoted(name) + " is used by " + Joined(users) +
+                           "; --force deletes it nevertheless.");
+    run.workspace.Documents().Delete(type, name);
+    transaction.Commit();
+    return exitDone;
+}
+
+// The store has been made by then.
+int Init(const CommandRun& run) {
+    if (!run.workspace.IsMade()) throw RequestError(run.workspace.Store().Name() + " is there already.");
+    return exitDone;
+}
+
+struct Command {
+    std::string_view name;
+    int (*carryOut)(const CommandRun&);
+    MissingStore missing = MissingStore::Refuse;
+};
+
+const Command& CommandNamed(const std::string& given) {
+    using enum MissingStore;
+    static constexpr auto commands = std::to_array<Command>({
         {"list", List},
         {"show", Show},
-        {"new", New},
+        {"new", New, Make},
         {"edit", Edit},
         {"duplicate", Duplicate},
         {"delete", Delete},
@@ -174,11 +210,24 @@ int RunCommand(const CommandRun& run) {
         {"holidays delete", DeleteHoliday},
         {"holidays import", ImportHolidays},
         {"documents", Documents},
-        {"documents add", ChangeDocuments<&DocumentStore::Add>},
-        {"documents delete", ChangeDocuments<&DocumentStore::Delete>}};
-    for (const auto& [name, carryOut] : commands)
-        if (name == run.line.command) return carryOut(run);
-    throw UsageError("The command " + Quoted(run.line.command) + " does nothing.");
+        {"documents add", AddDocument, Make},
+        {"documents delete", DeleteDocument},
+        {"init", Init, Make},
+    });
+    const auto* const found = std::ranges::find(commands, given, &Command::name);
+    if (found == commands.end()) throw UsageError("The command " + Quoted(given) + " does nothing.");
+    return *found;
+}
+
+WorkspaceOptions OptionsOf(const CommandLine& line, const Command& command, const Terminal& terminal,
+                           Answers& answers) {
+    const auto showMessage = [&answers](const Message& message) {
+        answers.Tell(
+            {{"message", {{"text", message.text}, {"flags", message.flags}, {"title", message.title}}}});
+    };
+    const bool isBare = command.carryOut == Init && !line.hasSamples;
+    return {line.address, terminal.user,   showMessage,
+            line.now,     command.missing, isBare ? Samples::None : Samples::Documents};
 }
 
 int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answers& answers) {
@@ -188,22 +237,30 @@ int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answe
         Flush(terminal.out, "standard output");
         return exitDone;
     }
-    const auto showMessage = [&answers](const Message& message) {
-        answers.Tell(
-            {{"message", {{"text", message.text}, {"flags", message.flags}, {"title", message.title}}}});
-    };
-    Workspace workspace({line.address, terminal.user, showMessage, line.now});
-    return RunCommand({line, terminal, answers, workspace});
+    answers.UseStore(WithoutPassword(line.address));
+    const Command& command = CommandNamed(line.command);
+    Workspace workspace(OptionsOf(line, command, terminal, answers));
+    answers.UseStore(workspace.Store().Name());
+    if (workspace.IsMade()) answers.Tell({{"made", workspace.Store().Name()}});
+    return command.carryOut({line, terminal, answers, workspace});
 }
 
 // How a run ends that has failed; the status alone, if that cannot be told either.
-int End(Answers& answers, const char* kind, const std::exception& error, ExitStatus status) {
+int End(Answers& answers, const std::function<void()>& tell, ExitStatus status) {
     try {
-        answers.Tell({{kind, error.what()}});
+        tell();
         return status;
     } catch (const OutputError& lost) {
-        return answers.IsLost() ? status : End(answers, "failure", lost, exitStore);
+        return answers.IsLost() ? status
+                                : End(
+                                      answers, [&] { answers.TellFailure(lost); }, exitStore);
     }
+}
+
+// A store that is not there is no failure that lasts.
+void TellStoreFailure(Answers& answers, const StoreError& error) {
+    if (error.kind != StoreError::Kind::Missing) return answers.TellFailure(error);
+    answers.TellFailure(StoreError(std::string(error.what()) + " (nolsched init makes it)", error.kind));
 }
 
 }  // namespace
@@ -220,11 +277,17 @@ int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
     try {
         return RunLine(arguments, terminal, answers);
     } catch (const UsageError& error) {
-        return End(answers, "error", error, exitUsage);
+        return End(
+            answers, [&] { answers.Tell(JsonOf(error)); }, exitUsage);
     } catch (const RequestError& error) {
-        return End(answers, "error", error, exitUsage);
+        return End(
+            answers, [&] { answers.Tell(JsonOf(UsageError(error.what()))); }, exitUsage);
+    } catch (const StoreError& error) {
+        return End(
+            answers, [&] { TellStoreFailure(answers, error); }, exitStore);
     } catch (const std::exception& error) {
-        return End(answers, "failure", error, exitStore);
+        return End(
+            answers, [&] { answers.TellFailure(error); }, exitStore);
     }
 }
 

@@ -65,22 +65,31 @@ Script::Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA)
         }));
 }
 
-int Script::Run(std::istream& lines, std::ostream* prompt) {
+int Script::Run(std::istream& lines, const std::string& file, Unsaved unsaved, std::ostream* prompt) {
     std::string line;
     for (int number = 1; NextLine(lines, prompt, line); ++number) {
         if (number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
         try {
             Line(line);
         } catch (const UsageError& error) {
-            const std::string told = "line " + std::to_string(number) + ": " + error.what();
-            if (prompt == nullptr) throw UsageError(told);
-            answers.Tell({{"error", told}});
+            if (prompt == nullptr) throw At(error, file, number);
+            answers.Tell(JsonOf(error));
         } catch (const NolSchedError& error) {
             if (prompt == nullptr) throw;
-            answers.Tell({{"failure", error.what()}});
+            answers.TellFailure(error);
         }
     }
-    return verdict;
+    if (verdict != exitDone || unsaved == Unsaved::Discard ||
+        !(session.Record().IsNew || session.HasUnsavedChanges())) return verdict;
+    answers.Tell(JsonOf(At(
+        UsageError("the script ends with changes that no save has stored; --discard drops them."), file, 0)));
+    return exitRefused;
+}
+
+UsageError Script::At(UsageError error, const std::string& file, int line) {
+    const CNolSchedData& record = session.Record();
+    error.place = {file, line, record.Id, record.EditorName};
+    return error;
 }
 
 void Script::Line(std::string_view line) {
@@ -193,9 +202,13 @@ void Script::Valid() {
 
 void Script::Save() {
     verdict = exitStore;  // if it throws
-    const Page* const refusal = session.Save().refusedBy;
+    const auto [refusal, isUnchanged] = session.Save();
     verdict = exitDone;
-    if (refusal == nullptr) return answers.Tell({{"saved", true}, {"Id", session.Record().Id}});
+    if (refusal == nullptr) {
+        Json saved{{"saved", true}, {"Id", session.Record().Id}};
+        if (isUnchanged) saved["unchanged"] = true;
+        return answers.Tell(saved);
+    }
     Refuse(*refusal);
     answers.Tell({{"saved", false}});
 }

@@ -10,15 +10,19 @@
 
 namespace NolSchedCtls {
 
+// What becomes of changes that are left at the end of a script.
+enum class Unsaved { Refuse, Discard };
+
 class Script {
   public:
     // Connects the session's notifier and tabs to the answers; load the session after it.
     Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA);
 
-    // Runs to the end of the lines. Throws UsageError, with the line's number, for the first line that a user
-    // could not carry out, and for lines that cannot be read; and what a save throws. At a terminal a wrong
-    // line and a failed save are told, and the next line is asked for. Gives the verdict.
-    int Run(std::istream& lines, std::ostream* prompt);
+    // Runs to the end of the lines, which are told to stand in that file. Throws UsageError, with its place,
+    // for the first line that a user could not carry out, and for lines that cannot be read; and what a save
+    // throws. At a terminal a wrong line and a failed save are told, and the next line is asked for. Gives
+    // the verdict, exitRefused for changes that no save has stored unless they are to be discarded.
+    int Run(std::istream& lines, const std::string& file, Unsaved unsaved, std::ostream* prompt);
     // Saves the entry and answers so, or answers which tab refused and makes the verdict exitRefused. Throws
     // what the session's Save throws.
     void Save();
@@ -37,6 +41,7 @@ class Script {
     const Page& PageNamed(std::string_view name) const;
     void Judge(ExitStatus judged);
     void Refuse(const Page& page);
+    UsageError At(UsageError error, const std::string& file, int line);
 
     Workspace& workspace;
     EntrySession& session;

@@ -21,14 +21,36 @@ namespace NolSchedCtls {
 // A line of a script, or a command line, that cannot be carried out.
 class UsageError : public NolSchedError {
   public:
+    // Of a field that was given something: what it offers.
+    struct Refusal {
+        std::string field;
+        std::string given;
+        std::vector<std::string> offers;
+    };
+    // Where a script stands. No line for its end; no file for one that a person types.
+    struct Place {
+        std::string file;
+        int line = 0;
+        std::int32_t id = 0;  // of the entry; 0 for a new one
+        std::string name;
+    };
+
     using NolSchedError::NolSchedError;
+    UsageError(const std::string& text, Refusal refusalA)
+        : NolSchedError(text), refusal(std::move(refusalA)) {}
+
+    std::optional<Refusal> refusal;
+    std::optional<Place> place;
 };
 
+// The name that the word may stand for by a slip.
+std::optional<std::string> NearestOf(const std::string& word, const std::vector<std::string>& names);
+
 struct HostArguments {
-    std::string address = "nolsched.db";
-    std::function<DateTime()> now;  // empty for the system's clock
-    std::string command;            // with the commands above it: "documents add"
-    std::string answer;             // to --help or --version: tell it and do nothing else
+    std::string address = "nolsched.db";  // NOLSCHED_DB in the environment comes before it
+    std::function<DateTime()> now;        // empty for the system's clock
+    std::string command;                  // with the commands above it: "documents add"
+    std::string answer;                   // to --help or --version: tell it and do nothing else
 };
 
 // Takes --db, --now, --help and --version into the arguments, which it refers to from then on.

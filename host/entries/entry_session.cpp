@@ -113,9 +113,10 @@ EntrySession::SaveResult EntrySession::Save() {
     Settle();
     const auto formerId = record->Id;
     const bool wasNew = record->IsNew;
+    SaveResult result;
     try {
         for (const Page& page : pages) page.tab->SaveData();
-        Store();
+        result.isUnchanged = !Store();
     } catch (...) {
         record->Id = formerId;
         record->IsNew = wasNew;
@@ -124,16 +125,21 @@ EntrySession::SaveResult EntrySession::Save() {
     record->IsNew = false;
     savedChanges = changes;
     for (const Page& page : pages) page.tab->SaveState();
-    return {};
+    return result;
 }
 
-void EntrySession::Store() {
+// Whether the overrides change anything is seen by their rows: the record writes them all anew.
+bool EntrySession::Store() {
     workspace.TakeFailure();
     Transaction transaction(workspace.Store());
-    StoredRow written = workspace.Entries().Write(*record, row);
+    EntryStore& entries = workspace.Entries();
+    const bool isSameRow = entries.Holds(*record, row);
+    const auto formerOverrides = isSameRow ? entries.OverrideRows(record->Id) : EntryStore::Rows();
+    StoredRow written = entries.Write(*record, row);
     record->SaveNolOverrides();
     if (const auto failure = workspace.TakeFailure()) throw StoreError(*failure);
-    workspace.Entries().Verify(*record, written);
+    if (isSameRow && entries.OverrideRows(record->Id) == formerOverrides) return false;
+    entries.Verify(*record, written);
     try {
         transaction.Commit();
     } catch (const StoreError& error) {
@@ -142,6 +148,7 @@ void EntrySession::Store() {
         throw;
     }
     row = std::move(written);
+    return true;
 }
 
 void EntrySession::Settle() {

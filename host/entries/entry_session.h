@@ -60,6 +60,7 @@ class EntrySession {
 
     struct SaveResult {
         const Page* refusedBy = nullptr;  // nothing: the entry is saved
+        bool isUnchanged = false;         // the store holds all of it already: nothing was written
     };
     // Asks all pages, then stores row and overrides in one transaction. If the store fails or another user
     // was faster, throws StoreError or OvertakenError; the store, Id and IsNew are then as before.
@@ -67,7 +68,8 @@ class EntrySession {
 
   private:
     explicit EntrySession(Workspace& workspaceA, StoredEntry entry);
-    void Store();
+    // False if the store holds it all already.
+    bool Store();
     // Looks up what became of an unsettled save. Throws while the store cannot be asked.
     void Settle();
 

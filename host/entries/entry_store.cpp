@@ -165,6 +165,10 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
     return {std::move(record), std::move(row)};
 }
 
+bool EntryStore::Holds(const CNolSchedData& record, const StoredRow& row) const {
+    return !record.IsNew && RowValues(WrittenValue{{record}}) == row.values;
+}
+
 StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     if (row.version == std::numeric_limits<std::int32_t>::max())
         throw StoreError(database->Name() + ": the entry's Version cannot be counted any further.");
@@ -240,10 +244,10 @@ void EntryStore::Delete(std::int32_t id) {
 }
 
 // Under the names that the columns bear here: a server gives them back in small letters.
-std::vector<std::vector<LintelField>> EntryStore::OverrideRows(std::int32_t id) const {
+EntryStore::Rows EntryStore::OverrideRows(std::int32_t id) const {
     constexpr auto columns = std::to_array<const char*>({"NOL_OverrideId", "Type", "ScenarioId", "Duration",
                                                          "Polling_Interval", "Retrieve_Delay", "ClearLog"});
-    std::vector<std::vector<LintelField>> found;
+    Rows found;
     const auto rows = database->Open("SELECT * FROM NOL_Override WHERE NOL_OverrideId = ? ORDER BY Type",
                                      {std::int64_t{id}});
     for (; !rows->AtEnd(); rows->MoveNext()) {
@@ -312,6 +316,17 @@ void EntryStore::ForAll(const std::function<void(const ListedEntry&)>& visit) co
         for (const ListedEntry& entry : page) visit(entry);
         if (!page.empty()) lastId = page.back().id;
     } while (page.size() == pageSize);
+}
+
+std::vector<std::string> EntryStore::UsersOf(std::int32_t documentId) const {
+    std::vector<std::string> users;
+    const auto rows = database->Open(
+        "SELECT Id, EditorName FROM NOL_Schedule WHERE RptGrpId = ? OR Id IN "
+        "(SELECT NOL_OverrideId FROM NOL_Override WHERE ScenarioId = ?) ORDER BY Id",
+        {std::int64_t{documentId}, std::int64_t{documentId}});
+    for (; !rows->AtEnd(); rows->MoveNext())
+        users.push_back(std::to_string(IdOf(*rows)) + ' ' + Quoted(FieldToText(rows->Fields("EditorName"))));
+    return users;
 }
 
 std::multimap<std::int64_t, OverrideUse> EntryStore::OverrideUses() const {

@@ -68,8 +68,11 @@ class EntryStore {
     void Verify(const CNolSchedData& record, const StoredRow& row) const;
     // The row and its override rows, in a transaction of its own. Throws RequestError.
     void Delete(std::int32_t id);
+    // Whether the row has the record's values already.
+    bool Holds(const CNolSchedData& record, const StoredRow& row) const;
+    using Rows = std::vector<std::vector<LintelField>>;
     // Every column of the entry's override rows as it is stored, by Type.
-    std::vector<std::vector<LintelField>> OverrideRows(std::int32_t id) const;
+    Rows OverrideRows(std::int32_t id) const;
     // Runs a step of opening a stored entry: what it throws becomes a StoreError that names store and entry
     // (0: a new one).
     void Opening(std::int32_t id, const std::function<void()>& step) const;
@@ -83,6 +86,8 @@ class EntryStore {
     // The same for all, page by page, so that a store of any size takes the same memory.
     void ForAll(const std::function<void(const ListedEntry&)>& visit) const;
     std::int64_t Count() const;
+    // Those that have the document as group or as a scenario: "12 \"Night\"", by Id.
+    std::vector<std::string> UsersOf(std::int32_t documentId) const;
     // Of all entries, by Id.
     std::multimap<std::int64_t, OverrideUse> OverrideUses() const;
 

@@ -8,7 +8,7 @@
 namespace NolSchedCtls {
 
 Workspace::Workspace(WorkspaceOptions options)
-    : database(OpenDatabase(options.address)),
+    : database(OpenDatabase(options.address, options.missing)),
       failure(std::make_shared<std::optional<std::string>>()),
       entries(database, std::move(options.user)),
       documents(database),
@@ -21,7 +21,7 @@ Workspace::Workspace(WorkspaceOptions options)
     InstallServices([host, address = options.address, own = database, thread = std::this_thread::get_id()] {
         return MakePlatformProvider(std::this_thread::get_id() == thread ? own : OpenDatabase(address), host);
     });
-    PrepareTables(*database);
+    isMade = PrepareTables(*database, options.missing, options.samples);
 }
 
 Workspace::~Workspace() { InstallServices({}); }

@@ -8,6 +8,7 @@
 #include "host/entries/entry_store.h"
 #include "host/entries/holiday_store.h"
 #include "platform/document_store.h"
+#include "platform/schema.h"
 #include "platform/services.h"
 
 namespace NolSchedCtls {
@@ -17,6 +18,8 @@ struct WorkspaceOptions {
     std::string user;     // who saves; empty: the user that the process runs for
     std::function<void(const Message&)> showMessage;
     std::function<DateTime()> now;  // empty for the system's clock
+    MissingStore missing = MissingStore::Make;
+    Samples samples = Samples::Documents;  // of a store that is made
 };
 
 // Installs the services of the process for as long as it stands: one at a time. Throws StoreError if the
@@ -28,6 +31,8 @@ class Workspace {
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
 
+    // Whether the store was made just now.
+    bool IsMade() const { return isMade; }
     Database& Store() { return *database; }
     EntryStore& Entries() { return entries; }
     DocumentStore& Documents() { return documents; }
@@ -41,6 +46,7 @@ class Workspace {
     EntryStore entries;
     DocumentStore documents;
     HolidayStore holidays;
+    bool isMade = false;
 };
 
 }  // namespace NolSchedCtls

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "platform/database.h"
+#include "platform/schema.h"
 
 namespace NolSchedCtls::Testing {
 
@@ -37,11 +37,12 @@ std::string Rows(Database& database, const std::string& statement) {
 
 }  // namespace
 
-TemporaryStore::TemporaryStore() {
+TemporaryStore::TemporaryStore(bool isMade) {
     static int count = 0;
     const std::string name = "nolsched_" + std::to_string(getpid()) + "_" + std::to_string(++count);
     if (IsServer()) OnServer("CREATE DATABASE " + name);
     address = (IsServer() ? Server() : std::filesystem::temp_directory_path().string()) + "/" + name;
+    if (isMade) PrepareTables(*OpenDatabase(address));
 }
 
 TemporaryStore::~TemporaryStore() {

@@ -5,11 +5,11 @@
 
 namespace NolSchedCtls::Testing {
 
-// An empty store, gone at its end: a file, or a database on the server that NOLSCHED_TEST_SERVER names
+// A new store with samples, or nothing yet, gone at its end: a file, or a database on the server that NOLSCHED_TEST_SERVER names
 // ("postgresql://user@host:port").
 class TemporaryStore {
   public:
-    TemporaryStore();
+    explicit TemporaryStore(bool isMade = true);
     ~TemporaryStore();
     TemporaryStore(const TemporaryStore&) = delete;
 
