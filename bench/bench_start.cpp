@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     fs::create_directory(folder);
     fs::permissions(folder, fs::perms::owner_all);
     const std::string store = (folder / "entries.db").string();
-    Run({NOLSCHED, "--db", store, "list"});  // makes the store
+    Run({NOLSCHED, "--db", store, "init"});
     MeasureStart("editor", {NOLSCHED_EDITOR, "--db", store}, folder.string());
     MeasureStart("bare", {BARE_WINDOW}, folder.string());
     Measure("list", [store] { Run({NOLSCHED, "--db", store, "list"}); })->Iterations(50);

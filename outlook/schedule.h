@@ -1,6 +1,7 @@
 // When an entry runs, from its record's fields.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <iterator>
 #include <optional>
@@ -14,6 +15,9 @@
 namespace NolSchedCtls {
 
 enum class RunState { Scheduled, Paused, Immediate, Ended, NeverRuns, Unreadable };
+
+inline constexpr std::array allRunStates = {RunState::Scheduled, RunState::Paused,    RunState::Immediate,
+                                            RunState::Ended,     RunState::NeverRuns, RunState::Unreadable};
 
 // As people and programs read it: "Scheduled", "Never runs", "Cannot be shown".
 std::string_view TextOf(RunState state);

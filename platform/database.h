@@ -87,6 +87,8 @@ class Database {
     virtual bool IsEmpty() = 0;
     // The definition of a column that numbers its rows.
     virtual std::string_view IdColumn() const = 0;
+    // Inside a transaction, after a row with an id of its own: the ids that the store gives come after it.
+    virtual void SkipId(std::string_view table, std::int64_t id) = 0;
     virtual std::string_view BeginStatement(Access access) const = 0;
     // Inside a transaction: waits until no other connection is making tables.
     virtual void LockTableMaking() = 0;

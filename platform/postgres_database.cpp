@@ -205,6 +205,10 @@ class PostgresDatabase : public Database {
             ->AtEnd();
     }
     std::string_view IdColumn() const override { return "SERIAL PRIMARY KEY"; }
+    void SkipId(std::string_view table, std::int64_t id) override {
+        const std::string numbers = "pg_get_serial_sequence(lower('" + std::string(table) + "'), 'id')";
+        Open("SELECT CASE WHEN nextval(" + numbers + ") < ? THEN setval(" + numbers + ", ?) END", {id, id});
+    }
     // A server's own default may be another one, in which a second maker of tables would not see the first.
     std::string_view BeginStatement(Access access) const override {
         return access == Access::Read ? "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"

@@ -8,6 +8,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/glob.h"
+
 namespace NolSchedCtls {
 
 namespace {
@@ -87,6 +89,7 @@ class SqliteDatabase : public Database {
         return Open("SELECT 1 FROM sqlite_master WHERE name NOT LIKE 'sqlite\\_%' ESCAPE '\\'")->AtEnd();
     }
     std::string_view IdColumn() const override { return "INTEGER PRIMARY KEY AUTOINCREMENT"; }
+    void SkipId(std::string_view /*table*/, std::int64_t /*id*/) override {}  // it does by itself
     // One that writes takes the lock at the start: a reader that turns writer could not wait for another
     // writer.
     std::string_view BeginStatement(Access access) const override {
@@ -228,6 +231,10 @@ std::unique_ptr<StoreRows> SqliteDatabase::Run(std::string_view statement, const
 }
 
 }  // namespace
+
+bool MatchesGlob(const std::string& text, const std::string& pattern) {
+    return sqlite3_strglob(pattern.c_str(), text.c_str()) == 0;
+}
 
 std::unique_ptr<Database> OpenFile(const std::string& path, MissingStore missing) {
     return std::make_unique<SqliteDatabase>(path, missing);

@@ -19,10 +19,6 @@ namespace {
 
 using Write = void (*)(std::ostream&, const Json&);
 
-std::string Dumped(const Json& value) {
-    return WithoutControls(value.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
-
 std::string TextOf(const Json& value) {
     if (value.is_null()) return "-";
     return value.is_string() ? Visible(value.get<std::string>()) : Dumped(value);
@@ -133,8 +129,25 @@ void WriteImported(std::ostream& stream, const Json& answer) {
 }
 
 // As it stands, line ends and all: it is a file.
-void WriteCalendar(std::ostream& stream, const Json& answer) {
-    stream << answer.at("calendar").get_ref<const std::string&>();
+template <const char* key>
+void WriteFile(std::ostream& stream, const Json& answer) {
+    stream << answer.at(key).get_ref<const std::string&>();
+}
+
+// "saved 12: period Daily -> Weekly, hom off -> on", "would save 12: ...".
+void WriteSet(std::ostream& stream, const Json& answer) {
+    const Json& told = answer.at("set");
+    std::vector<std::string> changes;
+    for (const auto& [word, change] : told.at("changes").items())
+        changes.push_back(word + ' ' + TextOf(change.at("from")) + " -> " + TextOf(change.at("to")));
+    stream << (told.contains("dryRun") ? "rehearsed: " : "") << TextOf(told.at("act")) << ' ' << told.at("Id")
+           << (changes.empty() ? "" : ": ") << Joined(changes) << '\n';
+}
+
+void WriteApplied(std::ostream& stream, const Json& answer) {
+    const Json& applied = answer.at("applied");
+    stream << "created " << applied.at("created") << ", changed " << applied.at("changed") << ", unchanged "
+           << applied.at("unchanged") << '\n';
 }
 
 void WriteDocument(std::ostream& stream, const Json& answer) {
@@ -156,6 +169,8 @@ void WriteValue(std::ostream& stream, const Json& answer) {
 
 constexpr char beep[] = "beep";
 constexpr char made[] = "made";
+constexpr char calendar[] = "calendar";
+constexpr char plan[] = "plan";
 constexpr char shown[] = "shown";
 constexpr char changed[] = "changed";
 constexpr char deleted[] = "deleted";
@@ -179,8 +194,8 @@ void WriteFailure(std::ostream& stream, const Json& answer) {
     stream << "failure: " << TextOf(answer.at("failure").at("text")) << '\n';
 }
 
-// Where an answer goes: as text, and as JSON.
-enum class Stream { Out, ErrAsText, Err };
+// Where an answer goes, as text and as JSON. A file is the same in both.
+enum class Stream { Out, ErrAsText, Err, File };
 
 struct AnswerKind {
     std::string_view key;
@@ -220,6 +235,10 @@ Json OverrideJson(const CNolOverride& item) {
 
 }  // namespace
 
+std::string Dumped(const Json& value) {
+    return WithoutControls(value.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
 void Answers::Tell(const Json& answer) {
     using enum Stream;
     static constexpr std::array answerKinds = {
@@ -240,7 +259,10 @@ void Answers::Tell(const Json& answer) {
         AnswerKind{"watch", Out, WriteWatch},
         AnswerKind{"run", Out, WriteRun},
         AnswerKind{check, Out, WriteState<check>},
-        AnswerKind{"calendar", Out, WriteCalendar},
+        AnswerKind{calendar, Out, WriteFile<calendar>},
+        AnswerKind{plan, File, WriteFile<plan>},
+        AnswerKind{"set", Out, WriteSet},
+        AnswerKind{"applied", Out, WriteApplied},
         AnswerKind{leftOut, ErrAsText, WriteState<leftOut>},
         AnswerKind{"holiday", Out, WriteHoliday},
         AnswerKind{"imported", Out, WriteImported},
@@ -250,7 +272,7 @@ void Answers::Tell(const Json& answer) {
     if (kind == answerKinds.end()) throw std::logic_error("There is no text for the answer " + key + ".");
     const bool isToErr = kind->stream == Err || (kind->stream == ErrAsText && !isJson);
     std::ostream& stream = isToErr ? err : out;
-    if (isJson)
+    if (isJson && kind->stream != File)
         stream << Dumped(answer) << '\n';
     else
         kind->write(stream, answer);

@@ -41,6 +41,8 @@ class Answers {
     std::string store;
 };
 
+// In one line; bytes that are no UTF-8 become replacement characters.
+std::string Dumped(const Json& value);
 // Null for no value.
 Json JsonOf(const LintelValue& value);
 // {"error": {...}}, with what is known of place and field.

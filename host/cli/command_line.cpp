@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include "NolSchedCtls/base/text.h"
+#include "host/cli/words.h"
+#include "host/entries/visible_text.h"
 
 namespace NolSchedCtls {
 
@@ -18,6 +20,12 @@ constexpr const char* footer =
     "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed        runs [N]\n"
     "Exit status: 0 done, 1 refused by a tab or found by check, 2 a wrong command or script line,\n"
     "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
+
+std::string WordHelp() {
+    std::string help = "Words (set 12 period=Monthly on=\"Last Friday\"):";
+    for (const Word& word : Words()) help += "\n  " + Padded(std::string(word.name), 16) + std::string(word.takes);
+    return help;
+}
 
 CLI::App& AddCommand(CLI::App& app, const std::string& name, const std::string& description) {
     return *app.add_subcommand(name, description)->group("Commands")->footer("");
@@ -40,23 +48,79 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, std::optional<int
     return app.add_option_function<std::string>(name, take, description)->type_name("N");
 }
 
+// Which entries a command is for.
+void AddChoice(CLI::App& command, CommandLine& line, std::vector<std::string>* words = nullptr) {
+    AddIds(command, line.ids, words);
+    command.add_flag("--all", line.filter.isAll, "Every entry");
+    AddText(command, "--name", line.filter.name, "Those whose name is like that: \"Site*\"")
+        ->type_name("GLOB");
+    AddText(command, "--group", line.filter.group, "Those of a study group")->type_name("NAME");
+    AddText(command, "--state", line.filter.state, "Those in a state, as list tells it: \"Never runs\"")
+        ->type_name("STATE");
+}
+
+void AddRehearsal(CLI::App& command, CommandLine& line) {
+    command.add_flag("--dry-run", line.isDryRun, "Tells what would change, and stores nothing");
+}
+
+void AddChange(CLI::App& command, CommandLine& line) {
+    AddRehearsal(command, line);
+    command.add_flag("--yes", line.isAgreed, "Asks for no agreement to what --all, --name, ... choose");
+}
+
 void AddEntryCommands(CLI::App& app, CommandLine& line) {
-    AddCommand(app, "list", "Lists every entry");
-    auto& show = AddCommand(app, "show", "Shows an entry's fields, then its override rows");
-    auto& make = AddCommand(app, "new", "Makes an entry and runs a script on it");
+    AddChoice(AddCommand(app, "list", "Lists entries"), line);
+    AddChoice(AddCommand(app, "show", "Shows entries' fields, then their override rows"), line);
+    auto& make = AddCommand(app, "new", "Makes an entry by words, or by a script");
     make.add_flag("--immediate", line.isImmediate, "Runs at once, without a schedule");
-    AddText(make, "--name", line.name, "The entry's name")->type_name("NAME");
-    AddText(make, "--group", line.group, "The study group to run")->type_name("GROUP");
+    AddText(make, "--name", line.name, "The entry's name, for a script")->type_name("NAME");
+    AddText(make, "--group", line.group, "The study group to run, for a script")->type_name("GROUP");
+    AddRehearsal(make, line);
     auto& edit = AddCommand(app, "edit", "Runs a script on a stored entry");
-    auto& duplicate = AddCommand(app, "duplicate", "Saves a copy of an entry under a new id");
-    auto& remove = AddCommand(app, "delete", "Deletes an entry");
-    AddCommand(app, "watch", "Tells of each entry that anyone saves or deletes, until it is stopped");
-    for (auto* command : {&show, &edit, &duplicate, &remove})
-        AddId(*command, line.id, "The entry's id")->required();
-    for (auto* command : {&make, &edit}) {
-        AddText(*command, "SCRIPT", line.script, scriptHelp)->type_name("");
+    AddId(edit, line.id, "The entry's id")->required();
+    const auto take = [&line](const std::vector<std::string>& texts) {
+        for (const auto& text : texts)
+            if (text.find('=') == std::string::npos && !line.script)
+                line.script = text;
+            else
+                line.words.push_back(text);
+    };
+    make.add_option_function<std::vector<std::string>>("WORD=TEXT or SCRIPT", take, scriptHelp)
+        ->type_name("")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddText(edit, "SCRIPT", line.script, scriptHelp)->type_name("");
+    for (auto* command : {&make, &edit})
         command->add_flag("--discard", line.discards, "Drops changes that no save of the script has stored");
+    auto& set = AddCommand(app, "set", "Sets entries by words: set 12 period=Weekly on=Monday");
+    AddChoice(set, line, &line.words);
+    AddChange(set, line);
+    auto& duplicate = AddCommand(app, "duplicate", "Saves copies of entries under new ids");
+    auto& remove = AddCommand(app, "delete", "Deletes entries");
+    for (auto* command : {&duplicate, &remove}) {
+        AddChoice(*command, line);
+        AddChange(*command, line);
     }
+    for (auto* command : {&set, &make}) command->footer(WordHelp());
+    AddCommand(app, "watch", "Tells of each entry that anyone saves or deletes, until it is stopped");
+}
+
+void AddPlanCommands(CLI::App& app, CommandLine& line) {
+    AddChoice(AddCommand(app, "dump", "Writes entries as a plan (JSON), by words"), line);
+    auto& apply = AddCommand(app, "apply",
+                             "Makes and changes entries as a plan says; makes missing groups and scenarios");
+    apply.add_option("FILE", line.file, "A plan, as dump writes it; - for standard input")
+        ->required()
+        ->type_name("");
+    const auto match = [&line](const std::string& what) {
+        if (what != "name" && what != "id")
+            throw UsageError("--match takes name or id, not " + Quoted(what) + ".");
+        line.matchesNames = what == "name";
+    };
+    apply
+        .add_option_function<std::string>(
+            "--match", match, "How a plan's entry finds its own: by name, or by Id (where left out)")
+        ->type_name("name|id");
+    AddRehearsal(apply, line);
 }
 
 void AddOutlookCommands(CLI::App& app, CommandLine& line) {
@@ -66,9 +130,10 @@ void AddOutlookCommands(CLI::App& app, CommandLine& line) {
         ->type_name("DATE");
     AddText(runs, "--to", line.to, "The last day or moment, included")->type_name("DATE");
     AddNumber(runs, "--count", line.count, "At most so many runs (10 where left out without --to)");
-    AddCommand(app, "check", "Names entries that never run, have ended, lack their group or clash");
+    auto& check =
+        AddCommand(app, "check", "Names entries that never run, have ended, lack their group or clash");
     auto& calendar = AddCommand(app, "export", "Writes the runs as a calendar (iCalendar)");
-    for (auto* command : {&runs, &calendar}) AddIds(*command, line.ids);
+    for (auto* command : {&runs, &check, &calendar}) AddChoice(*command, line);
     auto& holidays = AddCommand(app, "holidays", "Lists, adds, deletes and imports holidays");
     holidays.require_subcommand(0, 1);
     auto& add = AddCommand(holidays, "add", "Adds a holiday");
@@ -106,6 +171,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& given, const std::fu
     app->add_flag("--json")->description("Says everything as one object a line");
     app->require_subcommand(1);
     AddEntryCommands(*app, line);
+    AddPlanCommands(*app, line);
     AddOutlookCommands(*app, line);
     AddDocumentCommands(*app, line);
     app->footer(footer);

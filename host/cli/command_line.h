@@ -5,10 +5,22 @@
 
 namespace NolSchedCtls {
 
+// Which entries: those to which all that is given applies.
+struct Filter {
+    bool isAll = false;
+    std::optional<std::string> name;  // with * and ?
+    std::optional<std::string> group;
+    std::optional<std::string> state;
+
+    bool IsGiven() const { return isAll || name || group || state; }
+};
+
 // What the command takes has a value; what it may lack has one where it was given.
 struct CommandLine : HostArguments {
     std::optional<std::int32_t> id;
-    std::vector<std::int32_t> ids;
+    std::vector<std::int32_t> ids;  // those that the line names one by one
+    Filter filter;                  // of them, or of all
+    std::vector<std::string> words;
     std::optional<std::string> script;  // a file; "-" for standard input
     std::optional<std::string> name;
     std::optional<std::string> group;
@@ -23,6 +35,9 @@ struct CommandLine : HostArguments {
     bool discards = false;
     bool hasSamples = false;
     bool isForced = false;
+    bool isDryRun = false;
+    bool isAgreed = false;  // to a change of what a filter has chosen
+    bool matchesNames = false;
 };
 
 // Throws UsageError; before that, calls useJson if the line asks for it.

@@ -15,8 +15,14 @@ struct CommandRun {
     Workspace& workspace;
 };
 
-// The entries that the line names, in its order; all of them by Id, page by page, where it names none. Throws
-// RequestError for one that is not there, before any is visited.
+// The entries that the line names, in its order; all of them by Id, page by page, where it names none; of
+// these what its filter leaves. Throws RequestError for one that is not there, before any is visited.
 void ForEachChosen(const CommandRun& run, const std::function<void(const ListedEntry&)>& visit);
+
+// The same by their ids. Throws UsageError where the line asks for none, RequestError where its filter leaves
+// none.
+std::vector<std::int32_t> Chosen(const CommandRun& run);
+// The same, to be changed. Throws UsageError, too, where a filter has chosen and nobody agrees.
+std::vector<std::int32_t> ChosenForChange(const CommandRun& run);
 
 }  // namespace NolSchedCtls

@@ -13,6 +13,7 @@
 #include "NolSchedCtls/services/provider.h"
 #include "host/cli/command_line.h"
 #include "host/cli/outlook_commands.h"
+#include "host/cli/plan_commands.h"
 #include "host/cli/script.h"
 #include "host/entries/entry_outlook.h"
 #include "host/entries/entry_sentence.h"
@@ -65,9 +66,9 @@ int List(const CommandRun& run) {
     return exitDone;
 }
 
-int Show(const CommandRun& run) {
+void ShowOne(const CommandRun& run, std::int32_t id) {
     const Transaction reading(run.workspace.Store(), Access::Read);
-    const StoredEntry entry = run.workspace.Entries().Load(*run.line.id);
+    const StoredEntry entry = run.workspace.Entries().Load(id);
     Json answer = JsonOf(*entry.record);
     answer.erase("overrides");
     const auto tellSchedule = [&](const ListedEntry& listed) {
@@ -75,19 +76,24 @@ int Show(const CommandRun& run) {
         answer.update(ScheduleJson(listed, outlook));
         answer["description"] = DescribeSchedule(*listed.record, outlook.Settings());
     };
-    run.workspace.Entries().ForOne(*run.line.id, tellSchedule);
+    run.workspace.Entries().ForOne(id, tellSchedule);
     Json& rows = answer["rows"] = Json::array();
     for (const auto& columns : run.workspace.Entries().OverrideRows(entry.record->Id)) {
         Json& row = rows.emplace_back();
         for (const auto& column : columns) row[column.Name] = JsonOf(column.Value);
     }
     run.answers.Tell(answer);
+}
+
+int Show(const CommandRun& run) {
+    for (const std::int32_t id : Chosen(run)) ShowOne(run, id);
     return exitDone;
 }
 
 CaddisDocumentType GroupType() { return DocumentTypes().TypeByName(MAppConstants::nolGroup); }
 
 int New(const CommandRun& run) {
+    if (!run.line.words.empty()) return NewByWords(run);
     EntrySession::NewEntry entry;
     entry.isImmediate = run.line.isImmediate;
     entry.name = run.line.name.value_or(entry.isImmediate ? "New Immediate Entry" : "New Schedule Entry");
@@ -102,17 +108,31 @@ int Edit(const CommandRun& run) {
     return RunScript(run, session);
 }
 
+// What writes writes all or nothing.
+void ChangeChosen(const CommandRun& run, const std::function<void(std::int32_t)>& change) {
+    const auto ids = ChosenForChange(run);
+    Transaction transaction(run.workspace.Store());
+    for (const std::int32_t id : ids) change(id);
+    if (!run.line.isDryRun) transaction.Commit();
+}
+
 int Duplicate(const CommandRun& run) {
-    EntrySession copy(run.workspace, EntrySession::CopyOf{*run.line.id});
-    Script script(run.workspace, copy, run.answers);
-    copy.Load();
-    script.Save();
-    return script.Verdict();
+    int verdict = exitDone;
+    ChangeChosen(run, [&](std::int32_t id) {
+        EntrySession copy(run.workspace, EntrySession::CopyOf{id});
+        Script script(run.workspace, copy, run.answers);
+        copy.Load();
+        script.Save();
+        verdict = std::max(verdict, script.Verdict());
+    });
+    return verdict;
 }
 
 int Delete(const CommandRun& run) {
-    run.workspace.Entries().Delete(*run.line.id);
-    run.answers.Tell({{"deleted", *run.line.id}});
+    ChangeChosen(run, [&run](std::int32_t id) {
+        run.workspace.Entries().Delete(id);
+        run.answers.Tell({{"deleted", id}});
+    });
     return exitDone;
 }
 
@@ -201,6 +221,9 @@ const Command& CommandNamed(const std::string& given) {
         {"edit", Edit},
         {"duplicate", Duplicate},
         {"delete", Delete},
+        {"set", Set},
+        {"dump", Dump},
+        {"apply", Apply, Make},
         {"watch", Watch},
         {"runs", TellRuns},
         {"check", Check},
@@ -264,13 +287,6 @@ void TellStoreFailure(Answers& answers, const StoreError& error) {
 }
 
 }  // namespace
-
-void ForEachChosen(const CommandRun& run, const std::function<void(const ListedEntry&)>& visit) {
-    const EntryStore& entries = run.workspace.Entries();
-    if (run.line.ids.empty()) return entries.ForAll(visit);
-    for (const std::int32_t id : run.line.ids) entries.ForOne(id, [](const ListedEntry&) {});
-    for (const std::int32_t id : run.line.ids) entries.ForOne(id, visit);
-}
 
 int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
     Answers answers(terminal.out, terminal.err);

@@ -1,5 +1,6 @@
 #include "host/cli/outlook_commands.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -77,7 +78,13 @@ int TellRuns(const CommandRun& run) {
 }
 
 int Check(const CommandRun& run) {
-    const auto found = CheckEntries(run.workspace);
+    auto found = CheckEntries(run.workspace);
+    if (!run.line.ids.empty() || run.line.filter.IsGiven()) {
+        const auto chosen = Chosen(run);
+        std::erase_if(found, [&chosen](const CheckedEntry& entry) {
+            return std::ranges::find(chosen, entry.id) == chosen.end();
+        });
+    }
     for (const CheckedEntry& entry : found) run.answers.Tell({{"check", JsonOf(entry)}});
     return found.empty() ? exitDone : exitRefused;
 }

@@ -80,7 +80,8 @@ int Script::Run(std::istream& lines, const std::string& file, Unsaved unsaved, s
         }
     }
     if (verdict != exitDone || unsaved == Unsaved::Discard ||
-        !(session.Record().IsNew || session.HasUnsavedChanges())) return verdict;
+        !(session.Record().IsNew || session.HasUnsavedChanges()))
+        return verdict;
     answers.Tell(JsonOf(At(
         UsageError("the script ends with changes that no save has stored; --discard drops them."), file, 0)));
     return exitRefused;

@@ -204,13 +204,16 @@ CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::st
     return app.add_option_function<std::string>("ID", take, description)->type_name("");
 }
 
-void AddIds(CLI::App& app, std::vector<std::int32_t>& ids) {
-    const auto take = [&app, &ids](const std::vector<std::string>& texts) {
-        for (const auto& text : texts)
-            if (const std::int32_t id = ReadId(app, text); std::ranges::find(ids, id) == ids.end())
-                ids.push_back(id);
+void AddIds(CLI::App& app, std::vector<std::int32_t>& ids, std::vector<std::string>* words) {
+    const auto takeOne = [&app, &ids, words](const std::string& text) {
+        if (words != nullptr && text.find('=') != std::string::npos) return words->push_back(text);
+        if (const std::int32_t id = ReadId(app, text); std::ranges::find(ids, id) == ids.end())
+            ids.push_back(id);
     };
-    app.add_option_function<std::vector<std::string>>("ID", take, "The entries' ids (all where left out)")
+    const auto take = [takeOne](const std::vector<std::string>& texts) {
+        std::ranges::for_each(texts, takeOne);
+    };
+    app.add_option_function<std::vector<std::string>>("ID", take, "The entries' ids")
         ->type_name("")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }

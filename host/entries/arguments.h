@@ -43,6 +43,12 @@ class UsageError : public NolSchedError {
     std::optional<Place> place;
 };
 
+// What a tab has refused.
+class RefusedError : public UsageError {
+  public:
+    RefusedError(const std::string& text, Place placeA) : UsageError(text) { place = std::move(placeA); }
+};
+
 // The name that the word may stand for by a slip.
 std::optional<std::string> NearestOf(const std::string& word, const std::vector<std::string>& names);
 
@@ -58,8 +64,8 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
                                   HostArguments& arguments);
 // The place ID.
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description);
-// Any number of them, each once.
-void AddIds(CLI::App& app, std::vector<std::int32_t>& ids);
+// Any number of them, each once; where words are taken, too, what holds a "=" is one.
+void AddIds(CLI::App& app, std::vector<std::int32_t>& ids, std::vector<std::string>* words = nullptr);
 
 // Whether the option stands among the arguments, and not as the text of another. Never throws: how a wrong
 // line is to be refused must be known first.

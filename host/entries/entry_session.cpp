@@ -41,6 +41,7 @@ std::vector<Page> MakePages() {
 StoredEntry NewRecord(const EntrySession::NewEntry& entry) {
     auto record = std::make_shared<CNolSchedData>();
     record->InitNew(std::make_shared<CaddisScenarioType>(), entry.isImmediate, entry.groupId, entry.name);
+    record->Id = entry.id;
     return {std::move(record), {}};
 }
 

@@ -26,6 +26,7 @@ class EntrySession {
         bool isImmediate = false;
         std::int32_t groupId = 0;  // 0 for no group yet
         std::string name;
+        std::int32_t id = 0;  // 0: the store gives one
     };
 
     // A new entry with all that the stored one holds but its runs; " (copy)" follows its name.

@@ -126,6 +126,12 @@ const std::string& InsertStatement() {
     return statement;
 }
 
+std::string InsertStatementWithId() {
+    std::string statement = InsertStatement();
+    statement.insert(statement.find('(') + 1, "Id, ");
+    return statement.insert(statement.find('?'), "?, ");
+}
+
 void Append(Database::Values& values, const Database::Values& more) {
     values.insert(values.end(), more.begin(), more.end());
 }
@@ -177,7 +183,13 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     if (record.IsNew) {
         Database::Values values = written.values;
         Append(values, save);
-        record.Id = database->Insert(InsertStatement(), values);
+        if (record.Id == 0) {
+            record.Id = database->Insert(InsertStatement(), values);
+        } else {
+            values.insert(values.begin(), std::int64_t{record.Id});
+            database->Insert(InsertStatementWithId(), values);
+            database->SkipId("NOL_Schedule", record.Id);
+        }
         database->Announce("saved " + std::to_string(record.Id));
         return written;
     }

@@ -60,8 +60,8 @@ class EntryStore {
     // Row and overrides as they stood at one moment. Throws RequestError, and StoreError for a row that no
     // record can hold.
     StoredEntry Load(std::int32_t id) const;
-    // A new entry gets its Id. Returns the row that now stands. Throws OvertakenError for a stored entry
-    // whose version is no longer the row's. Call inside a transaction.
+    // A new entry without an Id gets one. Returns the row that now stands. Throws OvertakenError for a stored
+    // entry whose version is no longer the row's. Call inside a transaction.
     StoredRow Write(CNolSchedData& record, const StoredRow& row);
     // Inside the same transaction, with the override rows written. Throws StoreError if the store does not
     // hold what was written.

@@ -1,0 +1,247 @@
+#include "host/cli/plan_commands.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/text.h"
+#include "NolSchedCtls/services/provider.h"
+#include "host/cli/words.h"
+#include "host/entries/entry_check.h"
+#include "host/entries/entry_sentence.h"
+#include "host/entries/process.h"
+
+namespace NolSchedCtls {
+
+namespace {
+
+constexpr const char* idKey = "Id";
+
+enum class Outcome { Created, Changed, Unchanged };
+
+Json JsonOf(const std::vector<WordChange>& changes) {
+    Json told = Json::object();
+    for (const auto& [word, from, to] : changes) told[std::string(word)] = {{"from", from}, {"to", to}};
+    return told;
+}
+
+// Writes the words into the session and saves it. Throws RefusedError, and UsageError that names the entry.
+Outcome Save(const CommandRun& run, EntrySession& session, const WordTexts& texts) {
+    const CNolSchedData& record = session.Record();
+    const bool isNew = record.IsNew;
+    const UsageError::Place place{{}, 0, isNew ? 0 : record.Id, record.EditorName};
+    session.Load();
+    const WordTexts before = ReadWords(session);
+    EntrySession::SaveResult result;
+    try {
+        WriteWords(session, texts);
+        result = session.Save();
+    } catch (UsageError& error) {
+        error.place = place;
+        throw;
+    }
+    if (result.refusedBy != nullptr)
+        throw RefusedError("the tab " + std::string(result.refusedBy->title) + " refuses it.", place);
+    const Outcome outcome = isNew                ? Outcome::Created
+                            : result.isUnchanged ? Outcome::Unchanged
+                                                 : Outcome::Changed;
+    constexpr const char* names[] = {"created", "saved", "unchanged"};
+    const auto changes = isNew ? std::vector<WordChange>() : ChangesBetween(before, ReadWords(session));
+    Json told{{idKey, record.Id},
+              {"EditorName", record.EditorName},
+              {"act", names[static_cast<int>(outcome)]},
+              {"changes", JsonOf(changes)}};
+    if (run.line.isDryRun) told["dryRun"] = true;
+    run.answers.Tell({{"set", told}});
+    return outcome;
+}
+
+// All or nothing, and nothing in a rehearsal.
+void Finish(const CommandRun& run, Transaction& transaction) {
+    if (!run.line.isDryRun) transaction.Commit();
+}
+
+std::int32_t GroupNamed(const CommandRun& run, const std::string& name) {
+    return run.workspace.Documents()
+        .DocumentNamed(DocumentTypes().TypeByName(MAppConstants::nolGroup), name)
+        ->Id;
+}
+
+EntrySession::NewEntry NewEntryOf(const CommandRun& run, const WordTexts& texts, bool isImmediate,
+                                  std::int32_t id) {
+    const auto textOf = [&texts](std::string_view word) {
+        const std::string* const text = TextOf(texts, word);
+        return text == nullptr ? std::string() : *text;
+    };
+    const std::string group = textOf("group"), name = textOf("name");
+    if (name.empty()) throw UsageError("A new entry lacks its name.");
+    const bool hasGroup = !group.empty() && group != noText;
+    return {isImmediate || textOf("immediate") == "on", hasGroup ? GroupNamed(run, group) : 0, name, id};
+}
+
+// An entry of a plan as the words of its object.
+struct Planned {
+    std::int32_t id = 0;
+    WordTexts texts;
+};
+
+std::string TextOfValue(const std::string& word, const Json& value) {
+    if (value.is_string()) return value.get<std::string>();
+    if (value.is_boolean()) return value.get<bool>() ? "on" : "off";
+    if (value.is_number_integer()) return value.dump();
+    throw UsageError(word + " takes a text, not " + value.dump() + ".");
+}
+
+Planned PlannedOf(const Json& object) {
+    if (!object.is_object()) throw UsageError("an entry is an object, not " + object.dump() + ".");
+    Planned planned;
+    for (const auto& [key, value] : object.items()) {
+        if (key != idKey) {
+            planned.texts.push_back({&WordNamed(key), TextOfValue(key, value)});
+            continue;
+        }
+        planned.id = value.is_number_integer() ? ParseWhole(value.dump()).value_or(0) : 0;
+        if (planned.id < 1) throw UsageError("Id is a number from 1 on, not " + value.dump() + ".");
+    }
+    return planned;
+}
+
+// Line ends do not matter, and a byte-order mark is none of it.
+Json ReadPlan(const CommandRun& run) {
+    std::ifstream file;
+    if (run.line.file != "-") file.open(run.line.file);
+    std::istream& stream = run.line.file == "-" ? run.terminal.in : file;
+    std::string text{std::istreambuf_iterator<char>(stream), {}};
+    if (!file.is_open() && run.line.file != "-")
+        throw UsageError("The plan " + Quoted(run.line.file) + " cannot be read: " + std::strerror(errno) +
+                         ".");
+    try {
+        const Json plan = Json::parse(text);
+        if (plan.is_array()) return plan;
+    } catch (const Json::exception& error) {
+        throw UsageError("The plan " + Quoted(run.line.file) + " is no JSON: " + error.what() + ".");
+    }
+    throw UsageError("The plan " + Quoted(run.line.file) + " is no list of entries, as dump writes it.");
+}
+
+void MakeMissing(const CommandRun& run, const WordTexts& texts) {
+    DocumentStore& documents = run.workspace.Documents();
+    for (const auto& [word, text] : texts) {
+        const bool isGroup = word->name == "group";
+        if ((!isGroup && !word->name.ends_with(".scenario")) || text == noText) continue;
+        const CaddisDocumentType type = isGroup ? DocumentTypes().TypeByName(MAppConstants::nolGroup)
+                                                : CaddisScenarios().ScenarioDocumentType();
+        const auto isNamed = [&text = text](const auto& document) { return document->Name == text; };
+        if (std::ranges::none_of(documents.DocumentsOfType(type), isNamed)) documents.Add(type, text);
+    }
+}
+
+// Which stored entry a planned one means; 0 for a new one.
+class Matching {
+  public:
+    explicit Matching(const CommandRun& run) : byName(run.line.matchesNames) {
+        run.workspace.Entries().ForAll([this](const ListedEntry& entry) {
+            ids.insert(entry.id);
+            if (byName) names.emplace(entry.record->EditorName, entry.id);
+        });
+    }
+
+    std::int32_t IdOf(const Planned& planned) const {
+        if (!byName) return ids.contains(planned.id) ? planned.id : 0;
+        const std::string* const name = TextOf(planned.texts, "name");
+        if (name == nullptr) throw UsageError("An entry without a name cannot be found by it.");
+        if (names.count(*name) > 1)
+            throw UsageError("There are " + std::to_string(names.count(*name)) + " entries named " +
+                             Quoted(*name) + ".");
+        const auto found = names.find(*name);
+        return found == names.end() ? 0 : static_cast<std::int32_t>(found->second);
+    }
+
+  private:
+    bool byName;
+    std::set<std::int64_t> ids;
+    std::multimap<std::string, std::int64_t> names;
+};
+
+Outcome ApplyOne(const CommandRun& run, const Matching& matching, const Json& object) {
+    const Planned planned = PlannedOf(object);
+    MakeMissing(run, planned.texts);
+    if (const std::int32_t id = matching.IdOf(planned); id != 0) {
+        EntrySession session(run.workspace, id);
+        return Save(run, session, planned.texts);
+    }
+    EntrySession session(run.workspace,
+                         NewEntryOf(run, planned.texts, false, run.line.matchesNames ? 0 : planned.id));
+    return Save(run, session, planned.texts);
+}
+
+}  // namespace
+
+int Set(const CommandRun& run) {
+    const WordTexts texts = ParseWords(run.line.words);
+    if (texts.empty()) throw UsageError("set lacks WORD=TEXT, as period=Weekly.");
+    const auto ids = ChosenForChange(run);
+    Transaction transaction(run.workspace.Store());
+    for (const std::int32_t id : ids) {
+        EntrySession session(run.workspace, id);
+        Save(run, session, texts);
+    }
+    Finish(run, transaction);
+    return exitDone;
+}
+
+int NewByWords(const CommandRun& run) {
+    const WordTexts texts = ParseWords(run.line.words);
+    Transaction transaction(run.workspace.Store());
+    EntrySession session(run.workspace, NewEntryOf(run, texts, run.line.isImmediate, 0));
+    Save(run, session, texts);
+    Finish(run, transaction);
+    return exitDone;
+}
+
+int Dump(const CommandRun& run) {
+    std::string before = "[\n";
+    bool isWhole = true;
+    ForEachChosen(run, [&](const ListedEntry& entry) {
+        const Sentence sentence = SentenceOf(entry);
+        if (!sentence.trouble.empty()) {
+            isWhole = false;
+            const std::string state(TextOf(RunState::Unreadable));
+            return run.answers.Tell({{"left out", JsonOf(CheckedEntry{entry.id, entry.record->EditorName,
+                                                                      state, sentence.trouble})}});
+        }
+        EntrySession session(run.workspace, entry.record->Id);
+        session.Load();
+        Json object{{idKey, entry.id}};
+        for (const auto& [word, text] : ReadWords(session)) object[std::string(word->name)] = text;
+        run.answers.Tell({{"plan", std::exchange(before, ",\n") + Dumped(object)}});
+    });
+    run.answers.Tell({{"plan", (before == "[\n" ? "[" : "\n") + std::string("]\n")}});
+    return isWhole ? exitDone : exitRefused;
+}
+
+int Apply(const CommandRun& run) {
+    const Json plan = ReadPlan(run);
+    Transaction transaction(run.workspace.Store());
+    const Matching matching(run);
+    int counts[3] = {};
+    for (std::size_t i = 0; i < plan.size(); ++i) {
+        try {
+            ++counts[static_cast<int>(ApplyOne(run, matching, plan[i]))];
+        } catch (UsageError& error) {
+            if (error.place) error.place->file = run.line.file;
+            if (error.place) throw;
+            throw UsageError("The plan's entry " + std::to_string(i + 1) + ": " + error.what());
+        }
+    }
+    Finish(run, transaction);
+    run.answers.Tell(
+        {{"applied", {{"created", counts[0]}, {"changed", counts[1]}, {"unchanged", counts[2]}}}});
+    return exitDone;
+}
+
+}  // namespace NolSchedCtls

@@ -1,0 +1,14 @@
+// The commands that set entries by words: one by one, many at once, from a file.
+#pragma once
+
+#include "host/cli/command_run.h"
+
+namespace NolSchedCtls {
+
+int Set(const CommandRun& run);
+// The command new with words.
+int NewByWords(const CommandRun& run);
+int Dump(const CommandRun& run);
+int Apply(const CommandRun& run);
+
+}  // namespace NolSchedCtls
