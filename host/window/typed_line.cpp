@@ -52,7 +52,9 @@ void TypedLine::Commit() {
     Succeeds([&] {
         if (!field.TypeText(text().toStdString())) QApplication::beep();
     });
-    if (self) ShowField();
+    if (!self) return;
+    ShowField();
+    if (hasFocus() && !field.Refusal().empty()) selectAll();
 }
 
 bool TypedLine::IsUntaken() const { return isModified() || (!field.Refusal().empty() && field.IsUsable()); }

@@ -19,7 +19,8 @@ class TypedLine : public QLineEdit {
 
     // What the field holds; what was typed and not taken yet is gone then.
     void ShowField();
-    // Takes what was typed so far.
+    // Takes what was typed so far. A refused text is selected if the focus
+    // stays: what is typed next takes its place.
     void Commit();
     // Whether here stands what is not the field's value.
     bool IsUntaken() const;

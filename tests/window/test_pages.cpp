@@ -39,6 +39,11 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
         EXPECT_EQ(Shown(Find(editor, field)), shown);
         EXPECT_EQ(events, count) << field;
     }
+    QWidget& time = Find(editor, "schedule.dtpStartTime");
+    time.setFocus();
+    Press(time, "Up, End, Left, Left");
+    Press(time, "Down");
+    EXPECT_EQ(Shown(time), "7:59 AM");
 }
 
 TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {
