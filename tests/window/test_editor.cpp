@@ -41,7 +41,7 @@ TEST_F(Windows, ARefusedTextStaysMarkedAndStopsEverySave) {
             Type(editor, {{name, text}});
             told.clear();
             Press(editor, keys);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return !told.empty(); })) << keys;
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !told.empty(); })) << keys;
             EXPECT_NE(told.find(Quoted(text) + " is no "), std::string::npos) << told;
             const QWidget& widget = Find(editor, name);
             EXPECT_TRUE(editor.isVisible() && widget.hasFocus()) << keys;
