@@ -1,4 +1,5 @@
-// A time field: a time of day to the minute, shown as "9:05 AM", and typed in any form of ReadTimeText.
+// A time field: a time of day to the minute, shown as "9:05 AM". A user types "22:30", "22.30", "22h30",
+// "2230", "930", "7", each also before "am", "a", "pm" or "p", or "noon" or "midnight".
 #pragma once
 
 #include "NolSchedCtls/base/export.h"

@@ -1,4 +1,6 @@
-// A date field: one day, shown by a pattern, chosen from a calendar or typed.
+// A date field: one day, shown by a pattern, chosen from a calendar or typed: by that pattern, in the
+// region's short form (with "/", "-" or "."), in the long form, or as "2026-12-24", "Dec 24, 2026", "24 Dec
+// 2026", "Dec 24" or "24 Dec".
 #pragma once
 
 #include <optional>
@@ -15,8 +17,9 @@ class NOLSCHED_API SSDateCombo : public TypedField {
     SSDateCombo(FieldPlace placeA, std::string nameA) : TypedField(placeA, std::move(nameA)) {}
     FieldKind Kind() override { return this; }
 
-    // Reads by the display format first, then any form of ReadDateText; what the text leaves out stays as the
-    // date has it: "24 Dec" is of the year that the field shows. Nothing for what is no date.
+    // Reads by the display format first, then by the other forms, also with a time after a blank; what the
+    // text leaves out stays as the date has it: "24 Dec" is of the year of the day that the field holds.
+    // Nothing for what is no date.
     std::optional<DateTime> Read(std::string_view text) const;
     // Keeps the day alone. Raises Changed if the day changes, and throws NolSchedError for what is no date;
     // the date is then unchanged.
