@@ -69,9 +69,12 @@ struct Act {
     bool operator()(Label& /*label*/) const { return false; }
     bool operator()(Frame& /*frame*/) const { return false; }
     bool operator()(SSDateCombo& date) const {
-        return date.PickDate(46000.0 + number * 40) || date.BeginEdit();
+        return number % 2 == 0 ? date.TypeText(text)
+                               : date.PickDate(46000.0 + number * 40) || date.BeginEdit();
     }
-    bool operator()(DTPicker& time) const { return time.PickTime(number, number / 2); }
+    bool operator()(DTPicker& time) const {
+        return number < 0 ? time.TypeText(text) : time.PickTime(number, number / 2);
+    }
     bool operator()(XMarlet& picker) const { return number < 0 ? picker.Paste(text) : picker.Pick("Busy"); }
     bool operator()(XAmbitPurge& purge) const { return number < 0 ? purge.PasteDays(text) : purge.Key(key); }
     bool operator()(XAmbitDownload& download) const { return download.Pick(number < 0 ? "Manual" : text); }

@@ -91,16 +91,34 @@ bool TakeText(std::string_view& text, std::string_view expected) {
     return true;
 }
 
+bool TakeOneOf(std::string_view& text, std::string_view letters) {
+    if (text.empty() || letters.find(text.front()) == std::string_view::npos) return false;
+    text.remove_prefix(1);
+    return true;
+}
+
+bool IsLetter(char letter) { return FoldedLetter(letter) >= 'a' && FoldedLetter(letter) <= 'z'; }
+
+// The whole name, or a word that begins it.
+bool TakeNameOrItsBegin(std::string_view& text, std::string_view name) {
+    constexpr std::size_t fewestLetters = 3;
+    if (TakeText(text, name)) return true;
+    const auto* const end = std::find_if_not(text.begin(), text.end(), IsLetter);
+    const auto length = static_cast<std::size_t>(end - text.begin());
+    return length >= fewestLetters && TakeText(text, name.substr(0, length));
+}
+
 // Takes one of the names and gives its place among them, or the number of names for none.
 std::size_t TakeName(std::string_view& text, const auto& names) {
     return static_cast<std::size_t>(
         std::find_if(names.begin(), names.end(),
-                     [&text](std::string_view name) { return TakeText(text, name); }) -
+                     [&text](std::string_view name) { return TakeNameOrItsBegin(text, name); }) -
         names.begin());
 }
 
+// To begin with the parts of no day, or of the day whose parts stand where the text has none.
 struct DateReading {
-    DateTimeParts parts;
+    DateTimeParts parts{.year = 0, .month = 0, .day = 0};
     std::string_view weekday;  // empty if the text names none
 };
 
@@ -131,8 +149,9 @@ bool TakeDate(std::string_view& text, std::string_view pattern, DateReading& rea
 bool TakeHalfOfDay(std::string_view& text, int& hour) {
     text = Trimmed(text);
     if (text.empty()) return hour < 24;
-    const bool isAfternoon = TakeText(text, "PM");
-    if ((!isAfternoon && !TakeText(text, "AM")) || hour < 1 || hour > 12) return false;
+    const bool isAfternoon = TakeText(text, "P");
+    if ((!isAfternoon && !TakeText(text, "A")) || hour < 1 || hour > 12) return false;
+    if (!TakeText(text, "M")) TakeText(text, ".M.");
     hour = hour % 12 + (isAfternoon ? 12 : 0);
     return true;
 }
@@ -149,10 +168,42 @@ bool ReadTime(std::string_view text, DateTimeParts& parts) {
     return TakeHalfOfDay(text, parts.hour) && text.empty() && parts.minute < 60 && parts.second < 60;
 }
 
-std::optional<DateTime> ReadByPattern(std::string_view text, std::string_view pattern) {
-    DateReading reading;
+std::optional<DateTime> ReadByPattern(std::string_view text, std::string_view pattern, DateReading reading) {
     if (!TakeDate(text, pattern, reading) || !ReadTime(text, reading.parts)) return {};
     return ComposeDateTime(reading.parts);
+}
+
+std::optional<DateTime> ReadByPatterns(std::string_view text, const auto& patterns,
+                                       const DateReading& without) {
+    for (const std::string_view pattern : patterns)
+        if (const auto read = ReadByPattern(text, pattern, without)) return read;
+    return {};
+}
+
+// The parts of `without` stand where a text has none.
+std::optional<DateTime> ReadAnyForm(std::string_view text, IDateSettings& settings,
+                                    const DateReading& without) {
+    static constexpr std::array<std::string_view, 6> typedForms = {
+        "YYYY-M-D", "MMMM D, YYYY", "MMMM D YYYY", "D MMMM YYYY", "MMMM D", "D MMMM"};
+    const std::string_view shortForm = ShortFormat(settings);
+    const std::string edited = settings.EditDateFormat();
+    if (const auto read =
+            ReadByPatterns(text, std::array<std::string_view, 3>{shortForm, longDateFormat, edited}, without))
+        return read;
+    for (const char separator : {'-', '.'}) {
+        std::string pattern(shortForm);
+        std::replace(pattern.begin(), pattern.end(), '/', separator);
+        if (const auto read = ReadByPattern(text, pattern, without)) return read;
+    }
+    return ReadByPatterns(text, typedForms, without);
+}
+
+// "22:30", "22.30", "22h30", "2230" or "22".
+bool TakeHourAndMinute(std::string_view& text, DateTimeParts& parts) {
+    const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
+    const bool isRun = digits == 3 || digits == 4;
+    return TakeDigits(text, 1, isRun ? digits - 2 : 2, parts.hour) &&
+           ((!isRun && !TakeOneOf(text, ":.hH")) || TakeDigits(text, 2, 2, parts.minute));
 }
 
 }  // namespace
@@ -178,10 +229,26 @@ std::string ShortDateText(DateTime date, IDateSettings& settings) {
 }
 
 std::optional<DateTime> ReadDateText(std::string_view text, IDateSettings& settings) {
+    return ReadAnyForm(Trimmed(text), settings, {});
+}
+
+std::optional<DateTime> ReadDateText(std::string_view text, const ShownDate& shown, IDateSettings& settings) {
     text = Trimmed(text);
-    if (const auto read = ReadByPattern(text, ShortFormat(settings))) return read;
-    if (const auto read = ReadByPattern(text, longDateFormat)) return read;
-    return ReadByPattern(text, settings.EditDateFormat());
+    const DateReading without{.parts = SplitDateTime(shown.date), .weekday = {}};
+    if (!shown.pattern.empty())
+        if (const auto read = ReadByPattern(text, shown.pattern, without)) return read;
+    return ReadAnyForm(text, settings, without);
+}
+
+std::optional<TimeOfDay> ReadTimeText(std::string_view text) {
+    text = Trimmed(text);
+    if (EqualKeys(text, "noon")) return TimeOfDay{12, 0};
+    if (EqualKeys(text, "midnight")) return TimeOfDay{0, 0};
+    DateTimeParts parts;
+    if (!TakeHourAndMinute(text, parts)) return {};
+    TakeText(text, ":00");
+    if (!TakeHalfOfDay(text, parts.hour) || !text.empty() || parts.minute > 59) return {};
+    return TimeOfDay{parts.hour, parts.minute};
 }
 
 }  // namespace NolSchedCtls

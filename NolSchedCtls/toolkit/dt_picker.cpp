@@ -1,5 +1,7 @@
 #include "NolSchedCtls/toolkit/dt_picker.h"
 
+#include "NolSchedCtls/toolkit/date_text.h"
+
 namespace NolSchedCtls {
 
 namespace {
@@ -16,15 +18,24 @@ void Check(const std::string& name, const char* part, int number, int limit) {
 
 void DTPicker::SetHour(int hourA) {
     Check(Name(), "hour", hourA, 24);
-    if (Assign(hour, hourA)) Changed.Raise();
+    SetTime(hourA, minute);
 }
 
 void DTPicker::SetMinute(int minuteA) {
     Check(Name(), "minute", minuteA, 60);
-    if (Assign(minute, minuteA)) Changed.Raise();
+    SetTime(hour, minuteA);
 }
 
-std::string DTPicker::Text() const {
+void DTPicker::SetTime(int hourA, int minuteA) {
+    DropRefusedText();
+    if (hourA == hour && minuteA == minute) return;
+    hour = hourA;
+    minute = minuteA;
+    Refresh.Raise();
+    Changed.Raise();
+}
+
+std::string DTPicker::ValueText() const {
     const int hourOfHalf = hour % 12 == 0 ? 12 : hour % 12;
     return std::to_string(hourOfHalf) + (minute < 10 ? ":0" : ":") + std::to_string(minute) +
            (hour < 12 ? " AM" : " PM");
@@ -32,12 +43,17 @@ std::string DTPicker::Text() const {
 
 bool DTPicker::PickTime(int hourA, int minuteA) {
     if (!IsBelow(hourA, 24) || !IsBelow(minuteA, 60) || !BeginUserAct()) return false;
-    if (hourA == hour && minuteA == minute) return true;
-    hour = hourA;
-    minute = minuteA;
-    Refresh.Raise();
-    Changed.Raise();
+    SetTime(hourA, minuteA);
     return true;
+}
+
+std::string DTPicker::Take(std::string_view text) {
+    const auto read = ReadTimeText(text);
+    if (!read)
+        return Quoted(text) +
+               " is no time of day; it is typed to the minute, as 22:30, 2230, 10:30 PM, 7 or noon.";
+    SetTime(read->hour, read->minute);
+    return {};
 }
 
 }  // namespace NolSchedCtls

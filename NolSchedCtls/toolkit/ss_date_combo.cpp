@@ -12,12 +12,16 @@ constexpr std::string_view today = "Today";
 
 }  // namespace
 
-std::string SSDateCombo::Text() const {
+std::string SSDateCombo::ValueText() const {
     return displayFormat.empty() ? ShortDateText(DateValue()) : DateText(DateValue(), displayFormat);
 }
 
+std::optional<DateTime> SSDateCombo::Read(std::string_view text) const {
+    return ReadDateText(text, ShownDate{DateValue(), displayFormat});
+}
+
 void SSDateCombo::SetText(std::string_view text) {
-    const auto read = ReadDateText(text);
+    const auto read = Read(text);
     if (!read)
         throw NolSchedError("The field " + Name() + " cannot show " + Quoted(text) + ": it is no date.");
     SetDate(DateOf(*read));
@@ -26,6 +30,7 @@ void SSDateCombo::SetText(std::string_view text) {
 void SSDateCombo::SetDate(DateTime dateA) {
     const bool isChange = dateA != DateValue();
     date = dateA;
+    DropRefusedText();
     if (!isChange) return;
     Refresh.Raise();
     Changed.Raise();
@@ -56,9 +61,18 @@ bool SSDateCombo::PickDate(DateTime dateA) {
     return true;
 }
 
-bool SSDateCombo::TypeDate(std::string_view text) {
-    const auto read = ReadDateText(text);
-    return read && PickDate(*read);
+// A time of day would be lost without a word.
+std::string SSDateCombo::Take(std::string_view text) {
+    constexpr DateTime example = 46380;  // 12/24/2026
+    const auto read = Read(text);
+    if (!read || DateOf(*read) != *read)
+        return Quoted(text) + " is no date; it is typed as " + ShortDateText(example) +
+               ", 2026-12-24 or 24 Dec 2026.";
+    if (!IsOffered(*read))
+        return Quoted(text) + " cannot be chosen; a date is from " + ShortDateText(MinDate()) + " to " +
+               ShortDateText(maxDate) + ".";
+    SetDate(*read);
+    return {};
 }
 
 bool SSDateCombo::BeginEdit() {

@@ -1,23 +1,28 @@
-// A date field: one day, shown by a pattern, chosen from a calendar or typed.
+// A date field: one day, shown by a pattern, chosen from a calendar or typed: by that pattern, in the
+// region's short form (with "/", "-" or "."), in the long form, or as "2026-12-24", "Dec 24, 2026", "24 Dec
+// 2026", "Dec 24" or "24 Dec".
 #pragma once
 
 #include <optional>
 
 #include "NolSchedCtls/base/date_time.h"
 #include "NolSchedCtls/base/export.h"
-#include "NolSchedCtls/toolkit/view_field.h"
+#include "NolSchedCtls/toolkit/typed_field.h"
 
 namespace NolSchedCtls {
 
 // The bounds limit what a user can choose; a date that code writes stands as it is.
-class NOLSCHED_API SSDateCombo : public ViewField {
+class NOLSCHED_API SSDateCombo : public TypedField {
   public:
-    SSDateCombo(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    SSDateCombo(FieldPlace placeA, std::string nameA) : TypedField(placeA, std::move(nameA)) {}
     FieldKind Kind() override { return this; }
 
-    std::string Text() const;  // the date by the display format
-    // Reads any form of ReadDateText and keeps the day alone. Raises Changed if the day changes, and
-    // throws NolSchedError for what is no date; the date is then unchanged.
+    // Reads by the display format first, then by the other forms, also with a time after a blank; what the
+    // text leaves out stays as the date has it: "24 Dec" is of the year of the day that the field holds.
+    // Nothing for what is no date.
+    std::optional<DateTime> Read(std::string_view text) const;
+    // Keeps the day alone. Raises Changed if the day changes, and throws NolSchedError for what is no date;
+    // the date is then unchanged.
     void SetText(std::string_view text);
     DateTime DateValue() const;  // without a time of day
 
@@ -34,16 +39,17 @@ class NOLSCHED_API SSDateCombo : public ViewField {
     const std::string& DefaultDate() const { return defaultDate; }
     void SetDefaultDate(const std::string& text);
 
-    bool PickDate(DateTime dateA);         // from the calendar; false outside the bounds
-    bool TypeDate(std::string_view text);  // false for what is no date or lies outside the bounds
-    bool BeginEdit();                      // asks for the edit format
-    bool Click();                          // on the field, changing nothing
+    bool PickDate(DateTime dateA);  // from the calendar; false outside the bounds
+    bool BeginEdit();               // asks for the edit format
+    bool Click();                   // on the field, changing nothing
 
     Event<> Changed;  // by code or by the user
     Event<> Clicked;
     Event<> EditFormatRequest;
 
   private:
+    std::string ValueText() const override;  // by the display format
+    std::string Take(std::string_view text) override;
     bool IsOffered(DateTime dateA) const;
     void SetDate(DateTime dateA);
 

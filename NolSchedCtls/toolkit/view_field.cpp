@@ -19,6 +19,11 @@ bool ViewField::IsUsable() const {
     return visible && enabled && (place.frame == nullptr || place.frame->IsUsable());
 }
 
+const std::string& ViewField::Refusal() const {
+    static const std::string none;
+    return none;
+}
+
 void ViewField::SetFocus() {
     if (!IsUsable())
         throw NolSchedError("The field " + name + " cannot take the focus: it is " +
@@ -45,6 +50,13 @@ ViewField* UserControl::FindField(std::string_view name) const {
 
 ViewField* UserControl::FocusedField() const {
     return focused != nullptr && focused->IsUsable() ? focused : nullptr;
+}
+
+ViewField* UserControl::RefusedField() const {
+    const auto found = std::find_if(fields.begin(), fields.end(), [](const ViewField* field) {
+        return !field->Refusal().empty() && field->IsUsable();
+    });
+    return found == fields.end() ? nullptr : *found;
 }
 
 }  // namespace NolSchedCtls

@@ -76,6 +76,9 @@ class NOLSCHED_API ViewField {
     float Width() const { return width; }
     void SetWidth(float widthA);
 
+    // Why the text that a user has typed cannot be taken, in one sentence; empty where there is no such text.
+    virtual const std::string& Refusal() const;
+
     // Moves the control's focus here. Throws NolSchedError on a field that is not usable.
     void SetFocus();
     bool HasFocus() const;
@@ -163,6 +166,8 @@ class NOLSCHED_API UserControl {
 
     // The field that has the focus, or nothing while that field is not usable.
     ViewField* FocusedField() const;
+    // The first usable field with a text that it refuses, or nothing.
+    ViewField* RefusedField() const;
 
     // Raised again for the field that has the focus already: a screen may have lost it meanwhile.
     Event<ViewField&> FocusMoved;

@@ -50,14 +50,12 @@ bool PasteWhole(auto& field, const std::string& text) {
     throw UsageError(Quoted(text) + " is too long.");
 }
 
-bool PickDate(SSDateCombo& field, const std::string& text) {
-    const DateTime date = ParseIso(text);
-    return text.size() == DayText(date).size() && field.PickDate(date);
-}
-
-bool PickTime(DTPicker& field, const std::string& text) {
-    const DateTimeParts parts = SplitDateTime(ParseIso("1899-12-30T" + text));
-    return parts.second == 0 && field.PickTime(parts.hour, parts.minute);
+// A text that the field refuses leaves it as it was.
+bool TypeWhole(TypedField& field, const std::string& text) {
+    if (field.TypeText(text)) return true;
+    const std::string refusal = field.Refusal();
+    field.DropRefusedText();
+    throw NolSchedError(refusal);
 }
 
 Done Act(CheckBox& box, Verb verb, const std::string& /*text*/) {
@@ -77,11 +75,11 @@ Done Act(Label& /*label*/, Verb /*verb*/, const std::string& /*text*/) { return 
 Done Act(Frame& /*frame*/, Verb /*verb*/, const std::string& /*text*/) { return {}; }
 
 Done Act(SSDateCombo& field, Verb verb, const std::string& text) {
-    return verb == Verb::Date ? Done(PickDate(field, text)) : Done();
+    return verb == Verb::Date ? Done(TypeWhole(field, text)) : Done();
 }
 
 Done Act(DTPicker& field, Verb verb, const std::string& text) {
-    return verb == Verb::Time ? Done(PickTime(field, text)) : Done();
+    return verb == Verb::Time ? Done(TypeWhole(field, text)) : Done();
 }
 
 Done Act(XMarlet& picker, Verb verb, const std::string& text) {

@@ -17,7 +17,8 @@ constexpr const char* footer =
     "A SCRIPT has one command a line, # begins a comment:\n"
     "  click TAB.FIELD          type TAB.FIELD TEXT     look [TAB]     valid\n"
     "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    record         save\n"
-    "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed        runs [N]\n"
+    "  date TAB.FIELD DATE      time TAB.FIELD TIME     changed        runs [N]\n"
+    "  A DATE is typed as 2026-12-24, 12/24/2026 or 24 Dec 2026, a TIME as 22:30, 10:30 PM or 7.\n"
     "Exit status: 0 done, 1 refused by a tab or found by check, 2 a wrong command or script line,\n"
     "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
 

@@ -13,13 +13,12 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QRegularExpression>
-#include <QSignalBlocker>
-#include <QTimeEdit>
 
 #include "NolSchedCtls/toolkit/fields.h"
 #include "host/window/date_combo.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
+#include "host/window/typed_line.h"
 
 namespace NolSchedCtls {
 
@@ -123,37 +122,7 @@ QWidget* Bind(Frame& field, QWidget* parent) {
 
 QWidget* Bind(SSDateCombo& field, QWidget* parent) { return new DateCombo(field, parent); }
 
-// Tab leaves the field at once; the arrow keys go from part to part. "a" and "p" choose the half of the day
-// wherever the cursor stands.
-class TimeEdit : public QTimeEdit {
-  public:
-    using QTimeEdit::QTimeEdit;
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        const QString key = event->text().toLower();
-        if (key != u"a"_s && key != u"p"_s) return QTimeEdit::keyPressEvent(event);
-        setTime(QTime(time().hour() % 12 + (key == u"p"_s ? 12 : 0), time().minute()));
-    }
-    // The class between would go from part to part.
-    bool focusNextPrevChild(bool next) override {
-        return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
-    }
-};
-
-QWidget* Bind(DTPicker& field, QWidget* parent) {
-    auto* const edit = new TimeEdit(parent);
-    edit->setDisplayFormat(u"h:mm AP"_s);
-    auto* const link = FieldLink::Tie(field, *edit, [&field, edit] {
-        const QTime time(field.Hour(), field.Minute());
-        const QSignalBlocker blocker(edit);
-        if (edit->time() != time) edit->setTime(time);
-    });
-    QObject::connect(edit, &QTimeEdit::timeChanged, link, [&field, link](QTime time) {
-        link->Act([&] { field.PickTime(time.hour(), time.minute()); });
-    });
-    return edit;
-}
+QWidget* Bind(DTPicker& field, QWidget* parent) { return new TimeLine(field, parent); }
 
 // Asks the store anew whenever it opens: others add documents.
 class PickerCombo : public QComboBox {

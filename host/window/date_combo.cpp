@@ -1,15 +1,14 @@
 #include "host/window/date_combo.h"
 
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QFocusEvent>
-#include <QLineEdit>
 #include <QStyleOptionComboBox>
 #include <QVBoxLayout>
 
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
+#include "host/window/typed_line.h"
 
 namespace NolSchedCtls {
 
@@ -56,16 +55,11 @@ DateTime FromQDate(QDate date) {
 DateCombo::DateCombo(SSDateCombo& fieldA, QWidget* parent) : QComboBox(parent), field(fieldA) {
     setEditable(true);
     setInsertPolicy(NoInsert);
+    setLineEdit(line = new TypedLine(field, this));
     setCompleter(nullptr);
-    lineEdit()->installEventFilter(this);
-    link = FieldLink::Tie(field, *this, [this] { Show(); });
+    line->installEventFilter(this);
+    link = FieldLink::Tie(field, *this, [this] { line->ShowField(); });
     lostFocus = field.LostFocus.Connect([this] { isEditing = false; });
-}
-
-void DateCombo::Show() {
-    const QString text = ToQt(field.Text());
-    if (lineEdit()->text() != text) setEditText(text);
-    lineEdit()->setModified(false);
 }
 
 // The longest day of all, so that the field keeps its width from one day to the next.
@@ -84,14 +78,11 @@ void DateCombo::BeginEdit() {
     if (isEditing || !field.IsUsable()) return;
     isEditing = true;
     link->Act([this] { field.BeginEdit(); });
-    lineEdit()->selectAll();
+    line->selectAll();
 }
 
 void DateCombo::Commit() {
-    if (!isEditing || !lineEdit()->isModified()) return;
-    link->Act([this, typed = currentText().toStdString()] {
-        if (!field.TypeDate(typed)) QApplication::beep();
-    });
+    if (isEditing) line->Commit();
 }
 
 // The focus may have gone to what is no field of the page, a button say, of which the field hears nothing.
@@ -102,9 +93,7 @@ void DateCombo::EndEdit() {
 
 void DateCombo::focusOutEvent(QFocusEvent* event) {
     QComboBox::focusOutEvent(event);
-    if ((!popup || popup->isHidden()) && event->reason() != Qt::PopupFocusReason &&
-        event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::MenuBarFocusReason)
-        EndEdit();
+    if ((!popup || popup->isHidden()) && LeavesField(*event)) EndEdit();
 }
 
 // A page that goes to the back while its window is not the active one loses no focus.
@@ -120,7 +109,7 @@ void DateCombo::keyPressEvent(QKeyEvent* event) {
 }
 
 bool DateCombo::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease && !isEditing) {
+    if (watched == line && event->type() == QEvent::MouseButtonRelease && !isEditing) {
         const bool done = QComboBox::eventFilter(watched, event);
         BeginEdit();
         return done;

@@ -10,12 +10,13 @@
 namespace NolSchedCtls {
 
 class FieldLink;
+class TypedLine;
 
 QDate ToQDate(DateTime date);
 DateTime FromQDate(QDate date);
 
 // Shows the field's text. A click or a key begins the edit; Enter and the loss of the focus end it, and what
-// was typed is taken if the field offers it. A text that it does not offer goes back with a beep.
+// was typed is taken if the field offers it. A text that it does not offer stays, marked.
 class DateCombo : public QComboBox {
     Q_OBJECT
 
@@ -35,11 +36,11 @@ class DateCombo : public QComboBox {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void Show();
     void BeginEdit();
     void EndEdit();
 
     SSDateCombo& field;
+    TypedLine* line = nullptr;
     FieldLink* link = nullptr;
     bool isEditing = false;
     QPointer<QWidget> popup;  // while the calendar is open

@@ -7,10 +7,10 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "host/window/date_combo.h"
 #include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
+#include "host/window/typed_line.h"
 
 namespace NolSchedCtls {
 
@@ -55,6 +55,10 @@ void EntryEditor::MakePages() {
     pages = new QTabWidget(this);
     for (const Page& page : session->Pages()) pages->addTab(new PageView(*page.tab, pages), ToQt(page.title));
     layout()->addWidget(pages);
+    for (const auto* const line : findChildren<TypedLine*>()) {
+        connect(line, &TypedLine::textEdited, this, &EntryEditor::ShowState);
+        connect(line, &TypedLine::Shown, this, &EntryEditor::ShowState);
+    }
 }
 
 // Without mnemonics: the pages use the letters.
@@ -76,7 +80,12 @@ QPushButton* EntryEditor::Button(QDialogButtonBox::StandardButton which) const {
     return buttons->button(which);
 }
 
-bool EntryEditor::IsUnsaved() const { return session->HasUnsavedChanges(); }
+// What is typed may be taken yet, or is refused and would be lost.
+bool EntryEditor::IsUnsaved() const {
+    const auto lines = pages->findChildren<TypedLine*>();
+    return session->HasUnsavedChanges() ||
+           std::any_of(lines.begin(), lines.end(), std::mem_fn(&TypedLine::IsUntaken));
+}
 
 void EntryEditor::ShowState() {
     const CNolSchedData& record = session->Record();
@@ -98,7 +107,7 @@ void EntryEditor::ShowPage(std::string_view pageName) {
 }
 
 void EntryEditor::CommitEdits() {
-    for (auto* combo : findChildren<DateCombo*>()) combo->Commit();
+    for (auto* const line : findChildren<TypedLine*>()) line->Commit();
 }
 
 bool EntryEditor::Save() {

@@ -72,7 +72,7 @@ TEST(ScheduleEncoding, WhatCannotBeShownEndsTheLoadThere) {
 }
 
 TEST(ScheduleEvents, DateAndTimeReportWhatChanges) {
-    const InstalledWorld world;
+    InstalledWorld world;
     OpenTab open(RecordOf("H"));
     auto& start = open.tab.SSDStartDate;
     auto& time = open.tab.dtpStartTime;
@@ -80,14 +80,20 @@ TEST(ScheduleEvents, DateAndTimeReportWhatChanges) {
     const auto act = [&](bool isDone) {
         trace += (isDone ? "+" : "-") + std::to_string(std::exchange(open.changes, 0)) + " ";
     };
-    for (const char* date : {"4/1/2026 12:00", "4/1/2026", "12/31/2035", "1/1/2036", "12/31/1989", "soon"})
-        act(start.TypeDate(date));
+    for (const char* date : {"4/1/2026", "4/1/2026 0:00", "12/31/2035", "1/1/2036", "12/31/1989", "soon"})
+        act(start.TypeText(date));
     act(start.Click());
     act(start.BeginEdit());
     trace += start.Text() + " ";
     for (const auto& [hour, minute] : {std::pair{0, 59}, {0, 59}, {24, 0}}) act(time.PickTime(hour, minute));
     trace += start.Text() + " " + time.Text();
-    EXPECT_EQ(trace, "+1 +0 +1 -0 -0 -0 +1 +0 12/31/2035 +1 +0 -0 Monday, December 31, 2035 12:59 AM");
+    EXPECT_EQ(trace, "+1 +0 +1 -0 -0 -0 +1 +0 soon +1 +0 -0 soon 12:59 AM");
+    EXPECT_EQ(FailureOf([&] { open.tab.SaveData(); }), start.Refusal());
+    EXPECT_FALSE(open.tab.IsTabValid("T"));
+    EXPECT_EQ(world.TakeTrace(), "T[16]: " + start.Refusal() + "; ");
+    EXPECT_TRUE(start.HasFocus());
+    start.DropRefusedText();
+    EXPECT_EQ(start.Text(), "Monday, December 31, 2035");
     time.SetMinute(9);
     time.SetHour(12);
     EXPECT_EQ(time.Text(), "12:09 PM");

@@ -181,10 +181,89 @@ TEST(DateTexts, AreExactAndOthersAreRefused) {
     std::istringstream others(
         "|9:05|2/30/2026|2/29/2027|13/1/2026|0/1/2026|3/2/26|3/2/20261|3/2/0099|3/2/2026 24:00|3/2/2026 9:60|"
         "3/2/2026 9:05:60|3/2/2026 13:00 PM|3/2/2026 0:05 AM|3/2/2026 9:05 XM|3/2/2026 9:05 AM x|"
-        "Tuesday, March 02, 2026|Monday, Marsh 02, 2026|, March 02, 2026|March 02, 2026|Monday, March 02|"
+        "Tuesday, March 02, 2026|Monday, Marsh 02, 2026|, March 02, 2026|Monday, March 02|"
         "Monday, 02, 2026");
     for (std::string text; std::getline(others, text, '|');)
         EXPECT_EQ(ReadDateText(text, *settings), std::nullopt) << text;
+}
+
+// What a field shows after a user has typed the text, or why it refuses it.
+std::string AfterTyping(TypedField& field, const std::string& text) {
+    if (field.TypeText(text)) return field.Refusal() + field.Text();
+    EXPECT_EQ(field.Text(), text);
+    return field.Refusal();
+}
+
+// Each of the texts, which stand between bars, comes to the same.
+void ExpectTyped(TypedField& field, const std::string& texts, const std::string& shown) {
+    std::istringstream list(texts);
+    for (std::string text; std::getline(list, text, '|');)
+        EXPECT_EQ(AfterTyping(field, text), shown.front() == ' ' ? Quoted(text) + shown : shown) << text;
+}
+
+TEST(TypedTexts, AreTimesAsPeopleWriteThem) {
+    UserControl control;
+    DTPicker time(control, "time");
+    const std::pair<const char*, const char*> cases[] = {
+        {"22:30|2230|22.30|22h30|10:30 pm|10:30p|10:30 PM| 10:30:00 P.M. ", "10:30 PM"},
+        {"9:05|905|0905|9:05:00 AM|9.05a", "9:05 AM"},
+        {"7|7a|7 AM|07:00|  7 am", "7:00 AM"},
+        {"7 pm|7p|19|1900|19H00", "7:00 PM"},
+        {"noon| Noon|12|12pm", "12:00 PM"},
+        {"midnight|0|00:00|12am|000", "12:00 AM"},
+        {"|25:00|24|24:00|9:60|9:5|9:|:30|960|22301|13pm|0am|7x|7pmx|7:00:30|-7|1899-12-30T9:05|noonish|pm",
+         " is no time of day; it is typed to the minute, as 22:30, 2230, 10:30 PM, 7 or noon."}};
+    for (const auto& [texts, shown] : cases) ExpectTyped(time, texts, shown);
+    time.SetHour(0);
+    EXPECT_EQ(time.Text() + time.Refusal(), "12:00 AM") << "what code writes takes a refused text's place";
+}
+
+TEST(TypedTexts, AreDatesAsPeopleWriteThem) {
+    const InstalledWorld world;
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"",
+         "12/24/2026|12-24-2026|12.24.2026|2026-12-24|Dec 24 2026|dec 24, 2026|24 December 2026|24 Dec|"
+         "Dec 24|Thu, Dec 24, 2026| 24 Decem 2026 |12/24/2026 0:00",
+         "12/24/2026"},
+        {"",
+         "|24.12.2026|2026-13-24|2026-12-24T00:00|12/24-2026|12/24/26|Dezember 24|24 De 2026|31 Nov|"
+         "Fri, Dec 24, 2026|24 Dec 26|Dec 24 9:05|2026-12-24 9:05|tomorrow",
+         " is no date; it is typed as 12/24/2026, 2026-12-24 or 24 Dec 2026."},
+        {"", "1/1/2031|1989-12-31|24 Dec 2036", " cannot be chosen; a date is from 1/1/1990 to 12/31/2030."},
+        {"DD.MM.YYYY", "07.12.2028|2028-12-07|7 Dec 2028", "07.12.2028"},
+        {"DD MMMM", "24 December|24 Dec|12/24/2028|24 Dec 2028", "24 December"},
+        {"YYYY", "2029", "2029"},
+        {"", "12/24/2029", "12/24/2029"}};
+    UserControl control;
+    SSDateCombo date(control, "date");
+    date.SetMaxDate(ParseIso("2030-12-31"));
+    for (const auto& [format, texts, shown] : cases) {
+        date.SetDisplayFormat(format);
+        const DateTime former = date.DateValue();
+        ExpectTyped(date, texts, shown);
+        EXPECT_TRUE(*shown != ' ' || date.DateValue() == former) << texts;
+        EXPECT_TRUE(*format != 'D' || SplitDateTime(date.DateValue()).year == 2028) << "shown or not";
+    }
+    date.TypeText("soon");
+    EXPECT_EQ(control.RefusedField(), &date);
+    date.SetVisible(false);
+    EXPECT_FALSE(date.TypeText("later") || control.RefusedField() != nullptr || date.Text() != "soon");
+    date.SetVisible(true);
+    EXPECT_TRUE(date.PickDate(date.DateValue()));
+    EXPECT_EQ(date.Text() + date.Refusal(), "12/24/2029") << "a pick takes a refused text's place";
+}
+
+TEST(TypedTexts, StandInTheOrderOfTheRegion) {
+    const std::tuple<DateFieldOrder, const char*, std::optional<DateTime>> cases[] = {
+        {DateFieldOrder::DayFirst, "2/3/2026|2.3.2026|02-03-2026|2026-03-02|Mar 2, 2026", 46083},
+        {DateFieldOrder::DayFirst, "12/24/2026|2026/3/2|2 Mar", {}},
+        {DateFieldOrder::YearFirst, "2026/3/2|2026.03.02|2026-3-2|2 mar 2026", 46083},
+        {DateFieldOrder::YearFirst, "3/2/2026|2.3.2026|Mar 2", {}}};
+    for (const auto& [order, texts, date] : cases) {
+        std::istringstream list(texts);
+        for (std::string text; std::getline(list, text, '|');)
+            EXPECT_EQ(ReadDateText(text, *MakeDateSettings(order)), date) << text;
+    }
 }
 
 }  // namespace

@@ -27,9 +27,41 @@ TEST_F(Windows, ARefusedSaveShowsThePageAndTheField) {
     EXPECT_EQ(asked.size(), 1U) << "by Escape";
 }
 
+TEST_F(Windows, ARefusedTextStaysMarkedAndStopsEverySave) {
+    Store();
+    answer = QMessageBox::Save;
+    const std::tuple<const char*, const char*, const char*, const char*> typed[] = {
+        {"schedule.SSDStartDate", "24.13.2026", "24 Dec\t", "Thursday, December 24, 2026"},
+        {"schedule.dtpStartTime", "25:00", "2230\t", "10:30 PM"}};
+    for (const auto& [name, text, mended, shown] : typed)
+        for (const char* keys : {"Return", "Ctrl+S", "Escape"}) {
+            editors.emplace_back(new EntryEditor(std::make_unique<EntrySession>(workspace, 1), dialogs));
+            EntryEditor& editor = *editors.back();
+            Activate(editor);
+            Type(editor, {{name, text}});
+            told.clear();
+            Press(editor, keys);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !told.empty(); })) << keys;
+            EXPECT_NE(told.find(Quoted(text) + " is no "), std::string::npos) << told;
+            const QWidget& widget = Find(editor, name);
+            EXPECT_TRUE(editor.isVisible() && widget.hasFocus()) << keys;
+            EXPECT_EQ(Shown(widget), text);
+            const auto isMarked = [&] {
+                const auto lines = editor.findChildren<QLineEdit*>();
+                return std::any_of(lines.begin(), lines.end(),
+                                   [](const QLineEdit* line) { return !line->toolTip().isEmpty(); });
+            };
+            EXPECT_TRUE(isMarked());
+            Type(editor, {{name, mended}});
+            EXPECT_EQ(Shown(widget), shown) << keys;
+            EXPECT_FALSE(isMarked());
+        }
+    EXPECT_EQ(store.Sql("SELECT Version FROM NOL_Schedule"), "1\n");
+}
+
 TEST_F(Windows, AnEditorMayCloseInsideAHandlerOfItsOwnWidget) {
     const Keys acts = {
-        {"general.chkHom", " "}, {"general.fdocRptGroup", "X"}, {"schedule.dtpStartTime", "p"}};
+        {"general.chkHom", " "}, {"general.fdocRptGroup", "X"}, {"schedule.dtpStartTime", "9p\t"}};
     for (const auto& act : acts) {
         const QPointer<EntryEditor> editor(&OpenNew());
         const ScopedConnection closing =

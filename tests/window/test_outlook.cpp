@@ -22,12 +22,14 @@ TEST_F(Windows, ALineTellsAfterEachActWhatTheEntryWouldRun) {
         {{period("D"), hasEnd, end("3/3/2026\t")}, "Next: Tue Mar 3 12:00 AM, then no more"},
         {{period("D"), hasEnd, end("3/12/2026\t")},
          "Next: Tue Mar 3 12:00 AM, Wed Mar 4 12:00 AM, ... 10 until Mar 12, 2026"},
-        {{period("H"), hasEnd, end("3/1/2027\t"), {"schedule.dtpStartTime", "9p"}},
+        {{period("H"), hasEnd, end("3/1/2027\t"), {"schedule.dtpStartTime", "9p\t"}},
          "Next: Mon Mar 2 9:00 PM, Mon Mar 2 10:00 PM, ... more than 1,000 until Mar 1, 2027"},
         {{period("M"), {"schedule.cboFrequency", "9"}},
          "Next: Tue Dec 1 12:00 AM, Wed Sep 1, 2027 12:00 AM, ..."},
         {{period("W"), isFriday, hasEnd, end("3/5/2026\t")},
          "Never runs: the end comes before the first Friday!"},
+        {{{"schedule.dtpStartTime", "25\t"}},
+         "\"25\" is no time of day; it is typed to the minute, as 22:30, 2230, 10:30 PM, 7 or noon.!"},
         {{period("D")}, "The outlook cannot be read: The store fails.!", "NOL_Holiday"},
     };
     for (const auto& [keys, line, statement] : cases) {

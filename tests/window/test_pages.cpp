@@ -24,8 +24,11 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
         {"general.ctlDownloadOptions", " ", "false Automatic true Manual", 1},
         {"schedule.lblUnit", "", "one:\ntwo", 0},
         {"schedule.dtpStartTime", "", "9:00 PM", 0},
-        {"schedule.dtpStartTime", "7a", "7:00 AM", 2},
-        {"schedule.SSDStartDate", "1/5/2036\t", "Monday, March 02, 2026", 0},  // beyond the last day
+        {"schedule.dtpStartTime", "22:30\t", "10:30 PM", 1},
+        {"schedule.dtpStartTime", "23:1523:16\t", "11:16 PM", 1},
+        {"schedule.dtpStartTime", "25:00\t", "25:00", 0},
+        {"schedule.dtpStartTime", "7a\t", "7:00 AM", 1},
+        {"schedule.SSDStartDate", "1/5/2036\t", "1/5/2036", 0},  // beyond the last day
         {"schedule.SSDStartDate", "1/5/2027\t", "Tuesday, January 05, 2027", 1},
         {"hom.txtDuration", "", "longer than the limit", 0},
         {"hom.txtDuration", "x\b", "long", 1},
@@ -36,6 +39,11 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
         EXPECT_EQ(Shown(Find(editor, field)), shown);
         EXPECT_EQ(events, count) << field;
     }
+    QWidget& time = Find(editor, "schedule.dtpStartTime");
+    time.setFocus();
+    Press(time, "Up, End, Left, Left");
+    Press(time, "Down");
+    EXPECT_EQ(Shown(time), "7:59 AM");
 }
 
 TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {

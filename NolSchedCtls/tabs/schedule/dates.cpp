@@ -13,7 +13,7 @@ namespace {
 std::string DateOnlyText(DateTime dateTime) { return ShortDateText(dateTime); }
 
 DateTime ReadField(const SSDateCombo& field, const std::string& text) {
-    if (const auto read = ReadDateText(text)) return *read;
+    if (const auto read = field.Read(text)) return *read;
     throw NolSchedError("The field " + field.Name() + " holds " + Quoted(text) + ", which is no date.");
 }
 

@@ -71,7 +71,11 @@ void XNolScheduleTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::stri
     SetCtlsFromData();
 }
 
-void XNolScheduleTab::SaveData() { SetDataFromCtls(); }
+// A refused text stands for no value.
+void XNolScheduleTab::SaveData() {
+    if (const ViewField* const field = RefusedField()) throw NolSchedError(field->Refusal());
+    SetDataFromCtls();
+}
 
 // Each step works on the lists that the step before has shaped.
 void XNolScheduleTab::SetCtlsFromData() {

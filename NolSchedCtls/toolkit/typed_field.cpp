@@ -1,0 +1,17 @@
+#include "NolSchedCtls/toolkit/typed_field.h"
+
+namespace NolSchedCtls {
+
+bool TypedField::TypeText(std::string_view text) {
+    if (!BeginUserAct()) return false;
+    std::string why = Take(text);
+    if (why.empty()) return true;
+    typed = text;
+    refusal = std::move(why);
+    Refresh.Raise();
+    return false;
+}
+
+void TypedField::DropRefusedText() { Assign(refusal, {}); }
+
+}  // namespace NolSchedCtls
