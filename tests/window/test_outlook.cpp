@@ -16,7 +16,7 @@ TEST_F(Windows, ALineTellsAfterEachActWhatTheEntryWouldRun) {
         const char* line;
         const char* failing = "";
     } cases[] = {
-        {{}, "Ended: no run is to come"},
+        {{}, "Would not run: Mar 2, 2026 12:00 AM has passed"},
         {{{"schedule.SSDStartDate", "3/4/2026\t"}}, "Next: Wed Mar 4 12:00 AM"},
         {{period("D")}, "Next: Tue Mar 3 12:00 AM, Wed Mar 4 12:00 AM, ..."},
         {{period("D"), hasEnd, end("3/3/2026\t")}, "Next: Tue Mar 3 12:00 AM, then no more"},
@@ -57,7 +57,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
     auto& runs = *window.Pane().findChild<QListWidget*>();
-    const auto labels = window.Pane().findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto labels = window.Pane().widget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     const auto label = [&](int place) { return Shown(*labels[place]); };
     // Whose runs; of which day or next ones, how many and the first; on March 8; what the week view tells.
     const auto trace = [&] {
