@@ -207,9 +207,9 @@ void MainWindow::MakeStatus() {
     troubles->setTextFormat(Qt::PlainText);
     troubles->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     troubles->setForegroundRole(QPalette::BrightText);
-    statusBar()->addWidget(troubles, 1);
     statusBar()->addPermanentWidget(progress);
     statusBar()->addPermanentWidget(count);
+    statusBar()->addWidget(troubles, 1);
     blink.setSingleShot(true);
     blink.setInterval(blinkMilliseconds);
     connect(&blink, &QTimer::timeout, this, [this] { progress->setVisible(loader.IsLoading()); });

@@ -19,7 +19,7 @@ namespace {
 constexpr DateTime second = 1.0 / 86400;
 constexpr std::size_t nextRuns = 20;
 constexpr std::size_t mostRunsOfDay = 500;
-constexpr int leastRunsSeen = 8;
+constexpr int leastRunsSeen = 6;
 
 // Whatever the text, it neither widens the pane nor is it read as markup.
 QLabel* MakeLabel(QWidget* parent) {
@@ -87,6 +87,7 @@ void OutlookPane::MakeList() {
     back = new QToolButton(this);
     back->setObjectName(u"back"_s);
     back->setText(u"Next runs"_s);
+    back->hide();
     back->setToolTip(u"Lists the next runs instead of one day's"_s);
     connect(back, &QToolButton::clicked, this, [this] { ChooseDay({}); });
     row->addWidget(listed, 1);
