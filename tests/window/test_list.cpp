@@ -82,6 +82,7 @@ TEST_F(Lists, FollowWhatOthersDo) {
         return QTest::qWaitFor([&] { return InFront() == trace; });
     };
     EXPECT_TRUE(shows("'x' || char(8238) WHERE Id = 2", "60 entries: *x\\u202e, E9, E8")) << InFront();
+    EXPECT_TRUE(shows("'z' WHERE Id = 5", "60 entries: z, *x\\u202e, E9")) << InFront();
     Walk({{"Ctrl+F'y", "0 of 60 entries: No entry holds all of these words."}});
     EXPECT_TRUE(shows("'y' WHERE Id = 3", "1 of 60 entries: *y")) << InFront();
     store.Sql("DELETE FROM NOL_Schedule WHERE Id = 3");
