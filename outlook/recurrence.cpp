@@ -72,7 +72,9 @@ Moment ReadLast(const CNolSchedData& record) {
 int ReadFrequency(const CNolSchedData& record, RecurrenceCode code, const OutlookSettings& settings) {
     if (code == RecurrenceCode::Once) return 1;
     if (code != RecurrenceCode::Hourly) return record.Frequency;
-    CheckNumber("Period Minutes", settings.periodMinutes, 1, 1440);
+    constexpr const char* setting = "Period Minutes";
+    if (!settings.periodText.empty()) Refuse(setting, '"' + settings.periodText + '"', "1 to 1440");
+    CheckNumber(setting, settings.periodMinutes, 1, 1440);
     return record.Frequency * settings.periodMinutes;
 }
 

@@ -14,6 +14,9 @@ namespace NolSchedCtls {
 // The host's settings that say what a record leaves open.
 struct OutlookSettings {
     std::int32_t periodMinutes = 60;  // "Period Minutes": the length of an hourly entry's period, 1 to 1440
+    std::string periodText = {};      // what the host holds in its place, if that is no number
+
+    bool operator==(const OutlookSettings&) const = default;
 };
 
 enum class RecurrenceCode : char {

@@ -86,7 +86,9 @@ int Check(const CommandRun& run) {
         });
     }
     for (const CheckedEntry& entry : found) run.answers.Tell({{"check", JsonOf(entry)}});
-    return found.empty() ? exitDone : exitRefused;
+    const auto damaged = run.workspace.Holidays().Days().troubles;
+    for (const std::string& trouble : damaged) run.answers.Tell({{"failure", trouble}});
+    return found.empty() && damaged.empty() ? exitDone : exitRefused;
 }
 
 // An entry without runs is left out, and named beside the calendar.

@@ -41,7 +41,7 @@ std::set<DateTime> RunsOnHolidays(const CNolSchedData& record, const EntryOutloo
     const auto take = [&](DateTime day) {
         for (const DateTime run : rule.RunsBetween(day, day + 86399.0 / 86400)) runs.insert(run);
     };
-    for (const DateTime day : outlook.HolidayDays()) {
+    for (const DateTime day : outlook.Days().sound) {
         if (record.IncludeHolidays != "Y") take(day);
         if (record.IncludeDayAfterHol != "Y") take(day + 1);
     }

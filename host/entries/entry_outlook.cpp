@@ -12,8 +12,9 @@ namespace {
 OutlookSettings ReadSettings(Workspace& workspace) {
     const auto settings = workspace.Documents().CurrentUser().Settings;
     const auto found = settings.find(periodMinutes);
-    return found == settings.end() ? OutlookSettings{}
-                                   : OutlookSettings{ParseWhole(found->second).value_or(0)};
+    if (found == settings.end()) return {};
+    const auto minutes = ParseWhole(found->second);
+    return minutes ? OutlookSettings{*minutes} : OutlookSettings{0, found->second};
 }
 
 }  // namespace
@@ -27,8 +28,8 @@ EntryState StateAt(const Schedule& schedule, DateTime moment) {
 
 EntryOutlook::EntryOutlook(Workspace& workspace)
     : now(Clock().Now()),
-      holidayDays(workspace.Holidays().Days()),
-      holidays(holidayDays),
+      days(workspace.Holidays().Days()),
+      holidays(days.sound),
       settings(ReadSettings(workspace)) {}
 
 std::string MomentText(DateTime moment) {

@@ -37,14 +37,16 @@ class EntryOutlook {
     DateTime Now() const { return now; }
     Schedule ScheduleOf(const CNolSchedData& record) const { return Schedule(record, holidays, settings); }
     const OutlookSettings& Settings() const { return settings; }
-    const std::vector<DateTime>& HolidayDays() const { return holidayDays; }
+    const HolidayDays& Days() const { return days; }
+    // Whether both tell the same of an entry.
+    bool IsLike(const EntryOutlook& other) const { return days == other.days && settings == other.settings; }
     // With the trouble of its sentence.
     EntryState StateOf(const ListedEntry& entry, const std::string& trouble) const;
     EntryState StateOf(const Schedule& schedule) const { return StateAt(schedule, now); }
 
   private:
     DateTime now;
-    std::vector<DateTime> holidayDays;
+    HolidayDays days;
     Holidays holidays;
     OutlookSettings settings;
 };

@@ -35,7 +35,7 @@ void EntryWatch::Look(const Visit& visit) {
     changes.reserve(saved.size() + deleted.size());
     for (const auto& entry : saved) changes.push_back({entry.first, false});
     for (const auto& entry : deleted) changes.push_back({entry.first, true});
-    if (!changes.empty()) visit(changes);
+    visit(changes);
     seen = std::move(read);
     mayDiffer = false;
 }

@@ -24,8 +24,9 @@ class EntryWatch {
     explicit EntryWatch(Database& databaseA) : database(databaseA) {}
 
     // Visits what was saved since the last look, by Id, and then what was deleted; the first look finds all
-    // saved. An entry made and deleted in between goes untold. Throws StoreError, and what the visit throws;
-    // the next look then finds it again.
+    // saved. An entry made and deleted in between goes untold. No change is visited where only something else
+    // in the store may have changed. Throws StoreError, and what the visit throws; the next look then finds
+    // it again.
     void Look(const Visit& visit);
 
   private:

@@ -8,30 +8,32 @@ namespace {
 
 std::string DayOf(DateTime day) { return IsoText(day).substr(0, 10); }
 
+DateTime ReadDay(const StoreRows& rows) { return DateOf(ParseIso(FieldToText(rows.Fields("Day")))); }
+
+std::string AboutHoliday(const Database& database) { return database.Name() + ": a holiday: "; }
+
 }  // namespace
 
 std::vector<Holiday> HolidayStore::All() const {
     std::vector<Holiday> holidays;
     if (!database->HasTable(holidayTable)) return holidays;
     const auto rows = database->Open("SELECT Day, Name FROM NOL_Holiday ORDER BY Day");
-    const auto read = [&rows] {
-        return Holiday{DateOf(ParseIso(FieldToText(rows->Fields("Day")))), FieldToText(rows->Fields("Name"))};
-    };
-    const auto about = [this] { return database->Name() + ": a holiday: "; };
+    const auto read = [&rows] { return Holiday{ReadDay(*rows), FieldToText(rows->Fields("Name"))}; };
+    const auto about = [this] { return AboutHoliday(*database); };
     for (; !rows->AtEnd(); rows->MoveNext()) holidays.push_back(Explained<StoreError>(read, about));
     return holidays;
 }
 
-std::vector<DateTime> HolidayStore::Days() const {
-    std::vector<DateTime> days;
+HolidayDays HolidayStore::Days() const {
+    HolidayDays days;
     if (!database->HasTable(holidayTable)) return days;
     const auto rows = database->Open("SELECT Day FROM NOL_Holiday ORDER BY Day");
     for (; !rows->AtEnd(); rows->MoveNext()) try {
-            days.push_back(DateOf(ParseIso(FieldToText(rows->Fields("Day")))));
+            days.sound.push_back(ReadDay(*rows));
         } catch (const StoreError&) {
             throw;
-        } catch (const NolSchedError&) {
-            // No day of a calendar, and so no day on which an entry could run.
+        } catch (const NolSchedError& error) {
+            days.troubles.push_back(AboutHoliday(*database) + error.what());
         }
     return days;
 }
@@ -52,6 +54,7 @@ int HolidayStore::Import(const std::vector<Holiday>& holidays) {
         if (!NameOf(DayOf(day))) database->FailUntaken();
         ++count;
     }
+    database->Announce("holidays");
     transaction.Commit();
     return count;
 }
@@ -63,9 +66,12 @@ void HolidayStore::Add(const Holiday& holiday) {
 }
 
 void HolidayStore::Delete(const std::string& day) {
+    Transaction transaction(*database);
     if (!database->HasTable(holidayTable) || !NameOf(day))
         throw RequestError("There is no holiday on " + day + ".");
     if (database->Execute("DELETE FROM NOL_Holiday WHERE Day = ?", {day}) == 0) database->FailUntaken();
+    database->Announce("holidays");
+    transaction.Commit();
 }
 
 }  // namespace NolSchedCtls

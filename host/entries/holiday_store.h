@@ -16,6 +16,13 @@ struct Holiday {
     std::string name;
 };
 
+struct HolidayDays {
+    std::vector<DateTime> sound;
+    std::vector<std::string> troubles;  // of each row that is no day, what All would throw
+
+    bool operator==(const HolidayDays&) const = default;
+};
+
 // All throw StoreError where the store fails.
 class HolidayStore {
   public:
@@ -24,8 +31,7 @@ class HolidayStore {
     // By day. None in a store that was made before there were holidays, until the first is added. Throws
     // StoreError for a row that is no day, too.
     std::vector<Holiday> All() const;
-    // Without those that are no days.
-    std::vector<DateTime> Days() const;
+    HolidayDays Days() const;
     // Throws RequestError for a day that is one already.
     void Add(const Holiday& holiday);
     // Adds those whose days are none yet, all or none of them. Returns how many they were.

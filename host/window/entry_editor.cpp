@@ -89,13 +89,15 @@ bool EntryEditor::IsUnsaved() const {
 
 void EntryEditor::ShowState() {
     const CNolSchedData& record = session->Record();
-    const QString title = ToQt(record.EditorName).replace(u"[*]"_s, u"[*][*]"_s);
+    const QString title = ToVisible(record.EditorName).replace(u"[*]"_s, u"[*][*]"_s);
     setWindowTitle(
         (record.IsOverride() ? u"%1[*] - Immediate Entry"_s : u"%1[*] - Schedule Entry"_s).arg(title));
     setWindowModified(IsUnsaved());
     Button(QDialogButtonBox::Apply)->setEnabled(IsUnsaved() || record.IsNew);
     outlook->Follow();
 }
+
+void EntryEditor::RereadOutlook() { outlook->Reread(); }
 
 PageView& EntryEditor::PageOf(const Page& page) const {
     return *static_cast<PageView*>(pages->widget(static_cast<int>(&page - session->Pages().data())));

@@ -36,6 +36,8 @@ class EntryEditor : public QDialog {
     bool Save();
     void accept() override;
     void reject() override { close(); }
+    // The line tells by the holidays and settings as they are now.
+    void RereadOutlook();
 
   Q_SIGNALS:
     void Saved(int id);

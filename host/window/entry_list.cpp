@@ -55,7 +55,7 @@ const ColumnKind& KindOf(int column) { return columns[static_cast<std::size_t>(c
 
 QString KindsText(const ListedEntry& entry) {
     QStringList kinds;
-    for (const auto& kind : entry.kinds) kinds.append(ToQt(kind).remove(u" Study"_s));
+    for (const auto& kind : entry.kinds) kinds.append(ToVisible(kind).remove(u" Study"_s));
     return kinds.join(u", "_s);
 }
 
@@ -65,7 +65,7 @@ QString EndText(DateTime end) {
 
 void SetState(EntryRow& row, const EntryState& state) {
     row.next = state.next;
-    row.reason = ToQt(state.reason);
+    row.reason = ToVisible(state.reason);
     row.texts[EntryRow::NextRun] = state.next ? ShortRunText(*state.next) : QString();
     row.texts[EntryRow::State] = ToQt(state.text);
     row.searched.clear();
@@ -92,9 +92,9 @@ EntryRow RowOf(const ListedEntry& entry, const EntryOutlook& outlook) {
     const Sentence sentence = SentenceOf(entry);
     EntryRow row{.id = entry.id, .start = record.FirstDateTime, .end = record.FinalDateTime};
     row.texts = {QString::number(entry.id),
-                 ToQt(record.EditorName),
-                 ToQt(entry.group),
-                 ToQt(sentence.text),
+                 ToVisible(record.EditorName),
+                 ToVisible(entry.group),
+                 ToVisible(sentence.text),
                  {},
                  {},
                  KindsText(entry),
@@ -180,6 +180,13 @@ bool EntryList::Advance(DateTime now) {
     return true;
 }
 
+auto EntryList::Before() const {
+    return [isBefore = KindOf(sortColumn).isBefore, isAscending = sortOrder == Qt::AscendingOrder](
+               const RowPointer& left, const RowPointer& right) {
+        return isAscending ? isBefore(*left, *right) : isBefore(*right, *left);
+    };
+}
+
 void EntryList::SetFilter(const QString& words) {
     beginResetModel();
     filter = words.toCaseFolded().split(u' ', Qt::SkipEmptyParts);
@@ -220,12 +227,10 @@ QVariant EntryList::headerData(int section, Qt::Orientation orientation, int rol
     return {};
 }
 
-void EntryList::Order() {
-    const IsBefore isBefore = KindOf(sortColumn).isBefore;
-    const bool isAscending = sortOrder == Qt::AscendingOrder;
-    std::stable_sort(shown.begin(), shown.end(), [&](const RowPointer& left, const RowPointer& right) {
-        return isAscending ? isBefore(*left, *right) : isBefore(*right, *left);
-    });
+void EntryList::Order() { std::stable_sort(shown.begin(), shown.end(), Before()); }
+
+void EntryList::Sort() {
+    if (!std::is_sorted(shown.begin(), shown.end(), Before())) sort(sortColumn, sortOrder);
 }
 
 void EntryList::sort(int column, Qt::SortOrder order) {

@@ -49,7 +49,8 @@ class EntryList : public QAbstractTableModel {
     bool Advance(DateTime now);
     // Shows the rows that hold each of the words somewhere. Resets the model.
     void SetFilter(const QString& words);
-    void Sort() { sort(sortColumn, sortOrder); }
+    // Where a row stands out of its order.
+    void Sort();
 
     const EntryRows& All() const { return rows; }
     const EntryRow& RowAt(int place) const { return *shown[static_cast<std::size_t>(place)]; }
@@ -70,8 +71,8 @@ class EntryList : public QAbstractTableModel {
 
     bool Passes(const EntryRow& row) const;
     void Show(const EntryRows& added);
+    auto Before() const;
     void Order();
-
     void Await(const EntryRow& row);
 
     EntryRows rows;

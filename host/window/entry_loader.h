@@ -21,6 +21,10 @@ class EntryLoader : public QObject {
     bool IsLoading() const { return timer.isActive(); }
     // Reads one entry anew; one that is gone goes from the list. Throws StoreError.
     void Reload(std::int64_t id);
+    // Whether holidays or settings are others than at the last start. Throws StoreError.
+    bool IsOutlookOld() const { return !outlook || !outlook->IsLike(EntryOutlook(workspace)); }
+    // As of the last start.
+    const HolidayDays& Days() const { return outlook->Days(); }
 
   Q_SIGNALS:
     void Progress(int loaded, int total);

@@ -14,6 +14,7 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <cmath>
 #include <utility>
 
 #include "NolSchedCtls/base/app_constants.h"
@@ -30,6 +31,8 @@ constexpr int filterMilliseconds = 150;
 constexpr int watchMilliseconds = 1000;
 constexpr int troubledWatchMilliseconds = 10'000;
 constexpr std::size_t mostReloaded = 50;  // entries one by one; of more the list is loaded anew
+
+double HourOf(DateTime moment) { return std::floor(moment * hoursOfDay); }
 
 // The choice is a whole row; no cell of it is marked on its own.
 class RowDelegate : public QStyledItemDelegate {
@@ -52,7 +55,7 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
       loader(workspace, list),
       watch(workspace.Store()) {
     setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
-    resize(1240, 640);
+    resize(QSize(1240, 860).boundedTo(screen()->availableSize() * 19 / 20));  // the frame takes the rest
     MakeFilter();
     MakeTable();
     MakePane();
@@ -63,6 +66,7 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
     connect(&loader, &EntryLoader::Finished, this, [this] {
         progress->hide();
         ShowCount();
+        ShowTroubles();
         SelectOrFirst(CurrentRowId() == 0 ? wantedId : CurrentRowId());
         ShowOutlook();
     });
@@ -153,7 +157,7 @@ void MainWindow::MakeTable() {
     header->setMinimumHeight(table->verticalHeader()->defaultSectionSize());
     header->setSortIndicator(EntryRow::Id, Qt::AscendingOrder);
     const int character = table->fontMetrics().averageCharWidth();
-    constexpr int widths[] = {8, 22, 17, 48, 23, 15, 24, 14};
+    constexpr int widths[] = {8, 22, 17, 48, 23, 20, 24, 14};
     for (int column = 0; column < EntryRow::End; ++column)
         table->setColumnWidth(column, character * widths[column]);
     header->setStretchLastSection(true);
@@ -199,8 +203,13 @@ void MainWindow::MakeStatus() {
     progress->setTextVisible(false);
     progress->setAccessibleName(u"Loading"_s);
     progress->hide();
+    troubles = new QLabel(this);
+    troubles->setTextFormat(Qt::PlainText);
+    troubles->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    troubles->setForegroundRole(QPalette::BrightText);
     statusBar()->addPermanentWidget(progress);
     statusBar()->addPermanentWidget(count);
+    statusBar()->addWidget(troubles, 1);
     blink.setSingleShot(true);
     blink.setInterval(blinkMilliseconds);
     connect(&blink, &QTimer::timeout, this, [this] { progress->setVisible(loader.IsLoading()); });
@@ -222,6 +231,14 @@ void MainWindow::ShowCount() {
     hint->setVisible(visible == 0 && !loader.IsLoading());
     hint->setText(all == 0 ? u"There are no entries yet. Press Ctrl+N to make one."_s
                            : u"No entry holds all of these words."_s);
+}
+
+// A holiday that is none of a calendar's days lets entries run on the day that was meant.
+void MainWindow::ShowTroubles() {
+    QStringList texts;
+    for (const std::string& trouble : loader.Days().troubles) texts.append(ToVisible(trouble));
+    troubles->setText(texts.join(u' '));
+    troubles->setToolTip(u"<p>%1</p>"_s.arg(troubles->text().toHtmlEscaped()));
 }
 
 void MainWindow::ShowSelection() {
@@ -255,7 +272,7 @@ void MainWindow::ShowChosen() {
 }
 
 void MainWindow::ShowOutlook() {
-    shownDay = DateOf(Clock().Now());
+    shownHour = HourOf(Clock().Now());
     choiceDelay.start(0);
     pane->ShowAll(list.All());
 }
@@ -263,8 +280,11 @@ void MainWindow::ShowOutlook() {
 // A run that has come is no longer the next one.
 void MainWindow::FollowClock() {
     const DateTime now = Clock().Now();
-    if (list.Advance(now)) choiceDelay.start(0);
-    if (DateOf(now) != shownDay) ShowOutlook();
+    if (list.Advance(now)) {
+        list.Sort();
+        choiceDelay.start(0);
+    }
+    if (HourOf(now) != shownHour) ShowOutlook();
 }
 
 void MainWindow::ApplyFilter() {
@@ -312,6 +332,7 @@ void MainWindow::Reload(std::int32_t id) {
 }
 
 void MainWindow::ShowChanges() {
+    list.Sort();
     ShowCount();
     if (!table->selectionModel()->hasSelection()) SelectOrFirst(CurrentRowId());
     ShowOutlook();
@@ -335,7 +356,7 @@ void MainWindow::FollowOthers() {
 
 void MainWindow::Show(const std::vector<EntryChange>& changes) {
     if (!watchTimer.isActive()) return;  // the list is about to be loaded for the first time
-    if (changes.size() > mostReloaded) return Refresh();
+    if (changes.size() > mostReloaded || loader.IsOutlookOld()) return Refresh();
     for (const EntryChange& change : changes) loader.Reload(change.id);
     ShowChanges();
 }
@@ -423,6 +444,8 @@ void MainWindow::Refresh() {
     wantedId = CurrentRowId();
     loader.Start();
     blink.start();
+    for (const auto& editor : editors)
+        if (editor) editor->RereadOutlook();
 }
 
 void MainWindow::FindEntry() {

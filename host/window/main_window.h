@@ -61,6 +61,7 @@ class MainWindow : public QMainWindow {
     void FindEntry();
     void Quit() { close(); }
     void ShowCount();
+    void ShowTroubles();
     void ShowProgress(int loaded, int total);
     void ShowSelection();
     void ApplyFilter();
@@ -91,7 +92,7 @@ class MainWindow : public QMainWindow {
     QTimer watchTimer;
     QTimer filterDelay;
     QTimer choiceDelay;
-    DateTime shownDay = 0;      // the first of the week load
+    double shownHour = 0;       // from which on the week load tells what is busiest
     QTimer blink;               // the progress bar shows when it ends
     std::int64_t wantedId = 0;  // to choose when the list is loaded
     bool isNoneChosen = false;  // by the user's wish
@@ -99,6 +100,7 @@ class MainWindow : public QMainWindow {
     QLineEdit* filter = nullptr;
     OutlookPane* pane = nullptr;
     QLabel* count = nullptr;
+    QLabel* troubles = nullptr;
     QLabel* hint = nullptr;
     QProgressBar* progress = nullptr;
     QList<QAction*> entryActions;  // need a chosen entry

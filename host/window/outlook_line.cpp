@@ -34,6 +34,15 @@ QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, Date
     return text + u" %1 until %2"_s.arg(counted, DateText(record.FinalDateTime));
 }
 
+// Nothing of a new entry has run.
+QString PastText(const CNolSchedData& record, bool isNew) {
+    if (!isNew) return u"Ended: no run is to come"_s;
+    if (record.Periodicity != "O")
+        return u"Would not run: none is to come until "_s + DateText(record.FinalDateTime);
+    return u"Would not run: %1 has passed"_s.arg(DateText(record.FirstDateTime) + u' ' +
+                                                 TimeText(record.FirstDateTime));
+}
+
 }  // namespace
 
 OutlookLine::OutlookLine(EntrySession& sessionA, QWidget* parent) : QLabel(parent), session(sessionA) {
@@ -43,6 +52,12 @@ OutlookLine::OutlookLine(EntrySession& sessionA, QWidget* parent) : QLabel(paren
     setText(u" "_s);  // takes its place from the start
     delay.setSingleShot(true);
     connect(&delay, &QTimer::timeout, this, &OutlookLine::Show);
+}
+
+void OutlookLine::Reread() {
+    outlook.reset();
+    trouble.clear();
+    Follow();
 }
 
 // A failure is told once and stays: an act must not wait for a slow store each time.
@@ -63,9 +78,9 @@ OutlookLine::Line OutlookLine::ViewedLine() {
     const Schedule schedule = outlook->ScheduleOf(*record);
     const EntryState state = StateAt(schedule, now);
     if (state.next) return {NextRunsText(schedule, *record, now), false};
-    if (state.text == TextOf(RunState::Ended)) return {u"Ended: no run is to come"_s, false};
+    if (state.text == TextOf(RunState::Ended)) return {PastText(*record, session.Record().IsNew), false};
     const QString text = ToQt(state.text);
-    return {state.reason.empty() ? text : text + u": "_s + ToQt(state.reason), IsTrouble(text)};
+    return {state.reason.empty() ? text : text + u": "_s + ToVisible(state.reason), IsTrouble(text)};
 }
 
 void OutlookLine::Show() {

@@ -18,6 +18,8 @@ class OutlookLine : public QLabel {
 
     // As soon as the user's act has ended.
     void Follow() { delay.start(0); }
+    // As the store's holidays and settings are now.
+    void Reread();
 
   private:
     struct Line {
@@ -30,7 +32,7 @@ class OutlookLine : public QLabel {
     void ReadOutlook();
 
     EntrySession& session;
-    std::optional<EntryOutlook> outlook;  // of the day on which the editor was opened
+    std::optional<EntryOutlook> outlook;  // as it was last read
     QString trouble;                      // why there is none
     QTimer delay;
 };

@@ -19,6 +19,7 @@ namespace {
 constexpr DateTime second = 1.0 / 86400;
 constexpr std::size_t nextRuns = 20;
 constexpr std::size_t mostRunsOfDay = 500;
+constexpr int leastRunsSeen = 6;
 
 // Whatever the text, it neither widens the pane nor is it read as markup.
 QLabel* MakeLabel(QWidget* parent) {
@@ -37,24 +38,29 @@ void SetBold(QLabel& label) {
 
 }  // namespace
 
-OutlookPane::OutlookPane(QWidget* parent) : QWidget(parent) {
+OutlookPane::OutlookPane(QWidget* parent) : QScrollArea(parent) {
     setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    setFrameShape(NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
     afterPaint.setSingleShot(true);
     connect(&afterPaint, &QTimer::timeout, this, &OutlookPane::Make);
 }
 
 void OutlookPane::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
+    QScrollArea::paintEvent(event);
     if (column == nullptr) afterPaint.start();
 }
 
 void OutlookPane::Make() {
     if (column != nullptr) return;
-    column = new QVBoxLayout(this);
+    auto* const inside = new QWidget;
+    column = new QVBoxLayout(inside);
     column->setContentsMargins(8, 6, 8, 6);
     MakeCalendar();
     MakeList();
     MakeWeek();
+    setWidget(inside);
     CountChosen();
     CountWeek();
 }
@@ -81,6 +87,7 @@ void OutlookPane::MakeList() {
     back = new QToolButton(this);
     back->setObjectName(u"back"_s);
     back->setText(u"Next runs"_s);
+    back->hide();
     back->setToolTip(u"Lists the next runs instead of one day's"_s);
     connect(back, &QToolButton::clicked, this, [this] { ChooseDay({}); });
     row->addWidget(listed, 1);
@@ -89,6 +96,8 @@ void OutlookPane::MakeList() {
     runs = new QListWidget(this);
     runs->setAccessibleName(u"Runs"_s);
     runs->setUniformItemSizes(true);
+    runs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // takes the height that is left
+    runs->setMinimumHeight(runs->fontMetrics().height() * leastRunsSeen);
     connect(runs, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
         if (const int id = item->data(Qt::UserRole).toInt()) Q_EMIT Opened(id);
     });
@@ -110,12 +119,14 @@ void OutlookPane::MakeWeek() {
 }
 
 bool OutlookPane::IsCounting() const {
-    return column == nullptr || monthJob.IsRunning() || runsJob.IsRunning() || weekJob.IsRunning();
+    return column == nullptr || !isGiven || monthJob.IsRunning() || runsJob.IsRunning() ||
+           weekJob.IsRunning();
 }
 
 void OutlookPane::ShowChosen(EntryRows entries, const QString& titleA) {
     chosen = std::move(entries);
     title = titleA;
+    isGiven = true;
     CountChosen();
 }
 
@@ -125,7 +136,7 @@ void OutlookPane::ShowAll(EntryRows entries) {
 }
 
 void OutlookPane::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
+    QScrollArea::showEvent(event);
     CountChosen();
     CountWeek();
 }
@@ -169,8 +180,8 @@ void OutlookPane::CountRuns() {
 
 void OutlookPane::CountWeek() {
     if (!IsInUse()) return;
-    weekJob.Start([entries = all, today = DateOf(Clock().Now())](
-                      const std::stop_token& stop) { return LoadOfWeek(entries, today, stop); },
+    weekJob.Start([entries = all, now = Clock().Now()](
+                      const std::stop_token& stop) { return LoadOfWeek(entries, now, stop); },
                   [this](const WeekLoad& load) { week->Show(load); });
 }
 

@@ -1,8 +1,8 @@
 // What will run: of the chosen entries a month and the next runs, of all entries the load of a week.
 #pragma once
 
+#include <QScrollArea>
 #include <QTimer>
-#include <QWidget>
 
 #include "host/window/background_job.h"
 #include "host/window/run_counts.h"
@@ -19,8 +19,8 @@ class WeekView;
 
 // Its parts are made after its first frame, so that the list is there at once. Counts on threads beside the
 // windows, and only while it is visible. What it shows stays until what takes
-// its place is counted.
-class OutlookPane : public QWidget {
+// its place is counted. Scrolls where it has not the height for its parts.
+class OutlookPane : public QScrollArea {
     Q_OBJECT
 
   public:
@@ -44,7 +44,7 @@ class OutlookPane : public QWidget {
     void MakeCalendar();
     void MakeList();
     void MakeWeek();
-    bool IsInUse() const { return column != nullptr && isVisible(); }
+    bool IsInUse() const { return column != nullptr && isGiven && isVisible(); }
     void CountChosen();
     void CountMonth();
     void CountRuns();
@@ -56,6 +56,7 @@ class OutlookPane : public QWidget {
     EntryRows chosen;
     EntryRows all;
     QString title;
+    bool isGiven = false;         // before, nothing can be told
     std::optional<DateTime> day;  // whose runs are listed; otherwise the next ones
     std::optional<std::vector<ShownRun>> shown;
     QTimer afterPaint;

@@ -23,7 +23,7 @@ RunCalendar::RunCalendar(QWidget* parent) : QCalendarWidget(parent) {
     QTextCharFormat plain;
     plain.setForeground(palette().text());
     for (const auto dayOfWeek : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(dayOfWeek, plain);
-    setFixedHeight(fontMetrics().height() * 15);
+    setFixedHeight(fontMetrics().height() * 13);
     countFont = font();
     countFont.setPointSizeF(countFont.pointSizeF() * 0.8);
     countFont.setBold(true);

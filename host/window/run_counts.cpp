@@ -17,12 +17,16 @@ void ForEachRunning(const EntryRows& entries, const std::stop_token& stop, const
     }
 }
 
+std::size_t PartOf(Moment start, DateTime at, std::chrono::seconds part) {
+    return static_cast<std::size_t>((MomentOf(at) - start) / part);
+}
+
 // Calls visit(place) for each run of the days that follow, with its place among their parts.
 void ForEachPart(const EntryRow& entry, DateTime firstDay, int days, std::chrono::seconds part,
                  const auto& visit) {
     const Moment start = MomentOf(firstDay);
     for (const DateTime at : entry.schedule->RunsBetween(firstDay, firstDay + days - second))
-        visit(static_cast<std::size_t>((MomentOf(at) - start) / part));
+        visit(PartOf(start, at, part));
 }
 
 }  // namespace
@@ -50,8 +54,9 @@ std::vector<ShownRun> FirstRuns(const EntryRows& entries, DateTime from, DateTim
     return {first.begin(), first.end()};
 }
 
-WeekLoad LoadOfWeek(const EntryRows& entries, DateTime firstDay, const std::stop_token& stop) {
-    WeekLoad load{.firstDay = firstDay};
+WeekLoad LoadOfWeek(const EntryRows& entries, DateTime now, const std::stop_token& stop) {
+    const DateTime firstDay = DateOf(now);
+    WeekLoad load{.firstDay = firstDay, .hourNow = PartOf(MomentOf(firstDay), now, std::chrono::hours{1})};
     std::unordered_map<QString, std::size_t> places;
     ForEachRunning(entries, stop, [&](const EntryRow& entry) {
         const QString& group = entry.texts[EntryRow::Group];

@@ -37,10 +37,12 @@ struct WeekLoad {
     };
 
     DateTime firstDay = 0;
+    std::size_t hourNow = 0;  // whose place among the hours
     QStringList groups = {};
     std::array<Hour, hoursOfWeek> hours = {};
     int most = 0;  // of all hours
 };
-WeekLoad LoadOfWeek(const EntryRows& entries, DateTime firstDay, const std::stop_token& stop);
+// From today on.
+WeekLoad LoadOfWeek(const EntryRows& entries, DateTime now, const std::stop_token& stop);
 
 }  // namespace NolSchedCtls

@@ -35,8 +35,10 @@ QString HourText(const WeekLoad& load, int hour) {
                           : text + CountText(held.runs) + u" - "_s + GroupsText(load, held);
 }
 
+// Of the hours to come.
 QString BusiestText(const WeekLoad& load) {
-    const auto busiest = std::ranges::max_element(load.hours, {}, &WeekLoad::Hour::runs);
+    const auto busiest = std::ranges::max_element(load.hours.begin() + load.hourNow, load.hours.end(), {},
+                                                  &WeekLoad::Hour::runs);
     return busiest->runs == 0
                ? QString()
                : u"Busiest: "_s + HourText(load, static_cast<int>(busiest - load.hours.begin()));
@@ -78,7 +80,7 @@ WeekView::WeekView(QWidget* parent) : QTableWidget(7, hoursOfDay, parent) {
     }
     for (int hour = 0; hour < hoursOfWeek; ++hour)
         setItem(hour / hoursOfDay, hour % hoursOfDay, new QTableWidgetItem);
-    setFixedHeight(fontMetrics().height() * 11);
+    setFixedHeight(fontMetrics().height() * 10);
     connect(this, &QTableWidget::currentItemChanged, this, &WeekView::TellCurrent);
 }
 

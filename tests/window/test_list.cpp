@@ -76,16 +76,18 @@ TEST_F(Lists, FollowWhatOthersDo) {
     const EntryEditor& editor = *window.OpenEntry(2);
     Activate(window);
     Walk({{"F5", "60 entries: *E1, E2, E3"}, {"Down", "60 entries: E1, *E2, E3"}});
+    table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);
     const auto shows = [this](const std::string& changed, const std::string& trace) {
         store.Sql("UPDATE NOL_Schedule SET Version = Version + 1, EditorName = " + changed);
         return QTest::qWaitFor([&] { return InFront() == trace; });
     };
-    EXPECT_TRUE(shows("'x' WHERE Id = 2", "60 entries: E1, *x, E3")) << InFront();
+    EXPECT_TRUE(shows("'x' || char(8238) WHERE Id = 2", "60 entries: *x\\u202e, E9, E8")) << InFront();
+    EXPECT_TRUE(shows("'z' WHERE Id = 5", "60 entries: z, *x\\u202e, E9")) << InFront();
     Walk({{"Ctrl+F'y", "0 of 60 entries: No entry holds all of these words."}});
     EXPECT_TRUE(shows("'y' WHERE Id = 3", "1 of 60 entries: *y")) << InFront();
     store.Sql("DELETE FROM NOL_Schedule WHERE Id = 3");
     EXPECT_TRUE(shows("'yy' WHERE Id = 4", "1 of 59 entries: *yy")) << InFront();
-    EXPECT_TRUE(shows("Id || 'y'", "59 entries: 1y, 2y, *4y")) << InFront();
+    EXPECT_TRUE(shows("(99 - Id) || 'y'", "59 entries: 98y, 97y, *95y")) << InFront();
     EXPECT_EQ(editor.windowTitle(), u"E2[*] - Schedule Entry"_s);
 }
 

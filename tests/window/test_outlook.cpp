@@ -16,7 +16,7 @@ TEST_F(Windows, ALineTellsAfterEachActWhatTheEntryWouldRun) {
         const char* line;
         const char* failing = "";
     } cases[] = {
-        {{}, "Ended: no run is to come"},
+        {{}, "Would not run: Mar 2, 2026 12:00 AM has passed"},
         {{{"schedule.SSDStartDate", "3/4/2026\t"}}, "Next: Wed Mar 4 12:00 AM"},
         {{period("D")}, "Next: Tue Mar 3 12:00 AM, Wed Mar 4 12:00 AM, ..."},
         {{period("D"), hasEnd, end("3/3/2026\t")}, "Next: Tue Mar 3 12:00 AM, then no more"},
@@ -50,6 +50,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     for (const char* name : {"Day", "Six", "Fri"}) Store(name);
     store.Sql(
         "UPDATE NOL_Schedule SET RptGrpId = Id, Periodicity = substr('DHW', Id, 1), WhichWeekday = 6, "
+        "IncludeHolidays = 'N', "
         "Frequency = CASE Id WHEN 2 THEN 6 ELSE 1 END, IncludeFridays = substr('YYN', Id, 1), "
         "FirstDateTime = '2026-03-02 02:00:00'");
     MainWindow window{workspace, dialogs};
@@ -59,7 +60,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
     auto& runs = *window.Pane().findChild<QListWidget*>();
-    const auto labels = window.Pane().findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto labels = window.Pane().widget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     const auto label = [&](int place) { return Shown(*labels[place]); };
     // Whose runs; of which day or next ones, how many and the first; on March 8; what the week view tells.
     const auto trace = [&] {
@@ -84,7 +85,10 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
          "All entries; Sun Mar 8: 5 runs 5 2:00 AM   Day; 5" + busiest},
         {[&] { window.Pane().findChild<QToolButton*>(u"back"_s)->click(); },
          "All entries; Next runs 20 Mon Mar 2 2:00 AM   Day; 5" + busiest},
-        {[&] { now += 0.1; }, "All entries; Next runs 20 Mon Mar 2 8:00 AM   Six; 5" + busiest},
+        {[&] { now += 0.15; },
+         "All entries; Next runs 20 Mon Mar 2 8:00 AM   Six; 5; Busiest: Tue Mar 3 2:00 AM: 2 runs - North "
+         "Cells 1, "
+         "South Cells 1"},
         {[&] { week.setCurrentCell(4, 20); },
          "All entries; Next runs 20 Mon Mar 2 8:00 AM   Six; 5; Fri Mar 6 8:00 PM: 1 run - South Cells 1"},
         {[&] { Press(table, "Down"); },
@@ -102,6 +106,24 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     EXPECT_EQ(window.statusBar()->currentMessage(), u"Saved. Fri - Never runs: Friday is excluded"_s);
     const QModelIndex state = table.model()->index(1, EntryRow::State);
     EXPECT_EQ(state.data(Qt::ForegroundRole).value<QColor>(), qApp->palette().color(QPalette::BrightText));
+    const QLabel& line = *window.OpenEntry(1)->findChild<QLabel*>(u"outlook"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line.text().startsWith(u"Next: Tue Mar 3"); }));
+    store.Sql("UPDATE NOL_Schedule SET Frequency = 0 WHERE Id = 3");
+    store.Sql("INSERT INTO NOL_Holiday VALUES ('2026-03-03', 'Feast'), ('soon', '')");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line.text().startsWith(u"Next: Wed Mar 4"); })) << Shown(line);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return label(0).starts_with("Fri - Cannot be shown: "); })) << label(0);
+    EXPECT_TRUE(window.statusBar()->findChildren<QLabel*>()[1]->text().contains(u"\"soon\""));
+    EXPECT_GE(table.columnWidth(EntryRow::State),
+              static_cast<QAbstractItemView&>(table).sizeHintForColumn(EntryRow::State));
+    window.resize(600, 440);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.size(), QSize(600, 440));
+    EXPECT_GE(labels[0]->height(), labels[0]->heightForWidth(labels[0]->width()));
+    OutlookPane unfilled(nullptr);
+    Activate(unfilled);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return unfilled.widget() != nullptr; }));
+    QTest::qWait(100);  // nothing comes
+    EXPECT_EQ(Shown(*unfilled.widget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)[1]), "");
 }
 
 }  // namespace NolSchedCtls::Testing

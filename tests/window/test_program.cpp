@@ -39,7 +39,7 @@ TEST_F(Windows, TheProgramObeysItsCommandLine) {
         {"--db other --screenshots=taken", 3, 1, "taken/list.png", 0},
         {"--db other --now=2026-03-02T09:05 --screenshots=.", 0, 0, "", 16},
         {"--db=other --now 2026-03-02T09:05 --screenshots .", 0, 0, "", 0},
-        {"--db other --now=2027-01-05T09:05 --screenshots=.", 0, 0, "", 6},              // with a date
+        {"--db other --now=2027-01-05T09:05 --screenshots=.", 0, 0, "", 15},             // with a date
         {"--db=$ --now=2027-01-05T09:05 --screenshots=.", 0, 60, "Nightly Sweep: ", 3},  // general, list
         {"--db other --dark --screenshots=.", 0, 0, "", 16},
     };
