@@ -77,6 +77,16 @@ Done Act(XAmbitDownload& download, Verb verb, const std::string& text) {
     return verb == Verb::Pick ? Done(download.Pick(text)) : Done();
 }
 
+std::string Unusable(const Target& target) {
+    const std::string told = target.name + (target.field.IsShown() ? " is disabled" : " is hidden");
+    std::string obstacle;
+    try {
+        obstacle = target.obstacle();
+    } catch (const NolSchedError&) {  // the line is refused all the same
+    }
+    return told + (obstacle.empty() ? "" : " while ") + obstacle + ".";
+}
+
 std::string OfferText(const ViewField& field) {
     const auto offered = OfferedBy(field);
     return offered.empty() ? "nothing" : Joined(offered, Quoted);
@@ -93,8 +103,7 @@ std::optional<Verb> VerbNamed(std::string_view word) {
 // A text that the act cannot read is as little offered as one out of bounds.
 void DoAct(Verb verb, const Target& target, const std::string& text) {
     ViewField& field = target.field;
-    if (!field.IsUsable())
-        throw UsageError(target.name + (field.IsShown() ? " is disabled." : " is hidden."));
+    if (!field.IsUsable()) throw UsageError(Unusable(target));
     const Done done = Explained<UsageError>(
         [&] { return VisitField(field, [&](auto& kind) { return Act(kind, verb, text); }); },
         [&] { return target.name + ": "; });

@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 
 #include "NolSchedCtls/services/lintel.h"
 
@@ -17,13 +18,30 @@ using Json = nlohmann::ordered_json;
 
 class Answers {
   public:
-    Answers(std::ostream& outA, std::ostream& errA) : out(outA), err(errA) {}
+    // A row of a list ends at the width, in columns of a terminal; 0: no row is cut.
+    Answers(std::ostream& outA, std::ostream& errA, std::size_t widthA = 0)
+        : out(outA), err(errA), width(widthA) {}
 
     // One object a line, everything to the output; else text, with messages to the error stream.
     void UseJson() { isJson = true; }
+    // Whether an answer is to hold what no text tells.
+    bool IsJson() const { return isJson; }
 
     // The first key tells the kind of answer. Throws OutputError.
     void Tell(const Json& answer);
+
+    // Nothing is told meanwhile.
+    class Silence {
+      public:
+        explicit Silence(Answers& answersA) : answers(answersA), was(std::exchange(answers.isSilent, true)) {}
+        ~Silence() { answers.isSilent = was; }
+        Silence(const Silence&) = delete;
+        Silence& operator=(const Silence&) = delete;
+
+      private:
+        Answers& answers;
+        bool was;
+    };
 
     // Nothing can be told any more.
     bool IsLost() const;
@@ -31,13 +49,17 @@ class Answers {
   private:
     std::ostream& out;
     std::ostream& err;
+    std::size_t width;
     bool isJson = false;
+    bool isSilent = false;
 };
 
 // Null for no value.
 Json JsonOf(const LintelValue& value);
 Json JsonOf(const CheckedEntry& entry);
-// The properties of the record, then {"overrides": [...]} in order of addition.
+// Its stored properties under their names, in the order of their columns.
+Json PropertiesOf(const CNolSchedData& record);
+// {"record": ...} with all properties, then {"overrides": [...]} in order of addition, each as its row.
 Json JsonOf(const CNolSchedData& record);
 
 }  // namespace NolSchedCtls

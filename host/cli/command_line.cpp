@@ -14,9 +14,11 @@ constexpr const char* scriptHelp =
 constexpr const char* footer =
     "nolsched COMMAND --help tells what a command takes.\n"
     "A SCRIPT has one command a line, # begins a comment:\n"
-    "  click TAB.FIELD          type TAB.FIELD TEXT     look [TAB]     valid\n"
-    "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    record         save\n"
-    "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed        runs [N]\n"
+    "  click TAB.FIELD          type TAB.FIELD TEXT     valid        runs [N]\n"
+    "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    save         record\n"
+    "  date TAB.FIELD DATE      time TAB.FIELD HH:MM    changed\n"
+    "  look [TAB[.FIELD]] [--all]    the fields as they stand; all: labels, frames and places, too\n"
+    "nolsched fields tells which fields there are, what they offer and when they are there.\n"
     "Exit status: 0 done, 1 refused by a tab or found by check, 2 a wrong command or script line,\n"
     "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
 
@@ -52,6 +54,10 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
     auto& duplicate = AddCommand(app, "duplicate", "Saves a copy of an entry under a new id");
     auto& remove = AddCommand(app, "delete", "Deletes an entry");
     AddCommand(app, "watch", "Tells of each entry that anyone saves or deletes, until it is stopped");
+    AddText(
+        AddCommand(app, "fields", "Tells the fields of the tabs, what they offer and when they are there"),
+        "TAB", line.tab, "general, schedule, hom, plm, rfc or vcsa (all where left out)")
+        ->type_name("");
     for (auto* command : {&show, &edit, &duplicate, &remove})
         AddId(*command, line.id, "The entry's id")->required();
     for (auto* command : {&make, &edit})

@@ -9,6 +9,7 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/cli/command_line.h"
+#include "host/cli/field_rules.h"
 #include "host/cli/outlook_commands.h"
 #include "host/cli/script.h"
 #include "host/entries/entry_outlook.h"
@@ -45,13 +46,24 @@ Json ScheduleJson(const ListedEntry& entry, const EntryOutlook& outlook) {
             {"state", state.text}};
 }
 
+// Null for what no record can hold.
+Json ListedProperties(const ListedEntry& entry) {
+    Json properties = PropertiesOf(*entry.record);
+    if (entry.record->Id != entry.id)
+        for (Json& value : properties) value = nullptr;
+    return properties;
+}
+
 int List(const CommandRun& run) {
     const EntryOutlook outlook(run.workspace);
+    if (!run.answers.IsJson()) run.answers.Tell({{"columns", nullptr}});
     ForEachChosen(run, [&](const ListedEntry& entry) {
-        Json told{{"Id", entry.id},
-                  {"EditorName", entry.record->EditorName},
-                  {"group", entry.group},
-                  {"overrides", entry.kinds}};
+        Json told = run.answers.IsJson() ? ListedProperties(entry) : Json();
+        told.update(Json{{"Id", entry.id},
+                         {"EditorName", entry.record->EditorName},
+                         {"group", entry.group},
+                         {"sentence", nullptr},
+                         {"overrides", entry.kinds}});
         told.update(ScheduleJson(entry, outlook));
         run.answers.Tell({{"entry", told}});
     });
@@ -62,14 +74,13 @@ int Show(const CommandRun& run) {
     const Transaction reading(run.workspace.Store(), Access::Read);
     const StoredEntry entry = run.workspace.Entries().Load(*run.line.id);
     Json answer = JsonOf(*entry.record);
-    answer.erase("overrides");
     const auto tellSchedule = [&](const ListedEntry& listed) {
         const EntryOutlook outlook(run.workspace);
         answer.update(ScheduleJson(listed, outlook));
         answer["description"] = DescribeSchedule(*listed.record, outlook.Settings());
     };
     run.workspace.Entries().ForOne(*run.line.id, tellSchedule);
-    Json& rows = answer["rows"] = Json::array();
+    Json& rows = answer["overrides"] = Json::array();
     for (const auto& columns : run.workspace.Entries().OverrideRows(entry.record->Id)) {
         Json& row = rows.emplace_back();
         for (const auto& column : columns) row[column.Name] = JsonOf(column.Value);
@@ -157,6 +168,17 @@ int ChangeDocuments(const CommandRun& run) {
     return exitDone;
 }
 
+int TellFields(const CommandRun& run) {
+    const EntrySession session(run.workspace, EntrySession::NewEntry{});
+    const Page* const chosen = run.line.tab ? &PageNamed(session, *run.line.tab) : nullptr;
+    for (const Page& page : session.Pages()) {
+        if (chosen != nullptr && &page != chosen) continue;
+        for (const Json& field : FieldRules(run.workspace, run.answers, page.name).Told())
+            run.answers.Tell({{"field", field}});
+    }
+    return exitDone;
+}
+
 int RunCommand(const CommandRun& run) {
     constexpr std::pair<std::string_view, int (*)(const CommandRun&)> commands[] = {
         {"list", List},
@@ -173,6 +195,7 @@ int RunCommand(const CommandRun& run) {
         {"holidays add", AddHoliday},
         {"holidays delete", DeleteHoliday},
         {"holidays import", ImportHolidays},
+        {"fields", TellFields},
         {"documents", Documents},
         {"documents add", ChangeDocuments<&DocumentStore::Add>},
         {"documents delete", ChangeDocuments<&DocumentStore::Delete>}};
@@ -216,7 +239,7 @@ void ForEachChosen(const CommandRun& run, const std::function<void(const ListedE
 }
 
 int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
-    Answers answers(terminal.out, terminal.err);
+    Answers answers(terminal.out, terminal.err, terminal.width);
     try {
         return RunLine(arguments, terminal, answers);
     } catch (const UsageError& error) {

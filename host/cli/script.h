@@ -10,6 +10,9 @@
 
 namespace NolSchedCtls {
 
+// Throws UsageError that names the tabs there are.
+const Page& PageNamed(const EntrySession& session, std::string_view name);
+
 class Script {
   public:
     // Connects the session's notifier and tabs to the answers; load the session after it.
@@ -33,8 +36,8 @@ class Script {
     void ShowRecord();
     void ShowChanged();
     void Valid();
-    void LookAt(const Page& page);
-    const Page& PageNamed(std::string_view name) const;
+    // A field as "TAB.FIELD".
+    Target TargetNamed(std::string_view name);
     void Judge(ExitStatus judged);
     void Refuse(const Page& page);
 
