@@ -1,7 +1,6 @@
 #include "host/cli/field_rules.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "NolSchedCtls/base/text.h"
@@ -133,10 +132,11 @@ bool FieldRules::Explore(const std::vector<Act>& acts, std::size_t next) {
 
 bool FieldRules::FindSwitch(const UserControl& tab) {
     const auto usable = UsableOf(tab);
+    const auto nameOf = [](const auto& field) { return field.first; };
     const auto changes = [&](const ViewField& field) {
         return std::ranges::any_of(ValuesToTry(tab, field), [&](const std::string& value) {
             SetByName(tab, field.Name(), value);
-            return !std::ranges::equal(std::views::keys(usable), std::views::keys(UsableOf(tab)));
+            return !std::ranges::equal(usable, UsableOf(tab), {}, nameOf, nameOf);
         });
     };
     for (const ViewField* field : tab.Fields()) {
