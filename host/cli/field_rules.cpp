@@ -234,10 +234,10 @@ Texts FieldRules::Offers(const std::string& field) const {
     return offers;
 }
 
+// No switch at all stands in the way of a field that never is usable.
 std::string FieldRules::Obstacle(const UserControl& tab, const std::string& field) const {
     const Texts values = ValuesOf(tab);
     const auto isUsable = [&](const State& state) { return state.usable.contains(field); };
-    if (std::ranges::none_of(states, isUsable)) return {};
     for (const Choice& choice : Choices()) {
         const auto agrees = [&](const State& state) {
             return std::ranges::all_of(choice, [&](std::size_t i) { return state.values[i] == values[i]; });
