@@ -55,9 +55,12 @@ struct Close {
     void operator()(char* text) const { sqlite3_free(text); }
 };
 
+// In a folder that is there: else it could not be made either.
 bool IsMissing(const std::string& path) {
     std::error_code trouble;
-    return !std::filesystem::exists(path, trouble) && !trouble;
+    const auto folder = std::filesystem::absolute(path, trouble).parent_path();
+    return std::filesystem::is_directory(folder, trouble) && !std::filesystem::exists(path, trouble) &&
+           !trouble;
 }
 
 struct Prepared {

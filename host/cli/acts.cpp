@@ -97,6 +97,16 @@ Done Act(XAmbitDownload& download, Verb verb, const std::string& text) {
     return verb == Verb::Pick ? Done(download.Pick(text)) : Done();
 }
 
+std::string Unusable(const Target& target) {
+    const std::string told = target.field.IsShown() ? " is disabled" : " is hidden";
+    std::string obstacle;
+    try {
+        if (target.obstacle) obstacle = target.obstacle();
+    } catch (const NolSchedError&) {  // the line is refused all the same
+    }
+    return told + (obstacle.empty() ? "" : " while ") + obstacle + ".";
+}
+
 std::string OfferText(const std::string& text, const std::vector<std::string>& offered) {
     if (const auto nearest = NearestOf(text, offered)) return "; did you mean " + Quoted(*nearest) + "?";
     return "; it offers " + (offered.empty() ? "nothing" : Joined(offered, Quoted)) + ".";
@@ -116,7 +126,7 @@ void DoAct(Verb verb, const Target& target, const std::string& text) {
     const auto refuse = [&](const std::string& told) {
         throw UsageError(target.name + told, {target.name, text, OfferedBy(field)});
     };
-    if (!field.IsUsable()) refuse(field.IsShown() ? " is disabled." : " is hidden.");
+    if (!field.IsUsable()) refuse(Unusable(target));
     Done done;
     try {
         done = VisitField(field, [&](auto& kind) { return Act(kind, verb, text); });

@@ -1,6 +1,7 @@
 // A user's acts on view fields by name.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,8 @@ std::optional<Verb> VerbNamed(std::string_view word);
 struct Target {
     std::string name;
     ViewField& field;
+    // Why it cannot be used now, as `cboPeriod is "Once"`; may be none, and give nothing.
+    std::function<std::string()> obstacle = {};
 };
 
 // Throws UsageError that names the field and what is offered, for an act that a user could not do.

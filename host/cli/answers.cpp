@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 
 #include "NolSchedCtls/base/text.h"
@@ -24,6 +25,12 @@ std::string TextOf(const Json& value) {
     return value.is_string() ? Visible(value.get<std::string>()) : Dumped(value);
 }
 
+std::string InQuotes(const Json& value) {
+    return value.is_string() ? '"' + TextOf(value) + '"' : TextOf(value);
+}
+
+std::string WithoutEndBlanks(const std::string& row) { return row.substr(0, row.find_last_not_of(' ') + 1); }
+
 std::string Cell(const Json& value, std::size_t width) { return Padded(TextOf(value), width); }
 
 void WriteMessage(std::ostream& stream, const Json& answer) {
@@ -33,19 +40,27 @@ void WriteMessage(std::ostream& stream, const Json& answer) {
     stream << VisibleLines(head, message.at("text").get<std::string>());
 }
 
+// `offers "Once", "Hourly"`, `offers 1 to 24`.
+std::string OffersText(const Json& offers) {
+    if (offers.empty()) return "offers nothing";
+    const auto isCounted = [number = 1](const Json& offer) mutable {
+        return offer == std::to_string(number++);
+    };
+    if (offers.size() > 2 && std::ranges::all_of(offers, isCounted))
+        return "offers 1 to " + std::to_string(offers.size());
+    return "offers " + Joined(offers, InQuotes);
+}
+
 // "  name              kind        details", hidden and disabled fields marked.
 void WriteField(std::ostream& stream, const Json& field) {
     stream << "  " << Cell(field.at("name"), 20) << Cell(field.at("kind"), 10);
-    std::string details;
-    for (const auto& [key, value] : field.items()) {
-        if (key == "name" || key == "kind" || key == "visible" || key == "enabled" || key == "entries")
-            continue;
-        details += " " + key + "=" + (value.is_string() ? '"' + TextOf(value) + '"' : TextOf(value));
-    }
-    if (field.contains("entries")) details += " of " + std::to_string(field.at("entries").size());
-    if (field.at("visible") == false) details += " hidden";
-    if (field.at("enabled") == false) details += " disabled";
-    stream << details << '\n';
+    constexpr std::array apart = {"name", "kind", "visible", "enabled", "entries"};
+    for (const auto& [key, value] : field.items())
+        if (std::ranges::find(apart, key) == apart.end()) stream << ' ' << key << '=' << InQuotes(value);
+    if (field.contains("entries")) stream << ' ' << OffersText(field.at("entries"));
+    if (field.at("visible") == false) stream << " hidden";
+    if (field.at("enabled") == false) stream << " disabled";
+    stream << '\n';
 }
 
 void WriteLook(std::ostream& stream, const Json& answer) {
@@ -53,13 +68,16 @@ void WriteLook(std::ostream& stream, const Json& answer) {
     for (const auto& field : answer.at("fields")) WriteField(stream, field);
 }
 
-void WriteRows(std::ostream& stream, const Json& rows, const char* heading) {
-    for (const auto& row : rows) {
-        stream << heading;
-        for (const auto& [key, value] : row.items())
-            stream << ' ' << key << '=' << (value.is_string() ? '"' + TextOf(value) + '"' : TextOf(value));
-        stream << '\n';
-    }
+// `schedule.cbExcludeDay(3)   check box  "Wednesday"  while cboPeriod is Hourly or Daily`.
+void WriteRule(std::ostream& stream, const Json& answer) {
+    const Json& field = answer.at("field");
+    const Json& condition = field.at("while");
+    std::string told =
+        Padded(TextOf(field.at("tab")) + '.' + TextOf(field.at("name")), 27) + Cell(field.at("kind"), 9);
+    if (field.at("caption") != "") told += "  " + InQuotes(field.at("caption"));
+    if (!field.at("offers").empty()) told += "  " + OffersText(field.at("offers"));
+    if (!condition.is_null()) told += (condition == "never" ? "  " : "  while ") + TextOf(condition);
+    stream << WithoutEndBlanks(told) << '\n';
 }
 
 void WriteRecord(std::ostream& stream, const Json& answer) {
@@ -67,8 +85,11 @@ void WriteRecord(std::ostream& stream, const Json& answer) {
         stream << Padded(key, 20) << TextOf(value) << '\n';
     for (const char* key : {"sentence", "description", "next", "state"})
         if (answer.contains(key)) stream << Padded(key, 20) << TextOf(answer.at(key)) << '\n';
-    if (answer.contains("overrides")) WriteRows(stream, answer.at("overrides"), "override");
-    if (answer.contains("rows")) WriteRows(stream, answer.at("rows"), "row");
+    for (const auto& row : answer.at("overrides")) {
+        stream << "override";
+        for (const auto& [key, value] : row.items()) stream << ' ' << key << '=' << InQuotes(value);
+        stream << '\n';
+    }
 }
 
 void WriteValid(std::ostream& stream, const Json& answer) {
@@ -92,13 +113,32 @@ std::string MomentOf(const Json& value) {
     return value.is_null() ? "-" : MomentText(ParseIso(value.get<std::string>()));
 }
 
+struct ListColumn {
+    const char* key;
+    std::size_t width;
+};
+
+constexpr std::array listColumns = {
+    ListColumn{"Id", 5},     ListColumn{"EditorName", 22}, ListColumn{"group", 14},   ListColumn{"next", 17},
+    ListColumn{"state", 15}, ListColumn{"sentence", 50},   ListColumn{"overrides", 0}};
+
+template <class TextOfColumn>
+void WriteColumns(std::ostream& stream, const TextOfColumn& textOf) {
+    std::string row;
+    for (const auto& [key, width] : listColumns) row += Padded(textOf(std::string(key)), width) + ' ';
+    stream << WithoutEndBlanks(row) << '\n';
+}
+
+void WriteColumnNames(std::ostream& stream, const Json& /*answer*/) {
+    WriteColumns(stream, [](const std::string& key) { return key; });
+}
+
 void WriteEntry(std::ostream& stream, const Json& answer) {
-    const Json& entry = answer.at("entry");
-    const std::string overrides = Joined(entry.at("overrides"), TextOf);
-    stream << Cell(entry.at("Id"), 5) << ' ' << Cell(entry.at("EditorName"), 22) << ' '
-           << Cell(entry.at("group"), 14) << ' ' << Padded(MomentOf(entry.at("next")), 16) << "  "
-           << Cell(entry.at("state"), 15) << ' ' << Cell(entry.at("sentence"), overrides.empty() ? 0 : 50)
-           << (overrides.empty() ? "" : " " + overrides) << '\n';
+    WriteColumns(stream, [&entry = answer.at("entry")](const std::string& key) {
+        const Json& value = entry.at(key);
+        if (value.is_array()) return Joined(value, TextOf);
+        return key == "next" ? MomentOf(value) : TextOf(value);
+    });
 }
 
 void WriteRun(std::ostream& stream, const Json& answer) {
@@ -201,7 +241,14 @@ struct AnswerKind {
     std::string_view key;
     Stream stream;
     Write write;
+    bool isRow = false;  // of a list: cut at the terminal's edge
 };
+
+void WriteCut(std::ostream& stream, Write write, const Json& answer, std::size_t width) {
+    std::ostringstream row;
+    write(row, answer);
+    stream << Cut(row.str(), width);
+}
 
 struct ToJson {
     Json operator()(std::monostate) const { return nullptr; }
@@ -225,7 +272,7 @@ struct PropertyJson {
 
 Json OverrideJson(const CNolOverride& item) {
     return {{"NOL_OverrideId", item.NOL_OverrideId},
-            {"OverrideType", item.OverrideType},
+            {"Type", item.OverrideType},
             {"ScenarioId", item.ScenarioId},
             {"Duration", item.Duration},
             {"Polling_Interval", item.Polling_Interval},
@@ -240,6 +287,7 @@ std::string Dumped(const Json& value) {
 }
 
 void Answers::Tell(const Json& answer) {
+    if (isSilent) return;
     using enum Stream;
     static constexpr std::array answerKinds = {
         AnswerKind{"message", ErrAsText, WriteMessage},
@@ -253,7 +301,9 @@ void Answers::Tell(const Json& answer) {
         AnswerKind{changed, Out, WriteValue<changed>},
         AnswerKind{"valid", Out, WriteValid},
         AnswerKind{"saved", Out, WriteSaved},
-        AnswerKind{"entry", Out, WriteEntry},
+        AnswerKind{"field", Out, WriteRule},
+        AnswerKind{"columns", Out, WriteColumnNames, true},
+        AnswerKind{"entry", Out, WriteEntry, true},
         AnswerKind{"document", Out, WriteDocument},
         AnswerKind{deleted, Out, WriteValue<deleted>},
         AnswerKind{"watch", Out, WriteWatch},
@@ -274,6 +324,8 @@ void Answers::Tell(const Json& answer) {
     std::ostream& stream = isToErr ? err : out;
     if (isJson && kind->stream != File)
         stream << Dumped(answer) << '\n';
+    else if (kind->isRow && width > 0)
+        WriteCut(stream, kind->write, answer, width);
     else
         kind->write(stream, answer);
     Flush(stream, isToErr ? "standard error" : "standard output");
@@ -308,10 +360,15 @@ Json JsonOf(const CheckedEntry& entry) {
     return {{"Id", entry.id}, {"EditorName", entry.name}, {"state", entry.state}, {"reason", entry.reason}};
 }
 
-Json JsonOf(const CNolSchedData& record) {
+Json PropertiesOf(const CNolSchedData& record) {
     Json properties;
     for (const auto& column : entryColumns)
         properties[std::string(NameOf(column))] = std::visit(PropertyJson{record}, column);
+    return properties;
+}
+
+Json JsonOf(const CNolSchedData& record) {
+    Json properties = PropertiesOf(record);
     properties["IsNew"] = record.IsNew;
     for (const StudyKind& kind : studyKinds) properties[std::string(kind.sFlag)] = record.*kind.pFlag;
     Json overrides = Json::array();

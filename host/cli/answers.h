@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 
 #include "NolSchedCtls/services/lintel.h"
 
@@ -18,11 +19,15 @@ using Json = nlohmann::ordered_json;
 
 class Answers {
   public:
-    Answers(std::ostream& outA, std::ostream& errA) : out(outA), err(errA) {}
+    // A row of a list ends at the width, in columns of a terminal; 0: no row is cut.
+    Answers(std::ostream& outA, std::ostream& errA, std::size_t widthA = 0)
+        : out(outA), err(errA), width(widthA) {}
 
     // One object a line: errors and failures to the error stream, all else to the output in the order in
     // which it happens. Else text, with messages to the error stream, too.
     void UseJson() { isJson = true; }
+    // Whether an answer is to hold what no text tells.
+    bool IsJson() const { return isJson; }
 
     // The first key tells the kind of answer. Throws OutputError.
     void Tell(const Json& answer);
@@ -31,14 +36,29 @@ class Answers {
     // The name under which failures of the store are told.
     void UseStore(std::string name) { store = std::move(name); }
 
+    // Nothing is told meanwhile.
+    class Silence {
+      public:
+        explicit Silence(Answers& answersA) : answers(answersA), was(std::exchange(answers.isSilent, true)) {}
+        ~Silence() { answers.isSilent = was; }
+        Silence(const Silence&) = delete;
+        Silence& operator=(const Silence&) = delete;
+
+      private:
+        Answers& answers;
+        bool was;
+    };
+
     // Nothing can be told any more.
     bool IsLost() const;
 
   private:
     std::ostream& out;
     std::ostream& err;
+    std::size_t width;
     bool isJson = false;
     std::string store;
+    bool isSilent = false;
 };
 
 // In one line; bytes that are no UTF-8 become replacement characters.
@@ -48,7 +68,9 @@ Json JsonOf(const LintelValue& value);
 // {"error": {...}}, with what is known of place and field.
 Json JsonOf(const UsageError& error);
 Json JsonOf(const CheckedEntry& entry);
-// The properties of the record, then {"overrides": [...]} in order of addition.
+// Its stored properties under their names, in the order of their columns.
+Json PropertiesOf(const CNolSchedData& record);
+// {"record": ...} with all properties, then {"overrides": [...]} in order of addition, each as its row.
 Json JsonOf(const CNolSchedData& record);
 
 }  // namespace NolSchedCtls

@@ -15,16 +15,19 @@ constexpr const char* scriptHelp = "A file, or - for standard input; at a termin
 constexpr const char* footer =
     "nolsched COMMAND --help tells what a command takes.\n"
     "A SCRIPT has one command a line, # begins a comment:\n"
-    "  click TAB.FIELD          type TAB.FIELD TEXT     look [TAB]     valid\n"
-    "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    record         save\n"
-    "  date TAB.FIELD DATE      time TAB.FIELD TIME     changed        runs [N]\n"
+    "  click TAB.FIELD          type TAB.FIELD TEXT     valid        runs [N]\n"
+    "  pick TAB.FIELD TEXT      paste TAB.FIELD TEXT    save         record\n"
+    "  date TAB.FIELD DATE      time TAB.FIELD TIME     changed\n"
+    "  look [TAB[.FIELD]] [--all]    the fields as they stand; all: labels, frames and places, too\n"
     "  A DATE is typed as 2026-12-24, 12/24/2026 or 24 Dec 2026, a TIME as 22:30, 10:30 PM or 7.\n"
+    "nolsched fields tells which fields there are, what they offer and when they are there.\n"
     "Exit status: 0 done, 1 refused by a tab or found by check, 2 a wrong command or script line,\n"
     "3 the store or the output failed. Of a text, a control stands as \\n or \\u009b, a backslash as \\\\.";
 
 std::string WordHelp() {
     std::string help = "Words (set 12 period=Monthly on=\"Last Friday\"):";
-    for (const Word& word : Words()) help += "\n  " + Padded(std::string(word.name), 16) + std::string(word.takes);
+    for (const Word& word : Words())
+        help += "\n  " + Padded(std::string(word.name), 16) + std::string(word.takes);
     return help;
 }
 
@@ -90,6 +93,10 @@ void AddEntryCommands(CLI::App& app, CommandLine& line) {
         ->type_name("")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     AddText(edit, "SCRIPT", line.script, scriptHelp)->type_name("");
+    AddText(
+        AddCommand(app, "fields", "Tells the fields of the tabs, what they offer and when they are there"),
+        "TAB", line.tab, "general, schedule, hom, plm, rfc or vcsa (all where left out)")
+        ->type_name("");
     for (auto* command : {&make, &edit})
         command->add_flag("--discard", line.discards, "Drops changes that no save of the script has stored");
     auto& set = AddCommand(app, "set", "Sets entries by words: set 12 period=Weekly on=Monday");

@@ -28,6 +28,7 @@ struct CommandLine : HostArguments {
     std::string document;  // or a holiday's name
     std::string day;
     std::string file;
+    std::optional<std::string> tab;
     std::optional<std::string> from;
     std::optional<std::string> to;
     std::optional<int> count;

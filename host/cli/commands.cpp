@@ -12,6 +12,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/cli/command_line.h"
+#include "host/cli/field_rules.h"
 #include "host/cli/outlook_commands.h"
 #include "host/cli/plan_commands.h"
 #include "host/cli/script.h"
@@ -53,13 +54,24 @@ Json ScheduleJson(const ListedEntry& entry, const EntryOutlook& outlook) {
             {"state", state.text}};
 }
 
+// Null for what no record can hold.
+Json ListedProperties(const ListedEntry& entry) {
+    Json properties = PropertiesOf(*entry.record);
+    if (entry.record->Id != entry.id)
+        for (Json& value : properties) value = nullptr;
+    return properties;
+}
+
 int List(const CommandRun& run) {
     const EntryOutlook outlook(run.workspace);
+    if (!run.answers.IsJson()) run.answers.Tell({{"columns", nullptr}});
     ForEachChosen(run, [&](const ListedEntry& entry) {
-        Json told{{"Id", entry.id},
-                  {"EditorName", entry.record->EditorName},
-                  {"group", entry.group},
-                  {"overrides", entry.kinds}};
+        Json told = run.answers.IsJson() ? ListedProperties(entry) : Json();
+        told.update(Json{{"Id", entry.id},
+                         {"EditorName", entry.record->EditorName},
+                         {"group", entry.group},
+                         {"sentence", nullptr},
+                         {"overrides", entry.kinds}});
         told.update(ScheduleJson(entry, outlook));
         run.answers.Tell({{"entry", told}});
     });
@@ -70,14 +82,13 @@ void ShowOne(const CommandRun& run, std::int32_t id) {
     const Transaction reading(run.workspace.Store(), Access::Read);
     const StoredEntry entry = run.workspace.Entries().Load(id);
     Json answer = JsonOf(*entry.record);
-    answer.erase("overrides");
     const auto tellSchedule = [&](const ListedEntry& listed) {
         const EntryOutlook outlook(run.workspace);
         answer.update(ScheduleJson(listed, outlook));
         answer["description"] = DescribeSchedule(*listed.record, outlook.Settings());
     };
     run.workspace.Entries().ForOne(id, tellSchedule);
-    Json& rows = answer["rows"] = Json::array();
+    Json& rows = answer["overrides"] = Json::array();
     for (const auto& columns : run.workspace.Entries().OverrideRows(entry.record->Id)) {
         Json& row = rows.emplace_back();
         for (const auto& column : columns) row[column.Name] = JsonOf(column.Value);
@@ -206,6 +217,17 @@ int Init(const CommandRun& run) {
     return exitDone;
 }
 
+int TellFields(const CommandRun& run) {
+    const EntrySession session(run.workspace, EntrySession::NewEntry{});
+    const Page* const chosen = run.line.tab ? &PageNamed(session, *run.line.tab) : nullptr;
+    for (const Page& page : session.Pages()) {
+        if (chosen != nullptr && &page != chosen) continue;
+        for (const Json& field : FieldRules(run.workspace, run.answers, page.name).Told())
+            run.answers.Tell({{"field", field}});
+    }
+    return exitDone;
+}
+
 struct Command {
     std::string_view name;
     int (*carryOut)(const CommandRun&);
@@ -232,6 +254,7 @@ const Command& CommandNamed(const std::string& given) {
         {"holidays add", AddHoliday},
         {"holidays delete", DeleteHoliday},
         {"holidays import", ImportHolidays},
+        {"fields", TellFields},
         {"documents", Documents},
         {"documents add", AddDocument, Make},
         {"documents delete", DeleteDocument},
@@ -289,7 +312,7 @@ void TellStoreFailure(Answers& answers, const StoreError& error) {
 }  // namespace
 
 int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
-    Answers answers(terminal.out, terminal.err);
+    Answers answers(terminal.out, terminal.err, terminal.width);
     try {
         return RunLine(arguments, terminal, answers);
     } catch (const UsageError& error) {

@@ -17,6 +17,7 @@ struct Terminal {
     std::string user = {};       // who saves; empty: the user that the process runs for
     // Waits between two looks; false when a command that goes on until it is stopped is to end.
     std::function<bool(std::chrono::milliseconds)> pause = {};
+    std::size_t width = 0;  // columns of `out`, where it is a terminal: rows of a list end there; 0: nowhere
 };
 
 // The arguments after the program's name. Needs a QCoreApplication. Gives the exit status.

@@ -17,7 +17,9 @@ Json Twips(float twips) {
     return static_cast<float>(whole) == twips ? Json(whole) : Json(twips);
 }
 
-FieldView View(const CheckBox& box) { return {"check box", {{"value", box.Value()}}}; }
+FieldView View(const CheckBox& box) {
+    return {"check box", {{"value", box.Value()}, {"caption", box.Caption()}}};
+}
 
 FieldView View(const DropDownList& list) {
     return {"list",
@@ -45,12 +47,6 @@ FieldView View(const SSDateCombo& field) {
 
 FieldView View(const DTPicker& field) {
     return {"time", {{"hour", field.Hour()}, {"minute", field.Minute()}}};
-}
-
-FieldView View(const XMarlet& picker) {
-    return {
-        "picker",
-        {{"text", picker.Text()}, {"id", picker.Document() ? Json(picker.Document()->Id) : Json(nullptr)}}};
 }
 
 FieldView View(const XAmbitPurge& purge) {
@@ -85,9 +81,20 @@ FieldView View(const XAmbitDownload& download) {
     return {"download", {{"text", download.Text()}, {"entries", Offered(download)}}};
 }
 
+FieldView View(const XMarlet& picker) {
+    return {"picker",
+            {{"text", picker.Text()},
+             {"id", picker.Document() ? Json(picker.Document()->Id) : Json(nullptr)},
+             {"entries", Offered(picker)}}};
+}
+
 FieldView ViewOf(const ViewField& field) {
     return VisitField(field, [](const auto& kind) { return View(kind); });
 }
+
+bool IsActedOn(const ViewField& /*anyOther*/) { return true; }
+bool IsActedOn(const Label& /*label*/) { return false; }
+bool IsActedOn(const Frame& /*frame*/) { return false; }
 
 bool IsEnabled(const ViewField& field) {
     return field.Enabled() && (field.Container() == nullptr || IsEnabled(*field.Container()));
@@ -102,13 +109,20 @@ Texts OfferedBy(const ViewField& field) {
     return VisitField(field, [](const auto& kind) { return Offered(kind); });
 }
 
-Json Describe(const ViewField& field) {
+bool IsForActs(const ViewField& field) {
+    return VisitField(field, [](const auto& kind) { return IsActedOn(kind); });
+}
+
+Json Describe(const ViewField& field, bool withPlace) {
     const FieldView view = ViewOf(field);
     Json described = {{"name", field.Name()},
                       {"kind", view.kind},
                       {"visible", field.IsShown()},
                       {"enabled", IsEnabled(field)}};
     described.update(view.shown);
+    if (withPlace) return described;
+    described.erase("left");
+    described.erase("width");
     return described;
 }
 

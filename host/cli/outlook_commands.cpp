@@ -87,7 +87,7 @@ int Check(const CommandRun& run) {
     }
     for (const CheckedEntry& entry : found) run.answers.Tell({{"check", JsonOf(entry)}});
     const auto damaged = run.workspace.Holidays().Days().troubles;
-    for (const std::string& trouble : damaged) run.answers.Tell({{"failure", trouble}});
+    for (const std::string& trouble : damaged) run.answers.TellFailure(StoreError(trouble));
     return found.empty() && damaged.empty() ? exitDone : exitRefused;
 }
 

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "NolSchedCtls/base/text.h"
+#include "host/cli/field_rules.h"
 #include "host/cli/field_view.h"
 #include "host/entries/entry_check.h"
 
@@ -52,6 +53,13 @@ void RefuseRest(std::string_view verb, std::string_view rest) {
 }
 
 }  // namespace
+
+const Page& PageNamed(const EntrySession& session, std::string_view name) {
+    for (const Page& page : session.Pages())
+        if (page.name == name) return page;
+    throw UsageError("There is no tab " + Quoted(name) + "; there are " +
+                     Joined(session.Pages(), &Page::name) + ".");
+}
 
 Script::Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA)
     : workspace(workspaceA), session(sessionA), answers(answersA) {
@@ -121,38 +129,47 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
     const std::size_t dot = target.find('.');
     if (dot == std::string_view::npos)
         throw UsageError(std::string(verb) + " takes a field as TAB.FIELD, not " + Quoted(target) + ".");
-    const Page& page = PageNamed(target.substr(0, dot));
-    ViewField* const field = page.tab->FindField(target.substr(dot + 1));
+    const Target found = TargetNamed(target);
+    if (act == Verb::Click) RefuseRest(verb, rest);
+    DoAct(act, found, std::string(rest));
+}
+
+Target Script::TargetNamed(std::string_view name) {
+    const std::size_t dot = name.find('.');
+    const Page& page = PageNamed(session, name.substr(0, dot));
+    ViewField* const field = page.tab->FindField(name.substr(dot + 1));
     if (field == nullptr)
         throw UsageError("The tab " + std::string(page.name) + " has no field " +
-                         Quoted(target.substr(dot + 1)) + "; it has " +
+                         Quoted(name.substr(dot + 1)) + "; it has " +
                          Joined(page.tab->Fields(), [](const ViewField* known) { return known->Name(); }) +
                          ".");
-    if (act == Verb::Click) RefuseRest(verb, rest);
-    DoAct(act, {std::string(target), *field}, std::string(rest));
-}
-
-const Page& Script::PageNamed(std::string_view name) const {
-    for (const Page& page : session.Pages())
-        if (page.name == name) return page;
-    throw UsageError("There is no tab " + Quoted(name) + "; there are " +
-                     Joined(session.Pages(), &Page::name) + ".");
-}
-
-void Script::LookAt(const Page& page) {
-    Json fields = Json::array();
-    for (const ViewField* field : page.tab->Fields()) fields.push_back(Describe(*field));
-    answers.Tell({{"look", page.name}, {"fields", fields}});
+    return {std::string(name), *field, [this, &page, field] {
+                return FieldRules(workspace, answers, page.name).Obstacle(*page.tab, field->Name());
+            }};
 }
 
 void Script::Look(std::string_view rest) {
-    rest = WithoutLeadingBlanks(rest);
-    if (!IsEmptyOrComment(rest)) {
-        const std::string_view name = TakeWord(rest);
-        RefuseRest("look " + std::string(name), rest);
-        return LookAt(PageNamed(name));
+    std::string_view name;
+    bool isAll = answers.IsJson();
+    for (rest = WithoutLeadingBlanks(rest); !IsEmptyOrComment(rest); rest = WithoutLeadingBlanks(rest)) {
+        const std::string_view word = TakeWord(rest);
+        if (word == "--all")
+            isAll = true;
+        else if (name.empty())
+            name = word;
+        else
+            RefuseRest("look " + std::string(name), word);
     }
-    for (const Page& page : session.Pages()) LookAt(page);
+    const bool isOneField = name.find('.') != std::string_view::npos;
+    const auto look = [&](const Page& page) {
+        Json fields = Json::array();
+        for (const ViewField* field : page.tab->Fields())
+            if (isOneField ? field == &TargetNamed(name).field : isAll || IsForActs(*field))
+                fields.push_back(Describe(*field, isAll));
+        answers.Tell({{"look", page.name}, {"fields", fields}});
+    };
+    if (!name.empty()) return look(PageNamed(session, name.substr(0, name.find('.'))));
+    for (const Page& page : session.Pages()) look(page);
 }
 
 // Without runs, the state and its reason in the form of the command check.

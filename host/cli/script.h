@@ -12,6 +12,8 @@ namespace NolSchedCtls {
 
 // What becomes of changes that are left at the end of a script.
 enum class Unsaved { Refuse, Discard };
+// Throws UsageError that names the tabs there are.
+const Page& PageNamed(const EntrySession& session, std::string_view name);
 
 class Script {
   public:
@@ -37,8 +39,8 @@ class Script {
     void ShowRecord();
     void ShowChanged();
     void Valid();
-    void LookAt(const Page& page);
-    const Page& PageNamed(std::string_view name) const;
+    // A field as "TAB.FIELD".
+    Target TargetNamed(std::string_view name);
     void Judge(ExitStatus judged);
     void Refuse(const Page& page);
     UsageError At(UsageError error, const std::string& file, int line);

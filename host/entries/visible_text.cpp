@@ -1,6 +1,8 @@
 #include "host/entries/visible_text.h"
 
+#include <locale.h>
 #include <utf8.h>
+#include <wchar.h>
 
 #include <algorithm>
 #include <array>
@@ -41,11 +43,45 @@ std::string Escape(char32_t letter, bool isByte) {
     return text.data();
 }
 
-std::size_t LettersOf(const std::string& text) {
-    return static_cast<std::size_t>(utf8::unchecked::distance(text.begin(), text.end()));
+bool IsPlain(char letter) { return letter >= ' ' && letter < '\x7F'; }
+
+// The C library knows the widths of letters in a locale alone; while this stands, the thread has one of
+// UTF-8.
+class Utf8Locale {
+  public:
+    Utf8Locale() : former(uselocale(Utf8())) {}
+    ~Utf8Locale() { uselocale(former); }
+    Utf8Locale(const Utf8Locale&) = delete;
+    Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+  private:
+    static locale_t Utf8() {
+        static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t{});
+        return utf8;
+    }
+    locale_t former;
+};
+
+std::size_t ColumnsOf(char32_t letter) {
+    const int columns = wcwidth(static_cast<wchar_t>(letter));
+    return columns < 0 ? 1 : static_cast<std::size_t>(columns);
 }
 
-bool IsPlain(char letter) { return letter >= ' ' && letter < '\x7F'; }
+// The length of the text's beginning that takes at most so many columns, and those that it takes.
+std::pair<std::size_t, std::size_t> Within(std::string_view text, std::size_t most) {
+    if (std::ranges::all_of(text, IsPlain)) return {std::min(text.size(), most), std::min(text.size(), most)};
+    const Utf8Locale locale;
+    const char* end = text.data();
+    std::size_t columns = 0;
+    for (const char* at = end; at != text.data() + text.size(); end = at) {
+        const std::size_t more = ColumnsOf(utf8::unchecked::next(at));
+        if (columns + more > most) break;
+        columns += more;
+    }
+    return {static_cast<std::size_t>(end - text.data()), columns};
+}
+
+std::size_t ColumnsOf(std::string_view text) { return Within(text, text.size()).second; }
 
 }  // namespace
 
@@ -77,14 +113,20 @@ std::string VisibleLines(const std::string& head, const std::string& text) {
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
         if (line.ends_with('\r')) line.pop_back();
-        shown += (shown.empty() ? head : std::string(LettersOf(head), ' ')) + Visible(line) + '\n';
+        shown += (shown.empty() ? head : std::string(ColumnsOf(head), ' ')) + Visible(line) + '\n';
     }
     return shown;
 }
 
 std::string Padded(std::string text, std::size_t width) {
-    const std::size_t letters = LettersOf(text);
-    return std::move(text) + std::string(width - std::min(letters, width), ' ');
+    const std::size_t columns = ColumnsOf(text);
+    return std::move(text) + std::string(width - std::min(columns, width), ' ');
+}
+
+std::string Cut(const std::string& line, std::size_t width) {
+    const std::string_view text(line.data(), line.find_last_not_of('\n') + 1);
+    if (ColumnsOf(text) <= width) return line;
+    return line.substr(0, Within(text, width - 1).first) + "…" + line.substr(text.size());
 }
 
 }  // namespace NolSchedCtls

@@ -40,7 +40,8 @@ inline std::string RunCommandLine(const std::string& address, std::vector<std::s
     Stream first(text, ""), second(text, "! ");
     std::istringstream in(input);
     std::ostream out(&first), err(&second);
-    Terminal terminal{in, out, err, isInteractive, *now == '\0' ? "" : "tester", std::move(pause)};
+    const std::size_t width = isInteractive ? 60 : 0;
+    Terminal terminal{in, out, err, isInteractive, *now == '\0' ? "" : "tester", std::move(pause), width};
     const int status = RunNolsched(arguments, terminal);
     if (status != 0) text += "[status " + std::to_string(status) + "]\n";
     for (std::size_t at = 0; !address.empty() && (at = text.find(address, at)) != std::string::npos;)

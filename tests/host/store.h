@@ -5,7 +5,8 @@
 
 namespace NolSchedCtls::Testing {
 
-// A new store with samples, or nothing yet, gone at its end: a file, or a database on the server that NOLSCHED_TEST_SERVER names
+// A new store with samples, or nothing yet, gone at its end: a file, or a database on the server that
+// NOLSCHED_TEST_SERVER names
 // ("postgresql://user@host:port").
 class TemporaryStore {
   public:

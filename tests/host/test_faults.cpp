@@ -63,6 +63,13 @@ class Sessions : public testing::Test {
         }
     }
 
+    // The same of a session in which something differs from the store.
+    std::string SaveChanged(EntrySession& session) {
+        std::string& active = session.Record().ScheduleActive;
+        active = active == "Y" ? "N" : "Y";
+        return Save(session);
+    }
+
     // What a save tells if the server ends the connection just before each statement that begins so.
     std::string SaveWithoutServerAt(std::string_view beginning) {
         const ScopedConnection fault = workspace.Store().Statement.Connect([&](std::string_view text) {
@@ -107,8 +114,8 @@ TEST_F(Sessions, AFailingStatementLeavesStoreAndRecordAsTheyWere) {
     const std::string tell = TemporaryStore::IsServer() ? ", NOTIFY" : "";
     EXPECT_EQ(FailEachStatement(fresh),
               "SELECT, " + begin + ", INSERT" + tell + ", INSERT, SELECT, COMMIT, saved");
-    EXPECT_EQ(FailEachStatement(entry),
-              "SELECT, " + begin + ", SELECT, UPDATE" + tell + ", DELETE, INSERT, SELECT, SELECT, COMMIT, saved");
+    EXPECT_EQ(FailEachStatement(entry), "SELECT, " + begin + ", SELECT, UPDATE" + tell +
+                                            ", DELETE, INSERT, SELECT, SELECT, COMMIT, saved");
     EXPECT_EQ(store.Sql("SELECT Duration FROM NOL_Override ORDER BY 1"), "60\n90\n");
 }
 
@@ -116,8 +123,8 @@ TEST_F(Sessions, TheSecondSaverIsToldWhoWasFasterAndKeepsItsInput) {
     EntrySession second(workspace, 1);
     second.Load();
     OverrideHom(second, "90");
-    EXPECT_EQ(Save(entry), "saved");
-    EXPECT_EQ(Save(entry), "saved");  // its own earlier save is no other user's
+    EXPECT_EQ(SaveChanged(entry), "saved");
+    EXPECT_EQ(SaveChanged(entry), "saved");  // its own earlier save is no other user's
     EXPECT_EQ(Save(second),
               "The entry \"Nightly\" was saved by tester at 2026-03-02 00:00:00, after it was opened here.");
     EXPECT_EQ(second.FindPage("hom")->tab->Field<TextBox>("txtDuration").Text(), "90");
@@ -183,12 +190,12 @@ TEST_F(OpenedEntry, AWatchMissesNothing) {
     const auto other = OpenDatabase(store.Address());
     EntryWatch watch(*other);
     EXPECT_EQ(Heard(watch), "saved 1;");
-    entry.Save();
+    SaveChanged(entry);
     const auto refuse = [](const auto&) { throw NolSchedError("refused"); };
     EXPECT_THROW(for (int i = 0; i < 500; ++i, usleep(10'000)) watch.Look(refuse), NolSchedError);
     EXPECT_EQ(Heard(watch), "saved 1;") << "to a listener that has failed, again";
     store.Sql(endConnections);
-    entry.Save();
+    SaveChanged(entry);
     EXPECT_EQ(Heard(watch), "saved 1;");
     workspace.Entries().Delete(1);
     store.Sql(endConnections);
@@ -384,7 +391,7 @@ TEST(Faults, AtAPromptAFailedSaveIsToldAndTheInputStays) {
     EXPECT_EQ(edit(script, false), "! " + failure + "[status 3]\n");
     EXPECT_EQ(edit(script, true), told + "[status 3]\n");
     EXPECT_EQ(edit(script + "click general.chkCreateFiles\nsave", true),
-              told + "nolsched> saved 1\n! nolsched> ");
+              told + "nolsched> unchanged 1\n! nolsched> ");
 }
 
 TEST(Faults, AStoreThatCannotBeOpenedIsNamed) {
