@@ -63,7 +63,7 @@ Done Act(CheckBox& box, Verb verb, const std::string& /*text*/) {
 }
 
 Done Act(DropDownList& list, Verb verb, const std::string& text) {
-    return verb == Verb::Pick ? Done(list.Pick(text == "\"\"" ? "" : text)) : Done();
+    return verb == Verb::Pick ? Done(list.Pick(text)) : Done();
 }
 
 Done Act(TextBox& box, Verb verb, const std::string& text) {
@@ -83,7 +83,7 @@ Done Act(DTPicker& field, Verb verb, const std::string& text) {
 }
 
 Done Act(XMarlet& picker, Verb verb, const std::string& text) {
-    if (verb == Verb::Pick) return picker.Pick(text == "\"\"" ? "" : text);
+    if (verb == Verb::Pick) return picker.Pick(text);
     return verb == Verb::Type || verb == Verb::Paste ? Done(picker.Paste(text)) : Done();
 }
 

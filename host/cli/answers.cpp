@@ -180,8 +180,8 @@ void WriteSet(std::ostream& stream, const Json& answer) {
     std::vector<std::string> changes;
     for (const auto& [word, change] : told.at("changes").items())
         changes.push_back(word + ' ' + TextOf(change.at("from")) + " -> " + TextOf(change.at("to")));
-    stream << (told.contains("dryRun") ? "rehearsed: " : "") << TextOf(told.at("act")) << ' ' << told.at("Id")
-           << (changes.empty() ? "" : ": ") << Joined(changes) << '\n';
+    stream << TextOf(told.at("act")) << ' ' << told.at("Id") << (changes.empty() ? "" : ": ")
+           << Joined(changes) << '\n';
 }
 
 void WriteApplied(std::ostream& stream, const Json& answer) {
@@ -248,6 +248,13 @@ void WriteCut(std::ostream& stream, Write write, const Json& answer, std::size_t
     std::ostringstream row;
     write(row, answer);
     stream << Cut(row.str(), width);
+}
+
+// "saved 12: period Daily -> Weekly (dry run)"
+void WriteMarked(std::ostream& stream, Write write, const Json& answer) {
+    std::ostringstream row;
+    write(row, answer);
+    stream << std::string_view(row.view()).substr(0, row.view().size() - 1) << " (dry run)\n";
 }
 
 struct ToJson {
@@ -324,6 +331,8 @@ void Answers::Tell(const Json& answer) {
     std::ostream& stream = isToErr ? err : out;
     if (isJson && kind->stream != File)
         stream << Dumped(answer) << '\n';
+    else if (answer.contains("dryRun"))
+        WriteMarked(stream, kind->write, answer);
     else if (kind->isRow && width > 0)
         WriteCut(stream, kind->write, answer, width);
     else

@@ -1,4 +1,4 @@
-// Which entries a command is for.
+// Which entries a command is for, and how what it writes is agreed to and finished.
 #include <algorithm>
 #include <iostream>
 
@@ -80,6 +80,14 @@ std::vector<std::int32_t> Chosen(const CommandRun& run) {
                   [&ids](const ListedEntry& entry) { ids.push_back(static_cast<std::int32_t>(entry.id)); });
     if (ids.empty()) throw RequestError("No entry is chosen.");
     return ids;
+}
+
+void Change::Finish() {
+    if (!run.line.isDryRun) transaction.Commit();
+    for (Json& answer : told) {
+        if (run.line.isDryRun) answer["dryRun"] = true;
+        run.answers.Tell(answer);
+    }
 }
 
 std::vector<std::int32_t> ChosenForChange(const CommandRun& run) {

@@ -25,4 +25,19 @@ std::vector<std::int32_t> Chosen(const CommandRun& run);
 // The same, to be changed. Throws UsageError, too, where a filter has chosen and nobody agrees.
 std::vector<std::int32_t> ChosenForChange(const CommandRun& run);
 
+// What a command writes, all or nothing: rolled back at its end unless it was finished, and told only when it
+// stands. In a dry run nothing stands.
+class Change {
+  public:
+    explicit Change(const CommandRun& runA) : run(runA), transaction(runA.workspace.Store()) {}
+
+    void Tell(Json answer) { told.push_back(std::move(answer)); }
+    void Finish();
+
+  private:
+    const CommandRun& run;
+    Transaction transaction;
+    std::vector<Json> told;
+};
+
 }  // namespace NolSchedCtls

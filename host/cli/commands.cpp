@@ -119,30 +119,28 @@ int Edit(const CommandRun& run) {
     return RunScript(run, session);
 }
 
-// What writes writes all or nothing.
-void ChangeChosen(const CommandRun& run, const std::function<void(std::int32_t)>& change) {
+// With the answer of each.
+void ChangeChosen(const CommandRun& run, const std::function<Json(std::int32_t)>& change) {
     const auto ids = ChosenForChange(run);
-    Transaction transaction(run.workspace.Store());
-    for (const std::int32_t id : ids) change(id);
-    if (!run.line.isDryRun) transaction.Commit();
+    Change whole(run);
+    for (const std::int32_t id : ids) whole.Tell(change(id));
+    whole.Finish();
 }
 
 int Duplicate(const CommandRun& run) {
-    int verdict = exitDone;
-    ChangeChosen(run, [&](std::int32_t id) {
+    ChangeChosen(run, [&run](std::int32_t id) -> Json {
         EntrySession copy(run.workspace, EntrySession::CopyOf{id});
-        Script script(run.workspace, copy, run.answers);
         copy.Load();
-        script.Save();
-        verdict = std::max(verdict, script.Verdict());
+        SaveOrRefuse(copy);
+        return {{"saved", true}, {"Id", copy.Record().Id}};
     });
-    return verdict;
+    return exitDone;
 }
 
 int Delete(const CommandRun& run) {
-    ChangeChosen(run, [&run](std::int32_t id) {
+    ChangeChosen(run, [&run](std::int32_t id) -> Json {
         run.workspace.Entries().Delete(id);
-        run.answers.Tell({{"deleted", id}});
+        return {{"deleted", id}};
     });
     return exitDone;
 }
@@ -315,6 +313,9 @@ int RunNolsched(const std::vector<std::string>& arguments, Terminal& terminal) {
     Answers answers(terminal.out, terminal.err, terminal.width);
     try {
         return RunLine(arguments, terminal, answers);
+    } catch (const RefusedError& error) {
+        return End(
+            answers, [&] { answers.Tell(JsonOf(error)); }, exitRefused);
     } catch (const UsageError& error) {
         return End(
             answers, [&] { answers.Tell(JsonOf(error)); }, exitUsage);

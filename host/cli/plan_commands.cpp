@@ -29,40 +29,34 @@ Json JsonOf(const std::vector<WordChange>& changes) {
     return told;
 }
 
-// Writes the words into the session and saves it. Throws RefusedError, and UsageError that names the entry.
-Outcome Save(const CommandRun& run, EntrySession& session, const WordTexts& texts) {
+UsageError::Place PlaceOf(const CNolSchedData& record) {
+    return {{}, 0, record.IsNew ? 0 : record.Id, record.EditorName};
+}
+
+// Throws UsageError that names the entry.
+Outcome Save(EntrySession& session, const WordTexts& texts, Change& change) {
     const CNolSchedData& record = session.Record();
     const bool isNew = record.IsNew;
-    const UsageError::Place place{{}, 0, isNew ? 0 : record.Id, record.EditorName};
+    const UsageError::Place place = PlaceOf(record);
     session.Load();
     const WordTexts before = ReadWords(session);
-    EntrySession::SaveResult result;
+    bool isUnchanged = false;
     try {
         WriteWords(session, texts);
-        result = session.Save();
+        isUnchanged = SaveOrRefuse(session);
     } catch (UsageError& error) {
         error.place = place;
         throw;
     }
-    if (result.refusedBy != nullptr)
-        throw RefusedError("the tab " + std::string(result.refusedBy->title) + " refuses it.", place);
-    const Outcome outcome = isNew                ? Outcome::Created
-                            : result.isUnchanged ? Outcome::Unchanged
-                                                 : Outcome::Changed;
     constexpr const char* names[] = {"created", "saved", "unchanged"};
+    const Outcome outcome = isNew ? Outcome::Created : isUnchanged ? Outcome::Unchanged : Outcome::Changed;
     const auto changes = isNew ? std::vector<WordChange>() : ChangesBetween(before, ReadWords(session));
-    Json told{{idKey, record.Id},
-              {"EditorName", record.EditorName},
-              {"act", names[static_cast<int>(outcome)]},
-              {"changes", JsonOf(changes)}};
-    if (run.line.isDryRun) told["dryRun"] = true;
-    run.answers.Tell({{"set", told}});
+    change.Tell({{"set",
+                  {{idKey, record.Id},
+                   {"EditorName", record.EditorName},
+                   {"act", names[static_cast<int>(outcome)]},
+                   {"changes", JsonOf(changes)}}}});
     return outcome;
-}
-
-// All or nothing, and nothing in a rehearsal.
-void Finish(const CommandRun& run, Transaction& transaction) {
-    if (!run.line.isDryRun) transaction.Commit();
 }
 
 std::int32_t GroupNamed(const CommandRun& run, const std::string& name) {
@@ -140,66 +134,83 @@ void MakeMissing(const CommandRun& run, const WordTexts& texts) {
     }
 }
 
-// Which stored entry a planned one means; 0 for a new one.
+// Which stored entry a planned one means: that of its Id, and by its name where it has none or names alone
+// count.
 class Matching {
   public:
-    explicit Matching(const CommandRun& run) : byName(run.line.matchesNames) {
-        run.workspace.Entries().ForAll([this](const ListedEntry& entry) {
-            ids.insert(entry.id);
-            if (byName) names.emplace(entry.record->EditorName, entry.id);
-        });
+    explicit Matching(const CommandRun& run) : isByName(run.line.matchesNames) {
+        run.workspace.Entries().ForAll(
+            [this](const ListedEntry& entry) { Add(entry.id, entry.record->EditorName); });
     }
 
+    void Add(std::int64_t id, const std::string& name) {
+        ids.insert(id);
+        names.emplace(name, id);
+    }
+
+    // The Id of a new one: 0 for the store's next.
+    std::int32_t NewId(const Planned& planned) const { return isByName ? 0 : planned.id; }
+
+    // 0 for none.
     std::int32_t IdOf(const Planned& planned) const {
-        if (!byName) return ids.contains(planned.id) ? planned.id : 0;
+        if (NewId(planned) != 0) return ids.contains(planned.id) ? planned.id : 0;
         const std::string* const name = TextOf(planned.texts, "name");
-        if (name == nullptr) throw UsageError("An entry without a name cannot be found by it.");
+        if (name == nullptr) throw UsageError("it lacks its name.");
         if (names.count(*name) > 1)
-            throw UsageError("There are " + std::to_string(names.count(*name)) + " entries named " +
+            throw UsageError("there are " + std::to_string(names.count(*name)) + " entries named " +
                              Quoted(*name) + ".");
         const auto found = names.find(*name);
         return found == names.end() ? 0 : static_cast<std::int32_t>(found->second);
     }
 
   private:
-    bool byName;
+    bool isByName;
     std::set<std::int64_t> ids;
     std::multimap<std::string, std::int64_t> names;
 };
 
-Outcome ApplyOne(const CommandRun& run, const Matching& matching, const Json& object) {
+Outcome ApplyOne(const CommandRun& run, Matching& matching, const Json& object, Change& change) {
     const Planned planned = PlannedOf(object);
     MakeMissing(run, planned.texts);
     if (const std::int32_t id = matching.IdOf(planned); id != 0) {
         EntrySession session(run.workspace, id);
-        return Save(run, session, planned.texts);
+        return Save(session, planned.texts, change);
     }
-    EntrySession session(run.workspace,
-                         NewEntryOf(run, planned.texts, false, run.line.matchesNames ? 0 : planned.id));
-    return Save(run, session, planned.texts);
+    EntrySession session(run.workspace, NewEntryOf(run, planned.texts, false, matching.NewId(planned)));
+    const Outcome outcome = Save(session, planned.texts, change);
+    matching.Add(session.Record().Id, session.Record().EditorName);
+    return outcome;
 }
 
 }  // namespace
+
+bool SaveOrRefuse(EntrySession& session) {
+    const UsageError::Place place = PlaceOf(session.Record());
+    const auto [refusal, isUnchanged] = session.Save();
+    if (refusal != nullptr)
+        throw RefusedError("the tab " + std::string(refusal->title) + " refuses it.", place);
+    return isUnchanged;
+}
 
 int Set(const CommandRun& run) {
     const WordTexts texts = ParseWords(run.line.words);
     if (texts.empty()) throw UsageError("set lacks WORD=TEXT, as period=Weekly.");
     const auto ids = ChosenForChange(run);
-    Transaction transaction(run.workspace.Store());
+    Change change(run);
     for (const std::int32_t id : ids) {
         EntrySession session(run.workspace, id);
-        Save(run, session, texts);
+        Save(session, texts, change);
     }
-    Finish(run, transaction);
+    change.Finish();
     return exitDone;
 }
 
 int NewByWords(const CommandRun& run) {
     const WordTexts texts = ParseWords(run.line.words);
-    Transaction transaction(run.workspace.Store());
+    Change change(run);
     EntrySession session(run.workspace, NewEntryOf(run, texts, run.line.isImmediate, 0));
-    Save(run, session, texts);
-    Finish(run, transaction);
+    Save(session, texts, change);
+    change.Finish();
     return exitDone;
 }
 
@@ -226,21 +237,20 @@ int Dump(const CommandRun& run) {
 
 int Apply(const CommandRun& run) {
     const Json plan = ReadPlan(run);
-    Transaction transaction(run.workspace.Store());
-    const Matching matching(run);
+    Change change(run);
+    Matching matching(run);
     int counts[3] = {};
     for (std::size_t i = 0; i < plan.size(); ++i) {
         try {
-            ++counts[static_cast<int>(ApplyOne(run, matching, plan[i]))];
+            ++counts[static_cast<int>(ApplyOne(run, matching, plan[i], change))];
         } catch (UsageError& error) {
             if (error.place) error.place->file = run.line.file;
             if (error.place) throw;
             throw UsageError("The plan's entry " + std::to_string(i + 1) + ": " + error.what());
         }
     }
-    Finish(run, transaction);
-    run.answers.Tell(
-        {{"applied", {{"created", counts[0]}, {"changed", counts[1]}, {"unchanged", counts[2]}}}});
+    change.Tell({{"applied", {{"created", counts[0]}, {"changed", counts[1]}, {"unchanged", counts[2]}}}});
+    change.Finish();
     return exitDone;
 }
 

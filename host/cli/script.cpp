@@ -35,6 +35,42 @@ bool IsEmptyOrComment(std::string_view line) {
     return line.empty() || line.starts_with('#');
 }
 
+void RefuseRest(std::string_view verb, std::string_view rest) {
+    if (!IsEmptyOrComment(rest))
+        throw UsageError(std::string(verb) + " takes no text, but " + Quoted(Trimmed(rest, blanks)) +
+                         " stands after it.");
+}
+
+// What stands between quotes, as \" and \\ within them mean it; the line goes on behind.
+std::string TakeQuoted(std::string_view& line) {
+    std::string text;
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        if (line[i] == '"') {
+            line.remove_prefix(i + 1);
+            return text;
+        }
+        const bool isMeant =
+            line[i] == '\\' && i + 1 < line.size() && (line[i + 1] == '"' || line[i + 1] == '\\');
+        text += line[isMeant ? ++i : i];
+    }
+    throw UsageError("The quotes of " + std::string(line) + " are not closed.");
+}
+
+// Up to a comment, which blanks go before, without blanks at the ends; or as it is quoted.
+std::string TextOf(std::string_view rest) {
+    rest = Trimmed(rest, blanks);
+    if (rest.starts_with('"')) {
+        std::string text = TakeQuoted(rest);
+        if (!IsEmptyOrComment(rest))
+            throw UsageError(Quoted(Trimmed(rest, blanks)) + " stands after the closing quotes.");
+        return text;
+    }
+    for (std::size_t i = 0; i < rest.size(); ++i)
+        if (rest[i] == '#' && (i == 0 || blanks.find(rest[i - 1]) != std::string_view::npos))
+            return std::string(Trimmed(rest.substr(0, i), blanks));
+    return std::string(rest);
+}
+
 // False at the end; a line that breaks off, since the rest cannot be read, is none.
 bool NextLine(std::istream& lines, std::ostream* prompt, std::string& line) {
     if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
@@ -45,11 +81,6 @@ bool NextLine(std::istream& lines, std::ostream* prompt, std::string& line) {
     if (lines.bad())
         throw UsageError("The script cannot be read: " + std::string(std::strerror(errno)) + ".");
     return false;
-}
-
-void RefuseRest(std::string_view verb, std::string_view rest) {
-    if (!IsEmptyOrComment(rest))
-        throw UsageError(std::string(verb) + " takes no text, but " + Quoted(rest) + " stands after it.");
 }
 
 }  // namespace
@@ -131,7 +162,7 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
         throw UsageError(std::string(verb) + " takes a field as TAB.FIELD, not " + Quoted(target) + ".");
     const Target found = TargetNamed(target);
     if (act == Verb::Click) RefuseRest(verb, rest);
-    DoAct(act, found, std::string(rest));
+    DoAct(act, found, TextOf(rest));
 }
 
 Target Script::TargetNamed(std::string_view name) {

@@ -156,9 +156,10 @@ std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::st
     return reversed;
 }
 
-std::int32_t ReadId(const CLI::App& app, const std::string& text) {
+std::int32_t ReadId(const CLI::App& app, const std::string& text, const char* orElse = "") {
     const auto id = ParseWhole(text);
-    if (!id) throw UsageError(PathOf(app) + " takes the id of an entry, not " + Told(text) + ".");
+    if (!id)
+        throw UsageError(PathOf(app) + " takes the id of an entry" + orElse + ", not " + Told(text) + ".");
     return *id;
 }
 
@@ -207,8 +208,8 @@ CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::st
 void AddIds(CLI::App& app, std::vector<std::int32_t>& ids, std::vector<std::string>* words) {
     const auto takeOne = [&app, &ids, words](const std::string& text) {
         if (words != nullptr && text.find('=') != std::string::npos) return words->push_back(text);
-        if (const std::int32_t id = ReadId(app, text); std::ranges::find(ids, id) == ids.end())
-            ids.push_back(id);
+        const std::int32_t id = ReadId(app, text, words == nullptr ? "" : " or WORD=TEXT");
+        if (std::ranges::find(ids, id) == ids.end()) ids.push_back(id);
     };
     const auto take = [takeOne](const std::vector<std::string>& texts) {
         std::ranges::for_each(texts, takeOne);

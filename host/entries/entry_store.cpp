@@ -186,8 +186,9 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
         if (record.Id == 0) {
             record.Id = database->Insert(InsertStatement(), values);
         } else {
-            values.insert(values.begin(), std::int64_t{record.Id});
-            database->Insert(InsertStatementWithId(), values);
+            Database::Values all{std::int64_t{record.Id}};
+            Append(all, values);
+            database->Insert(InsertStatementWithId(), all);
             database->SkipId("NOL_Schedule", record.Id);
         }
         database->Announce("saved " + std::to_string(record.Id));

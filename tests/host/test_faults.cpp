@@ -394,12 +394,38 @@ TEST(Faults, AtAPromptAFailedSaveIsToldAndTheInputStays) {
               told + "nolsched> unchanged 1\n! nolsched> ");
 }
 
+// A store that is not there is made by these alone, and told.
+TEST(Faults, AMistypedStoreIsNotMade) {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"init"}, "! made: t.db\n"},
+        {{"new", "name=N", "group=North Cells"}, "! made: t.db\ncreated 1\n"},
+        {{"documents", "add", "group", "G"}, "! made: t.db\n"},
+        {{"list"}, ""},
+        {{"edit", "1", "-"}, ""},
+        {{"holidays", "add", "2026-12-25", "Christmas"}, ""},
+    };
+    for (const auto& [command, told] : cases) {
+        const TemporaryStore store(false);
+        const std::string missing =
+            TemporaryStore::IsServer() ? "there is no store in it yet." : "there is no such store.";
+        EXPECT_EQ(
+            RunCommandLine(store.Address(), command),
+            *told != '\0' ? told : "! failure: t.db: " + missing + " (nolsched init makes it)\n[status 3]\n");
+        EXPECT_EQ(TemporaryStore::IsServer() || std::filesystem::exists(store.Address()),
+                  TemporaryStore::IsServer() || *told != '\0');
+    }
+    const TemporaryStore bare(false);
+    RunCommandLine(bare.Address(), {"init"});
+    EXPECT_EQ(RunCommandLine(bare.Address(), {"documents"}), "");
+}
+
 TEST(Faults, AStoreThatCannotBeOpenedIsNamed) {
     const TemporaryFolder temporary;
     const std::string& folder = temporary.Path();
     std::ofstream(folder + "/text.db") << std::string(5000, 'x');
     const std::pair<std::string, std::string> cases[] = {
         {folder + "/missing/t.db", "t.db: unable to open database file"},
+        {folder + "/new.db", "t.db: there is no such store. (nolsched init makes it)"},
         {folder + "/text.db", "t.db: file is not a database"},
         {folder, "t.db: unable to open database file"},
         {"", "The store has no name."},
