@@ -180,8 +180,10 @@ void WriteSet(std::ostream& stream, const Json& answer) {
     std::vector<std::string> changes;
     for (const auto& [word, change] : told.at("changes").items())
         changes.push_back(word + ' ' + TextOf(change.at("from")) + " -> " + TextOf(change.at("to")));
-    stream << TextOf(told.at("act")) << ' ' << told.at("Id") << (changes.empty() ? "" : ": ")
-           << Joined(changes) << '\n';
+    const Json& id = told.at("Id");
+    stream << TextOf(told.at("act")) << ' '
+           << (id.is_null() ? '"' + TextOf(told.at("EditorName")) + '"' : TextOf(id))
+           << (changes.empty() ? "" : ": ") << Joined(changes) << '\n';
 }
 
 void WriteApplied(std::ostream& stream, const Json& answer) {

@@ -83,9 +83,9 @@ std::vector<std::int32_t> Chosen(const CommandRun& run) {
 }
 
 void Change::Finish() {
-    if (!run.line.isDryRun) transaction.Commit();
+    if (!IsDry()) transaction.Commit();
     for (Json& answer : told) {
-        if (run.line.isDryRun) answer["dryRun"] = true;
+        if (IsDry()) answer["dryRun"] = true;
         run.answers.Tell(answer);
     }
 }

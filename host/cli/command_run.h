@@ -31,6 +31,7 @@ class Change {
   public:
     explicit Change(const CommandRun& runA) : run(runA), transaction(runA.workspace.Store()) {}
 
+    bool IsDry() const { return run.line.isDryRun; }
     void Tell(Json answer) { told.push_back(std::move(answer)); }
     void Finish();
 

@@ -119,29 +119,14 @@ int Edit(const CommandRun& run) {
     return RunScript(run, session);
 }
 
-// With the answer of each.
-void ChangeChosen(const CommandRun& run, const std::function<Json(std::int32_t)>& change) {
-    const auto ids = ChosenForChange(run);
-    Change whole(run);
-    for (const std::int32_t id : ids) whole.Tell(change(id));
-    whole.Finish();
-}
-
-int Duplicate(const CommandRun& run) {
-    ChangeChosen(run, [&run](std::int32_t id) -> Json {
-        EntrySession copy(run.workspace, EntrySession::CopyOf{id});
-        copy.Load();
-        SaveOrRefuse(copy);
-        return {{"saved", true}, {"Id", copy.Record().Id}};
-    });
-    return exitDone;
-}
-
 int Delete(const CommandRun& run) {
-    ChangeChosen(run, [&run](std::int32_t id) -> Json {
+    const auto ids = ChosenForChange(run);
+    Change change(run);
+    for (const std::int32_t id : ids) {
         run.workspace.Entries().Delete(id);
-        return {{"deleted", id}};
-    });
+        change.Tell({{"deleted", id}});
+    }
+    change.Finish();
     return exitDone;
 }
 

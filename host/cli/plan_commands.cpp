@@ -29,8 +29,29 @@ Json JsonOf(const std::vector<WordChange>& changes) {
     return told;
 }
 
+// The id of an entry that does not come to stand is none.
+void Tell(Change& change, const CNolSchedData& record, Outcome outcome,
+          const std::vector<WordChange>& changes) {
+    constexpr const char* acts[] = {"created", "saved", "unchanged"};
+    const bool hasId = !(change.IsDry() && outcome == Outcome::Created);
+    change.Tell({{"set",
+                  {{idKey, hasId ? Json(record.Id) : Json(nullptr)},
+                   {"EditorName", record.EditorName},
+                   {"act", acts[static_cast<int>(outcome)]},
+                   {"changes", JsonOf(changes)}}}});
+}
+
 UsageError::Place PlaceOf(const CNolSchedData& record) {
     return {{}, 0, record.IsNew ? 0 : record.Id, record.EditorName};
+}
+
+// Throws RefusedError for what a tab refuses; gives whether the store held it all already.
+bool SaveOrRefuse(EntrySession& session) {
+    const UsageError::Place place = PlaceOf(session.Record());
+    const auto [refusal, isUnchanged] = session.Save();
+    if (refusal != nullptr)
+        throw RefusedError("the tab " + std::string(refusal->title) + " refuses it.", place);
+    return isUnchanged;
 }
 
 // Throws UsageError that names the entry.
@@ -48,14 +69,9 @@ Outcome Save(EntrySession& session, const WordTexts& texts, Change& change) {
         error.place = place;
         throw;
     }
-    constexpr const char* names[] = {"created", "saved", "unchanged"};
     const Outcome outcome = isNew ? Outcome::Created : isUnchanged ? Outcome::Unchanged : Outcome::Changed;
     const auto changes = isNew ? std::vector<WordChange>() : ChangesBetween(before, ReadWords(session));
-    change.Tell({{"set",
-                  {{idKey, record.Id},
-                   {"EditorName", record.EditorName},
-                   {"act", names[static_cast<int>(outcome)]},
-                   {"changes", JsonOf(changes)}}}});
+    Tell(change, record, outcome, changes);
     return outcome;
 }
 
@@ -184,14 +200,6 @@ Outcome ApplyOne(const CommandRun& run, Matching& matching, const Json& object, 
 
 }  // namespace
 
-bool SaveOrRefuse(EntrySession& session) {
-    const UsageError::Place place = PlaceOf(session.Record());
-    const auto [refusal, isUnchanged] = session.Save();
-    if (refusal != nullptr)
-        throw RefusedError("the tab " + std::string(refusal->title) + " refuses it.", place);
-    return isUnchanged;
-}
-
 int Set(const CommandRun& run) {
     const WordTexts texts = ParseWords(run.line.words);
     if (texts.empty()) throw UsageError("set lacks WORD=TEXT, as period=Weekly.");
@@ -200,6 +208,19 @@ int Set(const CommandRun& run) {
     for (const std::int32_t id : ids) {
         EntrySession session(run.workspace, id);
         Save(session, texts, change);
+    }
+    change.Finish();
+    return exitDone;
+}
+
+int Duplicate(const CommandRun& run) {
+    const auto ids = ChosenForChange(run);
+    Change change(run);
+    for (const std::int32_t id : ids) {
+        EntrySession copy(run.workspace, EntrySession::CopyOf{id});
+        copy.Load();
+        SaveOrRefuse(copy);
+        Tell(change, copy.Record(), Outcome::Created, {});
     }
     change.Finish();
     return exitDone;

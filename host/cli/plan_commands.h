@@ -1,15 +1,12 @@
-// The commands that set entries by words: one by one, many at once, from a file.
+// The commands that write entries many at once: by words, from a file, as copies.
 #pragma once
 
 #include "host/cli/command_run.h"
-#include "host/entries/entry_session.h"
 
 namespace NolSchedCtls {
 
-// Throws RefusedError for what a tab refuses; gives whether the store held it all already.
-bool SaveOrRefuse(EntrySession& session);
-
 int Set(const CommandRun& run);
+int Duplicate(const CommandRun& run);
 // The command new with words.
 int NewByWords(const CommandRun& run);
 int Dump(const CommandRun& run);
