@@ -1,29 +1,16 @@
 # Sourced by the commands beside it: a database of a few telling entries.
 
-# sample NAME GROUP LINE ...: a new entry by the lines of a script.
-sample() {
-    local name=$1 group=$2
-    shift 2
-    printf '%s\n' "$@" save | "${samples_by[@]}" new --name "$name" --group "$group" - >/dev/null
-}
-
 # make_samples DAY NOLSCHED [OPTION ...]: their dates count from that day, so that most of them are still to run.
 make_samples() {
-    local day=$1 samples_by=("${@:2}")
-    sample "Nightly Sweep" "North Cells" "pick schedule.cboPeriod Daily" "time schedule.dtpStartTime 02:00" \
-        "click general.chkHom" "type hom.txtDuration 60"
-    sample "Busy Hour Watch" "Core Sites" "pick schedule.cboPeriod Hourly" "pick schedule.cboFrequency 2" \
-        "click schedule.cbExcludeDay(0)" "click schedule.cbExcludeDay(6)"
-    sample "Weekly Drive Test" "South Cells" "pick schedule.cboPeriod Weekly" "pick schedule.cboDayName Friday" \
-        "click rfc.chkOverride" "type rfc.txtDuration 120" "click general.chkPlm" "pick plm.fdocCBScenario Drive Test"
-    sample "Month-end Report" "North Cells" "pick schedule.cboPeriod Monthly" "pick schedule.cboDayNum Last" \
-        "time schedule.dtpStartTime 23:00"
-    sample "Quarterly Audit" "Core Sites" "pick schedule.cboPeriod Monthly" "pick schedule.cboDayNum 2nd" \
-        "pick schedule.cboDayName Monday" "pick schedule.cboFrequency 3" "click schedule.chkEndDate" \
-        "date schedule.SSDEndDate $((${day%%-*} + 1))-12-31"
-    sample "Acceptance Run" "South Cells" "date schedule.SSDStartDate $(date -d "$day + 18 days" +%F)" \
-        "click vcsa.chkOverride" "type vcsa.txtDuration 30"
-    # Never runs: the day was excluded before it was chosen.
-    sample "Friday Probe" "North Cells" "pick schedule.cboPeriod Daily" "click schedule.cbExcludeDay(5)" \
-        "pick schedule.cboPeriod Weekly" "pick schedule.cboDayName Friday"
+    local day=$1 nolsched=("${@:2}")
+    sample() { "${nolsched[@]}" new "$@" >/dev/null 2>&1; }
+    sample name="Nightly Sweep" group="North Cells" period=Daily at=02:00 hom=on hom.duration=60
+    sample name="Busy Hour Watch" group="Core Sites" period=Hourly every=2 exclude="Saturday, Sunday"
+    sample name="Weekly Drive Test" group="South Cells" period=Weekly on=Friday rfc=on rfc.duration=120 plm=on \
+        plm.scenario="Drive Test"
+    sample name="Month-end Report" group="North Cells" period=Monthly on="Last Day" at=23:00
+    sample name="Quarterly Audit" group="Core Sites" period=Monthly on="2nd Monday" every=3 end=$((${day%%-*} + 1))-12-31
+    sample name="Acceptance Run" group="South Cells" start="$(date -d "$day + 18 days" +%F)" vcsa=on vcsa.duration=30
+    # Never runs: its only day is excluded.
+    sample name="Friday Probe" group="North Cells" period=Weekly on=Friday exclude=Friday
 }
