@@ -130,7 +130,7 @@ Json ReadPlan(const CommandRun& run) {
         throw UsageError("The plan " + Quoted(run.line.file) + " cannot be read: " + std::strerror(errno) +
                          ".");
     try {
-        const Json plan = Json::parse(text);
+        Json plan = Json::parse(text);
         if (plan.is_array()) return plan;
     } catch (const Json::exception& error) {
         throw UsageError("The plan " + Quoted(run.line.file) + " is no JSON: " + error.what() + ".");

@@ -275,8 +275,8 @@ std::span<const Word> Words() { return words; }
 const Word& WordNamed(const std::string& name) {
     const auto* const found = std::ranges::find(words, name, &Word::name);
     if (found != words.end()) return *found;
-    std::vector<std::string> names;
-    for (const Word& word : words) names.emplace_back(word.name);
+    std::vector<std::string> names(words.size());
+    std::ranges::transform(words, names.begin(), [](const Word& word) { return std::string(word.name); });
     const auto nearest = NearestOf(name, names);
     throw UsageError("There is no word " + Quoted(name) +
                      (nearest ? "; did you mean " + *nearest + "?" : "; there are " + Joined(names) + "."));
