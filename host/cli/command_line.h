@@ -21,7 +21,7 @@ struct CommandLine : HostArguments {
     std::vector<std::int32_t> ids;  // those that the line names one by one
     Filter filter;                  // of them, or of all
     std::vector<std::string> words;
-    std::vector<std::string> topic;  // a command that help tells of
+    std::vector<std::string> topic;     // a command that help tells of
     std::optional<std::string> script;  // a file; "-" for standard input
     std::optional<std::string> name;
     std::optional<std::string> group;

@@ -39,7 +39,8 @@ const CLI::Formatter& FormatterOf(const CLI::App& app) {
 std::string OptionsOf(const CLI::App& app) {
     const CLI::Formatter& formatter = FormatterOf(app);
     auto options = app.get_options({});
-    std::ranges::stable_partition(options, &CLI::Option::get_positional);
+    std::stable_partition(options.begin(), options.end(),
+                          [](const CLI::Option* option) { return option->get_positional(); });
     std::string told;
     for (const auto* option : options) {
         if (app.get_parent() != nullptr && option == app.get_help_ptr()) continue;
