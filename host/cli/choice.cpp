@@ -17,8 +17,7 @@ namespace {
 using Visit = std::function<void(const ListedEntry&)>;
 
 void RefuseUnknownState(const std::string& given) {
-    std::vector<std::string> states{std::string(groupMissing)};
-    for (const RunState state : allRunStates) states.emplace_back(TextOf(state));
+    const auto states = AllStates();
     if (std::ranges::find(states, given) != states.end()) return;
     const auto nearest = NearestOf(given, states);
     throw UsageError(
@@ -62,6 +61,12 @@ void Agree(const CommandRun& run, std::size_t count) {
 }
 
 }  // namespace
+
+std::vector<std::string> AllStates() {
+    std::vector<std::string> states{std::string(groupMissing)};
+    for (const RunState state : allRunStates) states.emplace_back(TextOf(state));
+    return states;
+}
 
 void ForEachChosen(const CommandRun& run, const Visit& visit) {
     const EntryStore& entries = run.workspace.Entries();

@@ -21,6 +21,7 @@ struct CommandLine : HostArguments {
     std::vector<std::int32_t> ids;  // those that the line names one by one
     Filter filter;                  // of them, or of all
     std::vector<std::string> words;
+    std::vector<std::string> topic;     // a command that help tells of
     std::optional<std::string> script;  // a file; "-" for standard input
     std::optional<std::string> name;
     std::optional<std::string> group;
@@ -39,6 +40,8 @@ struct CommandLine : HostArguments {
     bool isDryRun = false;
     bool isAgreed = false;  // to a change of what a filter has chosen
     bool matchesNames = false;
+    bool asksForManual = false;
+    bool asksForCompletion = false;
 };
 
 // Throws UsageError; before that, calls useJson if the line asks for it.
