@@ -90,8 +90,8 @@ class Database {
     // Inside a transaction, after a row with an id of its own: the ids that the store gives come after it.
     virtual void SkipId(std::string_view table, std::int64_t id) = 0;
     virtual std::string_view BeginStatement(Access access) const = 0;
-    // Inside a transaction: waits until no other connection is making tables.
-    virtual void LockTableMaking() = 0;
+    // Inside a transaction: waits until no other connection is making tables, or entries of a plan.
+    virtual void LockMaking() = 0;
 
     // Inside a transaction: tells whoever listens of one change, once it is committed.
     virtual void Announce(const std::string& change) = 0;

@@ -215,7 +215,7 @@ class PostgresDatabase : public Database {
                                       : "BEGIN ISOLATION LEVEL READ COMMITTED";
     }
     // Under any number that we alone use.
-    void LockTableMaking() override { Execute("SELECT pg_advisory_xact_lock(1852795755)"); }
+    void LockMaking() override { Execute("SELECT pg_advisory_xact_lock(1852795755)"); }
     void Announce(const std::string& change) override {
         Execute("NOTIFY nol_schedule, " + QuotedText(change));
     }

@@ -95,7 +95,7 @@ bool PrepareTables(Database& database, MissingStore missing, Samples samples) {
     if (missing == MissingStore::Refuse)
         throw StoreError(database.Name() + ": there is no store in it yet.", StoreError::Kind::Missing);
     Transaction transaction(database);
-    database.LockTableMaking();
+    database.LockMaking();
     if (AreThere(database, tables)) return false;  // another process was faster
     RefuseUnlessEmpty(database, tables);
     for (const Table& table : tables) Make(database, table);
@@ -106,7 +106,7 @@ bool PrepareTables(Database& database, MissingStore missing, Samples samples) {
 }
 
 void MakeHolidayTable(Database& database) {
-    database.LockTableMaking();
+    database.LockMaking();
     if (!database.HasTable(holidayTable)) Make(database, HolidayTable());
 }
 

@@ -55,8 +55,13 @@ struct HostMessages : OfHost<IMessageService> {
 };
 
 struct HostClock : OfHost<IClock> {
-    using OfHost::OfHost;
-    DateTime Now() override { return host.now(); }
+    HostClock(const HostServices& hostA, std::unique_ptr<IClock> systemA)
+        : OfHost(hostA), system(std::move(systemA)) {}
+    DateTime Now() override {
+        if (host.asOf && *host.asOf) return **host.asOf;
+        return host.now ? host.now() : system->Now();
+    }
+    std::unique_ptr<IClock> system;
 };
 
 class PlatformProvider : public ServiceProvider {
@@ -77,8 +82,7 @@ class PlatformProvider : public ServiceProvider {
         return std::make_unique<HostMessages>(host);
     }
     std::unique_ptr<IClock> CreateClock() override {
-        if (!host.now) return ServiceProvider::CreateClock();
-        return std::make_unique<HostClock>(host);
+        return std::make_unique<HostClock>(host, ServiceProvider::CreateClock());
     }
 
   private:

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "NolSchedCtls/services/provider.h"
@@ -16,11 +17,13 @@ struct Message {
     std::string title;
 };
 
-// What a host decides for itself. `now` may be empty: the system's local time.
+// What a host decides for itself. `now` may be empty: the system's local time. `asOf` may be empty; else the
+// clock shows its moment while it has one.
 struct HostServices {
     std::function<void(const Message&)> showMessage;
     std::function<void(const std::string&)> reportFailure;
     std::function<DateTime()> now;
+    std::shared_ptr<std::optional<DateTime>> asOf = {};
 };
 
 std::unique_ptr<ServiceProvider> MakePlatformProvider(std::shared_ptr<Database> database, HostServices host);

@@ -98,7 +98,7 @@ class SqliteDatabase : public Database {
     std::string_view BeginStatement(Access access) const override {
         return access == Access::Read ? "BEGIN" : "BEGIN IMMEDIATE";
     }
-    void LockTableMaking() override {}             // transactions that write exclude each other
+    void LockMaking() override {}                  // transactions that write exclude each other
     void Announce(const std::string&) override {}  // HearsChange hears every commit
     bool HearsChange() override {
         int isMoved = 0;

@@ -48,8 +48,11 @@ Visit Filtered(const CommandRun& run, const Visit& visit) {
 }
 
 // Ids that are named one by one are meant; what a filter has chosen may be a surprise.
+bool NeedsAgreement(const CommandRun& run) {
+    return run.line.ids.empty() && !run.line.isAgreed && !run.line.isDryRun;
+}
+
 void Agree(const CommandRun& run, std::size_t count) {
-    if (!run.line.ids.empty() || run.line.isAgreed || run.line.isDryRun) return;
     const std::string question =
         run.line.command + ' ' + std::to_string(count) + (count == 1 ? " entry" : " entries");
     if (!run.terminal.isInteractive)
@@ -81,24 +84,40 @@ std::vector<std::int32_t> Chosen(const CommandRun& run) {
         throw UsageError(run.line.command +
                          " lacks ID; --all, --name, --group and --state choose entries, too.");
     std::vector<std::int32_t> ids;
-    ForEachChosen(run,
-                  [&ids](const ListedEntry& entry) { ids.push_back(static_cast<std::int32_t>(entry.id)); });
+    ForEachChosen(run, [&](const ListedEntry& entry) {
+        ids.push_back(static_cast<std::int32_t>(entry.id));
+        if (ids.back() != entry.id)
+            throw RequestError("The entry " + std::to_string(entry.id) + " in " +
+                               run.workspace.Store().Name() + " has an Id that no entry can have.");
+    });
     if (ids.empty()) throw RequestError("No entry is chosen.");
     return ids;
 }
 
+ChosenIds AgreedTo(const CommandRun& run) {
+    if (!NeedsAgreement(run)) return {};
+    auto ids = Chosen(run);
+    Agree(run, ids.size());
+    return ids;
+}
+
+Change::Change(const CommandRun& runA) : run(runA), transaction(runA.workspace.Store()) {}
+
+Change::Change(const CommandRun& runA, const ChosenIds& agreed) : Change(runA) {
+    chosen = Chosen(run);
+    if (NeedsAgreement(run) && chosen != agreed)
+        throw RequestError("Others have changed what is chosen meanwhile; nothing was done.");
+}
+
 void Change::Finish() {
-    if (!IsDry()) transaction.Commit();
+    if (!IsDry()) {
+        run.workspace.Entries().SkipIds();
+        transaction.Commit();
+    }
     for (Json& answer : told) {
         if (IsDry()) answer["dryRun"] = true;
         run.answers.Tell(answer);
     }
-}
-
-std::vector<std::int32_t> ChosenForChange(const CommandRun& run) {
-    auto ids = Chosen(run);
-    Agree(run, ids.size());
-    return ids;
 }
 
 }  // namespace NolSchedCtls

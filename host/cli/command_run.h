@@ -13,6 +13,7 @@ struct CommandRun {
     Terminal& terminal;
     Answers& answers;
     Workspace& workspace;
+    const Json& input;  // what was read before the store was opened
 };
 
 // Those that --state takes.
@@ -22,18 +23,22 @@ std::vector<std::string> AllStates();
 // these what its filter leaves. Throws RequestError for one that is not there, before any is visited.
 void ForEachChosen(const CommandRun& run, const std::function<void(const ListedEntry&)>& visit);
 
+using ChosenIds = std::vector<std::int32_t>;
 // The same by their ids. Throws UsageError where the line asks for none, RequestError where its filter leaves
 // none.
-std::vector<std::int32_t> Chosen(const CommandRun& run);
-// The same, to be changed. Throws UsageError, too, where a filter has chosen and nobody agrees.
-std::vector<std::int32_t> ChosenForChange(const CommandRun& run);
+ChosenIds Chosen(const CommandRun& run);
+// What a filter has chosen, once the user has agreed to it. Throws UsageError where nobody does.
+ChosenIds AgreedTo(const CommandRun& run);
 
 // What a command writes, all or nothing: rolled back at its end unless it was finished, and told only when it
 // stands. In a dry run nothing stands.
 class Change {
   public:
-    explicit Change(const CommandRun& runA) : run(runA), transaction(runA.workspace.Store()) {}
+    explicit Change(const CommandRun& runA);
+    // Of chosen entries. Throws RequestError if they are no more those that were agreed to.
+    Change(const CommandRun& runA, const ChosenIds& agreed);
 
+    const ChosenIds& Entries() const { return chosen; }
     bool IsDry() const { return run.line.isDryRun; }
     void Tell(Json answer) { told.push_back(std::move(answer)); }
     void Finish();
@@ -41,6 +46,7 @@ class Change {
   private:
     const CommandRun& run;
     Transaction transaction;
+    ChosenIds chosen;
     std::vector<Json> told;
 };
 

@@ -1,7 +1,9 @@
 #include "host/cli/commands.h"
 
+#include <unistd.h>
 #include <algorithm>
 #include <array>
+
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -16,6 +18,7 @@
 #include "host/cli/outlook_commands.h"
 #include "host/cli/plan_commands.h"
 #include "host/cli/script.h"
+#include "host/cli/words.h"
 #include "host/entries/entry_outlook.h"
 #include "host/entries/entry_sentence.h"
 #include "host/entries/entry_session.h"
@@ -28,6 +31,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
+[[noreturn]] void RefuseScript(const std::string& file) {
+    throw UsageError("The script " + Quoted(WithoutPassword(file)) +
+                     " cannot be read: " + std::strerror(errno) + ".");
+}
+
 int RunScript(const CommandRun& run, EntrySession& session) {
     const bool isPrompt = run.terminal.isInteractive && run.line.script.value_or("-") == "-";
     if (!run.line.script && !isPrompt)
@@ -39,9 +47,7 @@ int RunScript(const CommandRun& run, EntrySession& session) {
     if (isPrompt) return script.Run(run.terminal.in, "", unsaved, &run.terminal.err);
     if (file == "-") return script.Run(run.terminal.in, "standard input", unsaved, nullptr);
     std::ifstream lines(file);
-    if (!lines)
-        throw UsageError("The script " + Quoted(WithoutPassword(file)) +
-                         " cannot be read: " + std::strerror(errno) + ".");
+    if (!lines) RefuseScript(file);
     return script.Run(lines, file, unsaved, nullptr);
 }
 
@@ -120,9 +126,8 @@ int Edit(const CommandRun& run) {
 }
 
 int Delete(const CommandRun& run) {
-    const auto ids = ChosenForChange(run);
-    Change change(run);
-    for (const std::int32_t id : ids) {
+    Change change(run, AgreedTo(run));
+    for (const std::int32_t id : change.Entries()) {
         run.workspace.Entries().Delete(id);
         change.Tell({{"deleted", id}});
     }
@@ -156,10 +161,14 @@ int Watch(const CommandRun& run) {
     return exitDone;
 }
 
+[[noreturn]] void RefuseType(const std::string& word) {
+    throw UsageError("There is no type of document " + Quoted(word) + "; there are group and scenario.");
+}
+
 CaddisDocumentType TypeOfWord(const std::string& word) {
     if (word == "group") return GroupType();
     if (word == "scenario") return CaddisScenarios().ScenarioDocumentType();
-    throw UsageError("There is no type of document " + Quoted(word) + "; there are group and scenario.");
+    RefuseType(word);
 }
 
 int Documents(const CommandRun& run) {
@@ -211,10 +220,30 @@ int TellFields(const CommandRun& run) {
     return exitDone;
 }
 
+// A wrong line makes no store.
+Json CheckNew(const CommandLine& line, Terminal& /*terminal*/) {
+    const bool isOfScript = line.script || line.name || line.group || line.discards;
+    if (!line.words.empty() && isOfScript)
+        throw UsageError("new takes words, or a SCRIPT with --name, --group and --discard, not both.");
+    if (line.words.empty() && line.isDryRun) throw UsageError("new takes --dry-run with words alone.");
+    ParseWords(line.words);
+    if (line.script.value_or("-") != "-" && access(line.script->c_str(), R_OK) != 0)
+        RefuseScript(*line.script);
+    return {};
+}
+
+Json CheckDocument(const CommandLine& line, Terminal& /*terminal*/) {
+    if (line.type != "group" && line.type != "scenario") RefuseType(line.type);
+    if (line.document == noText)
+        throw UsageError("A document cannot be named none: the word stands for no document.");
+    return {};
+}
+
 struct Command {
     std::string_view name;
     int (*carryOut)(const CommandRun&);
     MissingStore missing = MissingStore::Refuse;
+    Json (*readInput)(const CommandLine&, Terminal&) = nullptr;  // before the store is opened
 };
 
 const Command& CommandNamed(const std::string& given) {
@@ -222,13 +251,13 @@ const Command& CommandNamed(const std::string& given) {
     static constexpr auto commands = std::to_array<Command>({
         {"list", List},
         {"show", Show},
-        {"new", New, Make},
+        {"new", New, Make, CheckNew},
         {"edit", Edit},
         {"duplicate", Duplicate},
         {"delete", Delete},
         {"set", Set},
         {"dump", Dump},
-        {"apply", Apply, Make},
+        {"apply", Apply, Make, ReadPlan},
         {"watch", Watch},
         {"runs", TellRuns},
         {"check", Check},
@@ -239,7 +268,7 @@ const Command& CommandNamed(const std::string& given) {
         {"holidays import", ImportHolidays},
         {"fields", TellFields},
         {"documents", Documents},
-        {"documents add", AddDocument, Make},
+        {"documents add", AddDocument, Make, CheckDocument},
         {"documents delete", DeleteDocument},
         {"init", Init, Make},
     });
@@ -255,8 +284,12 @@ WorkspaceOptions OptionsOf(const CommandLine& line, const Command& command, cons
             {{"message", {{"text", message.text}, {"flags", message.flags}, {"title", message.title}}}});
     };
     const bool isBare = command.carryOut == Init && !line.hasSamples;
-    return {line.address, terminal.user,   showMessage,
-            line.now,     command.missing, isBare ? Samples::None : Samples::Documents};
+    return {line.address,
+            terminal.user,
+            showMessage,
+            line.now,
+            line.isDryRun ? MissingStore::Refuse : command.missing,
+            isBare ? Samples::None : Samples::Documents};
 }
 
 int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answers& answers) {
@@ -268,10 +301,11 @@ int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answe
     }
     answers.UseStore(WithoutPassword(line.address));
     const Command& command = CommandNamed(line.command);
+    const Json input = command.readInput == nullptr ? Json() : command.readInput(line, terminal);
     Workspace workspace(OptionsOf(line, command, terminal, answers));
     answers.UseStore(workspace.Store().Name());
     if (workspace.IsMade()) answers.Tell({{"made", workspace.Store().Name()}});
-    return command.carryOut({line, terminal, answers, workspace});
+    return command.carryOut({line, terminal, answers, workspace, input});
 }
 
 // How a run ends that has failed; the status alone, if that cannot be told either.

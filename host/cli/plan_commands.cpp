@@ -5,6 +5,8 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <limits>
+#include <map>
 #include <set>
 
 #include "NolSchedCtls/base/app_constants.h"
@@ -20,6 +22,7 @@ namespace NolSchedCtls {
 namespace {
 
 constexpr const char* idKey = "Id";
+constexpr std::int32_t highestId = 2'000'000'000;  // so that the store has ids to give after it
 
 enum class Outcome { Created, Changed, Unchanged };
 
@@ -46,31 +49,47 @@ UsageError::Place PlaceOf(const CNolSchedData& record) {
 }
 
 // Throws RefusedError for what a tab refuses; gives whether the store held it all already.
-bool SaveOrRefuse(EntrySession& session) {
+bool SaveOrRefuse(EntrySession& session, EntrySession::PastEnd pastEnd) {
     const UsageError::Place place = PlaceOf(session.Record());
-    const auto [refusal, isUnchanged] = session.Save();
+    const auto [refusal, isUnchanged] = session.Save(pastEnd);
     if (refusal != nullptr)
         throw RefusedError("the tab " + std::string(refusal->title) + " refuses it.", place);
     return isUnchanged;
 }
 
+using PastEnd = EntrySession::PastEnd;
+using JudgeEnd = PastEnd (*)(const std::vector<WordChange>&);
+
+// Nobody means to set an end that has passed; one that stood may stand.
+PastEnd JudgeByChange(const std::vector<WordChange>& changes) {
+    return std::ranges::find(changes, "end", &WordChange::word) == changes.end() ? PastEnd::Stands
+                                                                                 : PastEnd::Refused;
+}
+
+// A plan tells of entries that may have ended.
+PastEnd LetStand(const std::vector<WordChange>& /*changes*/) { return PastEnd::Stands; }
+
 // Throws UsageError that names the entry.
-Outcome Save(EntrySession& session, const WordTexts& texts, Change& change) {
+Outcome Save(EntrySession& session, const WordTexts& texts, Change& change,
+             JudgeEnd pastEnd = JudgeByChange) {
     const CNolSchedData& record = session.Record();
     const bool isNew = record.IsNew;
     const UsageError::Place place = PlaceOf(record);
     session.Load();
     const WordTexts before = ReadWords(session);
+    std::vector<WordChange> changes;
     bool isUnchanged = false;
     try {
         WriteWords(session, texts);
-        isUnchanged = SaveOrRefuse(session);
+        changes = ChangesBetween(before, ReadWords(session));
+        isUnchanged = !isNew && changes.empty();
+        if (!isUnchanged) isUnchanged = SaveOrRefuse(session, pastEnd(changes));
     } catch (UsageError& error) {
         error.place = place;
         throw;
     }
     const Outcome outcome = isNew ? Outcome::Created : isUnchanged ? Outcome::Unchanged : Outcome::Changed;
-    const auto changes = isNew ? std::vector<WordChange>() : ChangesBetween(before, ReadWords(session));
+    if (isNew) changes.clear();
     Tell(change, record, outcome, changes);
     return outcome;
 }
@@ -115,27 +134,36 @@ Planned PlannedOf(const Json& object) {
             continue;
         }
         planned.id = value.is_number_integer() ? ParseWhole(value.dump()).value_or(0) : 0;
-        if (planned.id < 1) throw UsageError("Id is a number from 1 on, not " + value.dump() + ".");
+        if (planned.id < 1 || planned.id > highestId)
+            throw UsageError("Id is a number from 1 to " + std::to_string(highestId) + ", not " +
+                             value.dump() + ".");
     }
     return planned;
 }
 
-// Line ends do not matter, and a byte-order mark is none of it.
-Json ReadPlan(const CommandRun& run) {
-    std::ifstream file;
-    if (run.line.file != "-") file.open(run.line.file);
-    std::istream& stream = run.line.file == "-" ? run.terminal.in : file;
-    std::string text{std::istreambuf_iterator<char>(stream), {}};
-    if (!file.is_open() && run.line.file != "-")
-        throw UsageError("The plan " + Quoted(run.line.file) + " cannot be read: " + std::strerror(errno) +
-                         ".");
-    try {
-        Json plan = Json::parse(text);
-        if (plan.is_array()) return plan;
-    } catch (const Json::exception& error) {
-        throw UsageError("The plan " + Quoted(run.line.file) + " is no JSON: " + error.what() + ".");
+// What the parser takes without a word: a key that comes twice, and what no plan holds.
+class PlanReader {
+  public:
+    bool operator()(int depth, Json::parse_event_t event, Json& parsed) {
+        if (depth > 2) throw UsageError("it is no list of entries");
+        if (event == Json::parse_event_t::object_start) keys.clear();
+        if (event == Json::parse_event_t::key && !keys.insert(parsed.get<std::string>()).second)
+            throw UsageError("an entry has " + parsed.get<std::string>() + " twice");
+        return true;
     }
-    throw UsageError("The plan " + Quoted(run.line.file) + " is no list of entries, as dump writes it.");
+
+  private:
+    std::set<std::string> keys;
+};
+
+std::string ReadText(const std::string& file, std::istream& standardInput) {
+    std::ifstream opened;
+    if (file != "-") opened.open(file);
+    std::istream& stream = file == "-" ? standardInput : opened;
+    std::string text;
+    std::getline(stream, text, '\0');
+    if (stream.bad() || (file != "-" && !opened.is_open())) throw UsageError(std::strerror(errno));
+    return text;
 }
 
 void MakeMissing(const CommandRun& run, const WordTexts& texts) {
@@ -156,11 +184,18 @@ class Matching {
   public:
     explicit Matching(const CommandRun& run) : isByName(run.line.matchesNames) {
         run.workspace.Entries().ForAll(
-            [this](const ListedEntry& entry) { Add(entry.id, entry.record->EditorName); });
+            [this](const ListedEntry& entry) { Rename(entry.id, entry.record->EditorName); });
     }
 
-    void Add(std::int64_t id, const std::string& name) {
-        ids.insert(id);
+    // Also of a new one.
+    void Rename(std::int64_t id, const std::string& name) {
+        const auto [named, isNew] = nameOf.try_emplace(id, name);
+        if (!isNew) {
+            const auto [first, last] = names.equal_range(named->second);
+            names.erase(
+                std::find(first, last, std::pair<const std::string, std::int64_t>(named->second, id)));
+            named->second = name;
+        }
         names.emplace(name, id);
     }
 
@@ -168,20 +203,30 @@ class Matching {
     std::int32_t NewId(const Planned& planned) const { return isByName ? 0 : planned.id; }
 
     // 0 for none.
-    std::int32_t IdOf(const Planned& planned) const {
-        if (NewId(planned) != 0) return ids.contains(planned.id) ? planned.id : 0;
+    std::int32_t IdOf(const Planned& planned) {
+        if (NewId(planned) != 0) return Met(nameOf.contains(planned.id) ? planned.id : 0);
         const std::string* const name = TextOf(planned.texts, "name");
         if (name == nullptr) throw UsageError("it lacks its name.");
         if (names.count(*name) > 1)
             throw UsageError("there are " + std::to_string(names.count(*name)) + " entries named " +
                              Quoted(*name) + ".");
         const auto found = names.find(*name);
-        return found == names.end() ? 0 : static_cast<std::int32_t>(found->second);
+        return Met(found == names.end() ? 0 : found->second);
+    }
+
+    // Each entry is meant but once.
+    std::int32_t Met(std::int64_t id) {
+        if (id != 0 && !met.insert(id).second)
+            throw UsageError("it means entry " + std::to_string(id) + ", as another one of the plan does.");
+        if (id > std::numeric_limits<std::int32_t>::max())
+            throw UsageError("the entry " + std::to_string(id) + " has an Id that no entry can have.");
+        return static_cast<std::int32_t>(id);
     }
 
   private:
     bool isByName;
-    std::set<std::int64_t> ids;
+    std::map<std::int64_t, std::string> nameOf;
+    std::set<std::int64_t> met;
     std::multimap<std::string, std::int64_t> names;
 };
 
@@ -190,22 +235,38 @@ Outcome ApplyOne(const CommandRun& run, Matching& matching, const Json& object, 
     MakeMissing(run, planned.texts);
     if (const std::int32_t id = matching.IdOf(planned); id != 0) {
         EntrySession session(run.workspace, id);
-        return Save(session, planned.texts, change);
+        const Outcome outcome = Save(session, planned.texts, change, LetStand);
+        matching.Rename(id, session.Record().EditorName);
+        return outcome;
     }
     EntrySession session(run.workspace, NewEntryOf(run, planned.texts, false, matching.NewId(planned)));
-    const Outcome outcome = Save(session, planned.texts, change);
-    matching.Add(session.Record().Id, session.Record().EditorName);
+    const Outcome outcome = Save(session, planned.texts, change, LetStand);
+    matching.Rename(session.Record().Id, session.Record().EditorName);
+    matching.Met(session.Record().Id);
     return outcome;
 }
 
 }  // namespace
 
+Json ReadPlan(const CommandLine& line, Terminal& terminal) {
+    const auto about = [&line] { return "The plan " + Quoted(line.file) + " cannot be read: "; };
+    const auto read = [&] {
+        try {
+            return Json::parse(ReadText(line.file, terminal.in), PlanReader());
+        } catch (const Json::exception& error) {
+            throw UsageError(error.what());
+        }
+    };
+    Json plan = Explained<UsageError>(read, about);
+    if (!plan.is_array()) throw UsageError(about() + "it is no list of entries");
+    return plan;
+}
+
 int Set(const CommandRun& run) {
     const WordTexts texts = ParseWords(run.line.words);
     if (texts.empty()) throw UsageError("set lacks WORD=TEXT, as period=Weekly.");
-    const auto ids = ChosenForChange(run);
-    Change change(run);
-    for (const std::int32_t id : ids) {
+    Change change(run, AgreedTo(run));
+    for (const std::int32_t id : change.Entries()) {
         EntrySession session(run.workspace, id);
         Save(session, texts, change);
     }
@@ -214,12 +275,11 @@ int Set(const CommandRun& run) {
 }
 
 int Duplicate(const CommandRun& run) {
-    const auto ids = ChosenForChange(run);
-    Change change(run);
-    for (const std::int32_t id : ids) {
+    Change change(run, AgreedTo(run));
+    for (const std::int32_t id : change.Entries()) {
         EntrySession copy(run.workspace, EntrySession::CopyOf{id});
         copy.Load();
-        SaveOrRefuse(copy);
+        SaveOrRefuse(copy, PastEnd::Stands);
         Tell(change, copy.Record(), Outcome::Created, {});
     }
     change.Finish();
@@ -235,30 +295,38 @@ int NewByWords(const CommandRun& run) {
     return exitDone;
 }
 
+// As the store stands at one moment; told after it, since a slow reader would keep savers waiting.
 int Dump(const CommandRun& run) {
+    std::vector<Json> told;
     std::string before = "[\n";
     bool isWhole = true;
-    ForEachChosen(run, [&](const ListedEntry& entry) {
-        const Sentence sentence = SentenceOf(entry);
-        if (!sentence.trouble.empty()) {
-            isWhole = false;
-            const std::string state(TextOf(RunState::Unreadable));
-            return run.answers.Tell({{"left out", JsonOf(CheckedEntry{entry.id, entry.record->EditorName,
-                                                                      state, sentence.trouble})}});
-        }
-        EntrySession session(run.workspace, entry.record->Id);
-        session.Load();
-        Json object{{idKey, entry.id}};
-        for (const auto& [word, text] : ReadWords(session)) object[std::string(word->name)] = text;
-        run.answers.Tell({{"plan", std::exchange(before, ",\n") + Dumped(object)}});
-    });
-    run.answers.Tell({{"plan", (before == "[\n" ? "[" : "\n") + std::string("]\n")}});
+    {
+        const Transaction reading(run.workspace.Store(), Access::Read);
+        ForEachChosen(run, [&](const ListedEntry& entry) {
+            const Sentence sentence = SentenceOf(entry);
+            if (!sentence.trouble.empty()) {
+                isWhole = false;
+                const std::string state(TextOf(RunState::Unreadable));
+                told.push_back({{"left out", JsonOf(CheckedEntry{entry.id, entry.record->EditorName, state,
+                                                                 sentence.trouble})}});
+                return;
+            }
+            EntrySession session(run.workspace, entry.record->Id);
+            session.Load();
+            Json object{{idKey, entry.id}};
+            for (const auto& [word, text] : ReadWords(session)) object[std::string(word->name)] = text;
+            told.push_back({{"plan", std::exchange(before, ",\n") + Dumped(object)}});
+        });
+    }
+    told.push_back({{"plan", (before == "[\n" ? "[" : "\n") + std::string("]\n")}});
+    for (const Json& answer : told) run.answers.Tell(answer);
     return isWhole ? exitDone : exitRefused;
 }
 
 int Apply(const CommandRun& run) {
-    const Json plan = ReadPlan(run);
+    const Json& plan = run.input;
     Change change(run);
+    run.workspace.Store().LockMaking();  // two that apply one plan would both make its entries
     Matching matching(run);
     int counts[3] = {};
     for (std::size_t i = 0; i < plan.size(); ++i) {
@@ -268,6 +336,9 @@ int Apply(const CommandRun& run) {
             if (error.place) error.place->file = run.line.file;
             if (error.place) throw;
             throw UsageError("The plan's entry " + std::to_string(i + 1) + ": " + error.what());
+        } catch (const StoreError& error) {
+            throw StoreError(std::string(error.what()) + " (the plan's entry " + std::to_string(i + 1) + ")",
+                             error.kind, error.transaction);
         }
     }
     change.Tell({{"applied", {{"created", counts[0]}, {"changed", counts[1]}, {"unchanged", counts[2]}}}});

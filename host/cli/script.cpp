@@ -162,6 +162,9 @@ void Script::Act(Verb act, std::string_view verb, std::string_view rest) {
         throw UsageError(std::string(verb) + " takes a field as TAB.FIELD, not " + Quoted(target) + ".");
     const Target found = TargetNamed(target);
     if (act == Verb::Click) RefuseRest(verb, rest);
+    if (act == Verb::Pick && IsEmptyOrComment(rest))
+        throw UsageError(
+            "pick lacks its text; \"\" clears a document, and a text that begins with # is quoted.");
     DoAct(act, found, TextOf(rest));
 }
 

@@ -50,11 +50,19 @@ struct Shown {
 
 Shown Show(const CheckBox& box) { return {OnOff(box.Value() != 0), Verb::Click}; }
 Shown Show(const DropDownList& list) { return {list.Text(), Verb::Pick}; }
-Shown Show(const TextBox& box) { return {OrNone(box.Text()), Verb::Type}; }
+// "0060" is stored as 60.
+std::string Plain(const std::string& text) {
+    const auto number = ParseWhole(text);
+    return number ? std::to_string(*number) : text;
+}
+
+Shown Show(const TextBox& box) { return {OrNone(Plain(box.Text())), Verb::Type}; }
 Shown Show(const SSDateCombo& field) { return {DayText(field.DateValue()), Verb::Date}; }
 Shown Show(const XMarlet& picker) { return {OrNone(picker.Text()), Verb::Pick}; }
 Shown Show(const XAmbitDownload& mode) { return {std::string(mode.Text()), Verb::Pick}; }
-Shown Show(const XAmbitPurge& purge) { return {purge.IsOn() ? purge.DaysText() : OnOff(false), Verb::Type}; }
+Shown Show(const XAmbitPurge& purge) {
+    return {purge.IsOn() ? Plain(purge.DaysText()) : OnOff(false), Verb::Type};
+}
 Shown Show(const ViewField& /*label or frame*/) { return {{}, Verb::Click}; }
 
 Shown Show(const DTPicker& field) {
@@ -71,8 +79,13 @@ Text ReadAnyway(EntrySession& session, const Word& word) {
     return ShownBy(FieldNamed(session, word.field)).text;
 }
 
+// An immediate entry has no schedule, though its page shows one.
+bool IsOfSchedule(EntrySession& session, const Word& word) {
+    return !(session.Record().IsOverride() && word.field.starts_with("schedule."));
+}
+
 Text Read(EntrySession& session, const Word& word) {
-    if (!FieldNamed(session, word.field).IsUsable()) return {};
+    if (!IsOfSchedule(session, word) || !FieldNamed(session, word.field).IsUsable()) return {};
     return ReadAnyway(session, word);
 }
 
@@ -133,7 +146,7 @@ void SetEndBox(EntrySession& session, bool isOn) {
 
 Text ReadEnd(EntrySession& session, const Word& word) {
     const auto& box = FieldOf<CheckBox>(session, endBox);
-    if (!box.IsUsable()) return {};
+    if (!IsOfSchedule(session, word) || !box.IsUsable()) return {};
     return box.Value() == 0 ? Text(noText) : ReadAnyway(session, word);
 }
 
@@ -154,8 +167,7 @@ bool IsExcluded(EntrySession& session, std::size_t exclusion) {
 // does not, and back to all that it has changed.
 void Exclude(EntrySession& session, std::size_t exclusion, bool isExcluded) {
     if (IsExcluded(session, exclusion) == isExcluded) return;
-    if (FieldNamed(session, BoxOf(exclusion)).IsUsable() || session.Record().IsOverride())
-        return Do(session, Verb::Click, BoxOf(exclusion));
+    if (FieldNamed(session, BoxOf(exclusion)).IsUsable()) return Do(session, Verb::Click, BoxOf(exclusion));
     WordTexts kept;
     for (const char* word : {"period", "on", "every", "end"})
         if (const Text text = WordNamed(word).read(session, WordNamed(word)))
@@ -171,8 +183,8 @@ std::string DayOf(std::size_t exclusion) {
     return name;
 }
 
-Text ReadExclusions(EntrySession& session, const Word& /*word*/) {
-    if (session.Record().IsOverride()) return {};
+Text ReadExclusions(EntrySession& session, const Word& word) {
+    if (!IsOfSchedule(session, word)) return {};
     std::vector<std::string> days;
     for (std::size_t day = 0; day < weekdayExclusions; ++day)
         if (IsExcluded(session, day)) days.push_back(DayOf(day));
@@ -201,8 +213,8 @@ void WriteExclusions(EntrySession& session, const Word& /*word*/, const std::str
 
 // Whether the entry runs on such days: the boxes say the opposite.
 template <std::size_t exclusion>
-Text ReadRuns(EntrySession& session, const Word& /*word*/) {
-    return session.Record().IsOverride() ? Text() : OnOff(!IsExcluded(session, exclusion));
+Text ReadRuns(EntrySession& session, const Word& word) {
+    return IsOfSchedule(session, word) ? OnOff(!IsExcluded(session, exclusion)) : Text();
 }
 
 template <std::size_t exclusion>
@@ -261,6 +273,7 @@ void WriteWord(EntrySession& session, const WordText& given) {
     const std::string named = std::string(word.name) + ": ";
     if (word.read(session, word) == given.text) return;
     try {
+        if (!IsOfSchedule(session, word)) throw UsageError("an immediate entry has no schedule.");
         word.write(session, word, given.text);
     } catch (const UsageError& error) {
         const UsageError::Refusal own{std::string(word.name), given.text, {}};

@@ -8,6 +8,7 @@
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+#include "NolSchedCtls/toolkit/ss_date_combo.h"
 
 namespace NolSchedCtls {
 
@@ -103,14 +104,20 @@ const Page* EntrySession::FindPage(std::string_view name) const {
     return nullptr;
 }
 
-const Page* EntrySession::FirstRefusal() {
+const Page* EntrySession::FirstRefusal(PastEnd pastEnd) {
+    struct Moment {
+        ~Moment() { workspace.ShowTime({}); }
+        Workspace& workspace;
+    } const shown{workspace};
+    // No end has passed then.
+    if (pastEnd == PastEnd::Stands) workspace.ShowTime(SSDateCombo::MinDate());
     for (const Page& page : pages)
         if (!page.tab->IsTabValid(record->EditorName)) return &page;
     return nullptr;
 }
 
-EntrySession::SaveResult EntrySession::Save() {
-    if (const Page* page = FirstRefusal()) return {page};
+EntrySession::SaveResult EntrySession::Save(PastEnd pastEnd) {
+    if (const Page* const refusal = FirstRefusal(pastEnd)) return {refusal};
     Settle();
     const auto formerId = record->Id;
     const bool wasNew = record->IsNew;

@@ -56,8 +56,10 @@ class EntrySession {
     int Changes() const { return changes; }
     bool HasUnsavedChanges() const { return changes != savedChanges; }
 
+    // Whether an end that has passed is refused, or stands as it stood when the entry was made.
+    enum class PastEnd { Refused, Stands };
     // Asks the pages in their order; the first that refuses has shown why. Nothing if all are valid.
-    const Page* FirstRefusal();
+    const Page* FirstRefusal(PastEnd pastEnd = PastEnd::Refused);
 
     struct SaveResult {
         const Page* refusedBy = nullptr;  // nothing: the entry is saved
@@ -65,7 +67,7 @@ class EntrySession {
     };
     // Asks all pages, then stores row and overrides in one transaction. If the store fails or another user
     // was faster, throws StoreError or OvertakenError; the store, Id and IsNew are then as before.
-    SaveResult Save();
+    SaveResult Save(PastEnd pastEnd = PastEnd::Refused);
 
   private:
     explicit EntrySession(Workspace& workspaceA, StoredEntry entry);

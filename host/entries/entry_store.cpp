@@ -1,6 +1,8 @@
 #include "host/entries/entry_store.h"
 
+#include <algorithm>
 #include <span>
+#include <utility>
 
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/records/entry_columns.h"
@@ -184,12 +186,13 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
         Database::Values values = written.values;
         Append(values, save);
         if (record.Id == 0) {
+            SkipIds();
             record.Id = database->Insert(InsertStatement(), values);
         } else {
             Database::Values all{std::int64_t{record.Id}};
             Append(all, values);
             database->Insert(InsertStatementWithId(), all);
-            database->SkipId("NOL_Schedule", record.Id);
+            ownId = std::max(ownId, record.Id);
         }
         database->Announce("saved " + std::to_string(record.Id));
         return written;
@@ -208,6 +211,10 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     if (database->Execute(statement, values) != 1) TellOvertaken(record, row.version);
     database->Announce("saved " + std::to_string(record.Id));
     return written;
+}
+
+void EntryStore::SkipIds() {
+    if (const auto id = std::exchange(ownId, 0); id != 0) database->SkipId("NOL_Schedule", id);
 }
 
 // Asked for at the first save: most starts need no user, and the system reads files for one.

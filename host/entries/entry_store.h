@@ -63,6 +63,8 @@ class EntryStore {
     // A new entry without an Id gets one. Returns the row that now stands. Throws OvertakenError for a stored
     // entry whose version is no longer the row's. Call inside a transaction.
     StoredRow Write(CNolSchedData& record, const StoredRow& row);
+    // Before the end of a transaction in which entries brought their Ids: those to come get other ones.
+    void SkipIds();
     // Inside the same transaction, with the override rows written. Throws StoreError if the store does not
     // hold what was written.
     void Verify(const CNolSchedData& record, const StoredRow& row) const;
@@ -97,6 +99,7 @@ class EntryStore {
     [[noreturn]] void TellOvertaken(const CNolSchedData& record, std::int32_t version) const;
 
     std::shared_ptr<Database> database;
+    std::int32_t ownId = 0;  // the highest that a new entry has brought since ids were skipped
     mutable std::string user;
 };
 

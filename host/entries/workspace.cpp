@@ -10,13 +10,14 @@ namespace NolSchedCtls {
 Workspace::Workspace(WorkspaceOptions options)
     : database(OpenDatabase(options.address, options.missing)),
       failure(std::make_shared<std::optional<std::string>>()),
+      asOf(std::make_shared<std::optional<DateTime>>()),
       entries(database, std::move(options.user)),
       documents(database),
       holidays(database) {
     const auto keepFirst = [kept = failure](const std::string& text) {
         if (!*kept) *kept = text;
     };
-    const HostServices host{std::move(options.showMessage), keepFirst, std::move(options.now)};
+    const HostServices host{std::move(options.showMessage), keepFirst, std::move(options.now), asOf};
     // A connection belongs to its thread; any other thread gets one of its own.
     InstallServices([host, address = options.address, own = database, thread = std::this_thread::get_id()] {
         return MakePlatformProvider(std::this_thread::get_id() == thread ? own : OpenDatabase(address), host);

@@ -37,12 +37,15 @@ class Workspace {
     EntryStore& Entries() { return entries; }
     DocumentStore& Documents() { return documents; }
     HolidayStore& Holidays() { return holidays; }
+    // The clock shows the moment, or its own time again.
+    void ShowTime(std::optional<DateTime> moment) { *asOf = moment; }
     // The first failure that was reported since the last call, and swallowed after the report.
     std::optional<std::string> TakeFailure();
 
   private:
     std::shared_ptr<Database> database;
     std::shared_ptr<std::optional<std::string>> failure;
+    std::shared_ptr<std::optional<DateTime>> asOf;
     EntryStore entries;
     DocumentStore documents;
     HolidayStore holidays;

@@ -89,6 +89,17 @@ TEST(EntryWords, APlanMakesTheSameEntriesInAnotherStore) {
     }
 }
 
+TEST(EntryWords, AnIdThatNoEntryCanHaveIsNotTakenForAnother) {
+    if (TemporaryStore::IsServer()) GTEST_SKIP() << "a server's column holds none";
+    const TemporaryStore store;
+    for (const char* name : {"name=Mine", "name=Junk"})
+        RunCommandLine(store.Address(), {"new", name, "group=North Cells"});
+    store.Sql("UPDATE NOL_Schedule SET Id = 4294967297 WHERE EditorName = 'Junk'");
+    for (const char* command : {"delete", "duplicate"})
+        EXPECT_EQ(RunCommandLine(store.Address(), {command, "--name", "Junk", "--yes"}),
+                  "! error: The entry 4294967297 in t.db has an Id that no entry can have.\n[status 2]\n");
+}
+
 }  // namespace
 
 }  // namespace NolSchedCtls::Testing
