@@ -1,10 +1,5 @@
 #include "host/cli/script.h"
 
-#include <cerrno>
-#include <cstring>
-#include <istream>
-#include <ostream>
-
 #include "NolSchedCtls/base/text.h"
 #include "host/cli/field_rules.h"
 #include "host/cli/field_view.h"
@@ -35,18 +30,6 @@ bool IsEmptyOrComment(std::string_view line) {
     return line.empty() || line.starts_with('#');
 }
 
-// False at the end; a line that breaks off, since the rest cannot be read, is none.
-bool NextLine(std::istream& lines, std::ostream* prompt, std::string& line) {
-    if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
-    if (std::getline(lines, line)) {
-        if (line.ends_with('\r')) line.pop_back();
-        return true;
-    }
-    if (lines.bad())
-        throw UsageError("The script cannot be read: " + std::string(std::strerror(errno)) + ".");
-    return false;
-}
-
 void RefuseRest(std::string_view verb, std::string_view rest) {
     if (!IsEmptyOrComment(rest))
         throw UsageError(std::string(verb) + " takes no text, but " + Quoted(rest) + " stands after it.");
@@ -73,23 +56,17 @@ Script::Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA)
         }));
 }
 
-int Script::Run(std::istream& lines, const std::string& file, Unsaved unsaved, std::ostream* prompt) {
-    std::string line;
-    for (int number = 1; NextLine(lines, prompt, line); ++number) {
-        if (number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
+int Script::Run(std::istream& lines, const std::string& file, Unsaved unsaved) {
+    StreamReader reader(lines);
+    for (int number = 1; auto line = reader.Read(""); ++number) {
+        if (number == 1 && line->starts_with(byteOrderMark)) line->erase(0, byteOrderMark.size());
         try {
-            Line(line);
+            Line(*line);
         } catch (const UsageError& error) {
-            if (prompt == nullptr) throw At(error, file, number);
-            answers.Tell(JsonOf(error));
-        } catch (const NolSchedError& error) {
-            if (prompt == nullptr) throw;
-            answers.TellFailure(error);
+            throw At(error, file, number);
         }
     }
-    if (verdict != exitDone || unsaved == Unsaved::Discard ||
-        !(session.Record().IsNew || session.HasUnsavedChanges()))
-        return verdict;
+    if (verdict != exitDone || unsaved == Unsaved::Discard || !HasUnsaved()) return verdict;
     answers.Tell(JsonOf(At(
         UsageError("the script ends with changes that no save has stored; --discard drops them."), file, 0)));
     return exitRefused;
