@@ -118,6 +118,7 @@ std::optional<std::string> LineEditor::ReadNone(int trouble) {
 std::optional<std::string> LineEditor::Read(const std::string& prompt) {
     shownPrompt = prompt;
     int length = 0;
+    el_set(editor, EL_PREP_TERM, 1);  // before the prompt is seen: else a quick key shows twice
     const char* const typed = el_gets(editor, &length);
     if (typed == nullptr) return ReadNone(length < 0 ? errno : 0);
     std::string line = typed;
@@ -147,7 +148,10 @@ unsigned char LineEditor::CompleteLine() {
     const std::string more(CommonStart(words).substr(typed.size() - from));
     if (!more.empty()) return el_insertstr(editor, more.c_str()) == 0 ? CC_REFRESH : CC_ERROR;
     if (words.size() == 1) return CC_NORM;
-    std::fprintf(screen.get(), "\n%s\n", Joined(words, Visible, "  ").c_str());
+    std::fprintf(screen.get(), "\n%s\n",
+                 Joined(
+                     words, [](const std::string& word) { return Visible(Trimmed(word)); }, "  ")
+                     .c_str());
     return CC_REDISPLAY;
 }
 

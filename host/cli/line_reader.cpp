@@ -18,6 +18,7 @@ std::optional<std::string> StreamReader::Read(const std::string& prompt) {
     }
     if (lines.bad())
         throw UsageError("The script cannot be read: " + std::string(std::strerror(errno)) + ".");
+    lines.clear();  // a terminal goes on after Ctrl+D
     if (prompts != nullptr) *prompts << std::endl;
     return {};
 }

@@ -147,7 +147,7 @@ int RunPrompt(const CommandRun& run, EntrySession& session, Script& script) {
     const auto lines = LinesOf(run, session);
     const auto isInterrupted = [&run] { return run.terminal.isInterrupted && run.terminal.isInterrupted(); };
     run.workspace.Store().onWait = [isInterrupted](std::chrono::milliseconds waited) {
-        return !isInterrupted() && waited < std::chrono::seconds(30);
+        return !isInterrupted() && waited < Database::patience;
     };
     isInterrupted();  // from now on Ctrl+C does not end the process
     while (true) {

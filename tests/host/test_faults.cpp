@@ -387,7 +387,8 @@ TEST(Faults, AtAPromptAFailedSaveIsToldAndTheInputStays) {
     };
     const std::string script = "click general.chkCreateFiles\nsave\nvalid\n";
     const std::string failure = "failure: t.db: UNIQUE constraint failed: NOL_Schedule.CreateFiles\n";
-    const std::string told = "! nolsched 1> nolsched 1*> " + failure + "! nolsched 1*> valid\n! nolsched 1*> ";
+    const std::string told =
+        "! nolsched 1> nolsched 1*> " + failure + "! nolsched 1*> valid\n! nolsched 1*> ";
     EXPECT_EQ(edit(script, false), "! " + failure + "[status 3]\n");
     const std::string question = "\n! There are changes that no save has stored. Leave? [y/N] ";
     EXPECT_EQ(edit(script + "quit\ny\n", true), told + question.substr(3) + "[status 3]\n");
