@@ -90,7 +90,7 @@ LineEditor::LineEditor(File screenA, Complete completeA)
 // What a person has bound in ~/.editrc comes last.
 void LineEditor::BindKeys() {
     el_set(editor, EL_EDITOR, "emacs");
-    el_set(editor, EL_ADDFN, "complete", "Completes the word", &LineEditor::OnTab);
+    el_wset(editor, EL_ADDFN, L"complete", L"Completes the word", &LineEditor::OnTab);  // el_set leaks them
     el_set(editor, EL_BIND, "^I", "complete", nullptr);
     el_source(editor, nullptr);
 }
