@@ -108,7 +108,7 @@ bool Database::WaitsOn(std::chrono::steady_clock::time_point since) {
     using namespace std::chrono;
     hasWaited = true;
     const auto waited = duration_cast<milliseconds>(steady_clock::now() - since);
-    return onWait ? onWait(waited) : waited < seconds(30);
+    return onWait ? onWait(waited) : waited < patience;
 }
 
 void Database::EndWait() {

@@ -102,7 +102,8 @@ class Database {
     // Every statement passes here before it is sent; a handler that throws makes it fail.
     Event<std::string_view> Statement;
     // Asked again and again while the store makes a statement wait, with how long it has waited; false gives
-    // the statement up, which then fails as Busy. Must not use the database. Empty: it waits for 30 seconds.
+    // the statement up, which then fails as Busy. Must not use the database. Empty: it waits for `patience`.
+    static constexpr std::chrono::seconds patience{30};
     std::function<bool(std::chrono::milliseconds)> onWait;
     // After a statement for which onWait was asked, whether it failed or not.
     Event<> WaitEnded;

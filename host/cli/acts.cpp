@@ -15,9 +15,6 @@ namespace {
 // In the order of Verb.
 constexpr std::array<std::string_view, 6> verbNames = {"click", "pick", "type", "paste", "date", "time"};
 
-// Nothing if a kind of field knows no such act, else whether the field did it: not what it does not offer.
-using Done = std::optional<bool>;
-
 const std::string& ContentOf(const TextBox& box) { return box.Text(); }
 const std::string& ContentOf(const XAmbitPurge& purge) { return purge.DaysText(); }
 bool Paste(TextBox& box, const std::string& text) { return box.Paste(text); }
@@ -58,44 +55,41 @@ bool TypeWhole(TypedField& field, const std::string& text) {
     throw NolSchedError(refusal);
 }
 
-Done Act(CheckBox& box, Verb verb, const std::string& /*text*/) {
-    return verb == Verb::Click ? Done(box.Click()) : Done();
+using Verbs = std::vector<Verb>;
+
+Verbs VerbsOf(const ViewField& /*shows only*/) { return {}; }
+Verbs VerbsOf(const CheckBox& /*box*/) { return {Verb::Click}; }
+Verbs VerbsOf(const DropDownList& /*list*/) { return {Verb::Pick}; }
+Verbs VerbsOf(const TextBox& /*box*/) { return {Verb::Type, Verb::Paste}; }
+Verbs VerbsOf(const SSDateCombo& /*field*/) { return {Verb::Date}; }
+Verbs VerbsOf(const DTPicker& /*field*/) { return {Verb::Time}; }
+Verbs VerbsOf(const XMarlet& /*picker*/) { return {Verb::Pick, Verb::Type, Verb::Paste}; }
+Verbs VerbsOf(const XAmbitPurge& /*purge*/) { return {Verb::Click, Verb::Type, Verb::Paste}; }
+Verbs VerbsOf(const XAmbitDownload& /*download*/) { return {Verb::Pick}; }
+
+// Each is given one of its verbs. False: the field does not offer it.
+bool Act(CheckBox& box, Verb /*click*/, const std::string& /*text*/) { return box.Click(); }
+
+bool Act(DropDownList& list, Verb /*pick*/, const std::string& text) { return list.Pick(text); }
+
+bool Act(TextBox& box, Verb verb, const std::string& text) {
+    return verb == Verb::Type ? Type(box, text) : PasteWhole(box, text);
 }
 
-Done Act(DropDownList& list, Verb verb, const std::string& text) {
-    return verb == Verb::Pick ? Done(list.Pick(text)) : Done();
+bool Act(ViewField& /*shows only*/, Verb /*none*/, const std::string& /*text*/) { return false; }
+bool Act(SSDateCombo& field, Verb /*date*/, const std::string& text) { return TypeWhole(field, text); }
+bool Act(DTPicker& field, Verb /*time*/, const std::string& text) { return TypeWhole(field, text); }
+
+bool Act(XMarlet& picker, Verb verb, const std::string& text) {
+    return verb == Verb::Pick ? picker.Pick(text) : picker.Paste(text);
 }
 
-Done Act(TextBox& box, Verb verb, const std::string& text) {
-    if (verb == Verb::Type) return Type(box, text);
-    return verb == Verb::Paste ? Done(PasteWhole(box, text)) : Done();
-}
-
-Done Act(Label& /*label*/, Verb /*verb*/, const std::string& /*text*/) { return {}; }
-Done Act(Frame& /*frame*/, Verb /*verb*/, const std::string& /*text*/) { return {}; }
-
-Done Act(SSDateCombo& field, Verb verb, const std::string& text) {
-    return verb == Verb::Date ? Done(TypeWhole(field, text)) : Done();
-}
-
-Done Act(DTPicker& field, Verb verb, const std::string& text) {
-    return verb == Verb::Time ? Done(TypeWhole(field, text)) : Done();
-}
-
-Done Act(XMarlet& picker, Verb verb, const std::string& text) {
-    if (verb == Verb::Pick) return picker.Pick(text);
-    return verb == Verb::Type || verb == Verb::Paste ? Done(picker.Paste(text)) : Done();
-}
-
-Done Act(XAmbitPurge& purge, Verb verb, const std::string& text) {
+bool Act(XAmbitPurge& purge, Verb verb, const std::string& text) {
     if (verb == Verb::Click) return purge.Click();
-    if (verb == Verb::Type) return Type(purge, text);
-    return verb == Verb::Paste ? Done(PasteWhole(purge, text)) : Done();
+    return verb == Verb::Type ? Type(purge, text) : PasteWhole(purge, text);
 }
 
-Done Act(XAmbitDownload& download, Verb verb, const std::string& text) {
-    return verb == Verb::Pick ? Done(download.Pick(text)) : Done();
-}
+bool Act(XAmbitDownload& download, Verb /*pick*/, const std::string& text) { return download.Pick(text); }
 
 std::string Unusable(const Target& target) {
     const std::string told = target.field.IsShown() ? " is disabled" : " is hidden";
@@ -120,6 +114,11 @@ std::optional<Verb> VerbNamed(std::string_view word) {
     return static_cast<Verb>(found - verbNames.begin());
 }
 
+bool IsKnown(Verb verb, const ViewField& field) {
+    const Verbs verbs = VisitField(field, [](const auto& kind) { return VerbsOf(kind); });
+    return std::find(verbs.begin(), verbs.end(), verb) != verbs.end();
+}
+
 // A text that the act cannot read is as little offered as one out of bounds.
 void DoAct(Verb verb, const Target& target, const std::string& text) {
     ViewField& field = target.field;
@@ -127,16 +126,16 @@ void DoAct(Verb verb, const Target& target, const std::string& text) {
         throw UsageError(target.name + told, {target.name, text, OfferedBy(field)});
     };
     if (!field.IsUsable()) refuse(Unusable(target));
-    Done done;
+    if (!IsKnown(verb, field))
+        refuse(" is a " + KindName(field) + ", which one cannot " +
+               std::string(verbNames.at(static_cast<std::size_t>(verb))) + ".");
+    bool isDone = false;
     try {
-        done = VisitField(field, [&](auto& kind) { return Act(kind, verb, text); });
+        isDone = VisitField(field, [&](auto& kind) { return Act(kind, verb, text); });
     } catch (const NolSchedError& error) {
         refuse(std::string(": ") + error.what());
     }
-    if (!done)
-        refuse(" is a " + KindName(field) + ", which one cannot " +
-               std::string(verbNames.at(static_cast<std::size_t>(verb))) + ".");
-    if (!*done) refuse(" does not offer " + Quoted(text) + OfferText(text, OfferedBy(field)));
+    if (!isDone) refuse(" does not offer " + Quoted(text) + OfferText(text, OfferedBy(field)));
 }
 
 }  // namespace NolSchedCtls

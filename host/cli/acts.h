@@ -16,6 +16,9 @@ enum class Verb { Click, Pick, Type, Paste, Date, Time };
 // Nothing for a word that stands for no act on a field.
 std::optional<Verb> VerbNamed(std::string_view word);
 
+// Whether it is an act for that kind of field.
+bool IsKnown(Verb verb, const ViewField& field);
+
 // A field as a script names it: "hom.txtDuration".
 struct Target {
     std::string name;

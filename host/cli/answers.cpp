@@ -232,6 +232,12 @@ void WriteError(std::ostream& stream, const Json& answer) {
     stream << TextOf(told.at("text")) << '\n';
 }
 
+void WriteCommand(std::ostream& stream, const Json& answer) {
+    const Json& command = answer.at("command");
+    stream << Padded(TextOf(command.at("verb")) + ' ' + TextOf(command.at("takes")), 29)
+           << TextOf(command.at("text")) << '\n';
+}
+
 void WriteFailure(std::ostream& stream, const Json& answer) {
     stream << "failure: " << TextOf(answer.at("failure").at("text")) << '\n';
 }
@@ -311,6 +317,7 @@ void Answers::Tell(const Json& answer) {
         AnswerKind{"valid", Out, WriteValid},
         AnswerKind{"saved", Out, WriteSaved},
         AnswerKind{"field", Out, WriteRule},
+        AnswerKind{"command", Out, WriteCommand},
         AnswerKind{"columns", Out, WriteColumnNames, true},
         AnswerKind{"entry", Out, WriteEntry, true},
         AnswerKind{"document", Out, WriteDocument},

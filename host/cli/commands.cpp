@@ -17,6 +17,7 @@
 #include "host/cli/field_rules.h"
 #include "host/cli/outlook_commands.h"
 #include "host/cli/plan_commands.h"
+#include "host/cli/prompt.h"
 #include "host/cli/script.h"
 #include "host/cli/words.h"
 #include "host/entries/entry_outlook.h"
@@ -44,11 +45,11 @@ int RunScript(const CommandRun& run, EntrySession& session) {
     Script script(run.workspace, session, run.answers);
     session.Load();
     const Unsaved unsaved = run.line.discards ? Unsaved::Discard : Unsaved::Refuse;
-    if (isPrompt) return script.Run(run.terminal.in, "", unsaved, &run.terminal.err);
-    if (file == "-") return script.Run(run.terminal.in, "standard input", unsaved, nullptr);
+    if (isPrompt) return RunPrompt(run, session, script);
+    if (file == "-") return script.Run(run.terminal.in, "standard input", unsaved);
     std::ifstream lines(file);
     if (!lines) RefuseScript(file);
-    return script.Run(lines, file, unsaved, nullptr);
+    return script.Run(lines, file, unsaved);
 }
 
 // The sentence with what comes of it.

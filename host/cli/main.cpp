@@ -6,6 +6,7 @@
 
 #include "NolSchedCtls/base/text.h"
 #include "host/cli/commands.h"
+#include "host/cli/line_editor.h"
 #include "host/cli/pause.h"
 #include "host/entries/process.h"
 
@@ -28,8 +29,14 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);  // else a failure to read standard input passes as its end
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     NolSchedCtls::HidePasswords(argc, argv);
-    NolSchedCtls::Terminal terminal{
-        std::cin,       std::cout, std::cerr, isatty(STDIN_FILENO) == 1, {}, NolSchedCtls::PauseUnlessStopped,
-        TerminalWidth()};
+    NolSchedCtls::Terminal terminal{std::cin,
+                                    std::cout,
+                                    std::cerr,
+                                    isatty(STDIN_FILENO) == 1,
+                                    {},
+                                    NolSchedCtls::PauseUnlessStopped,
+                                    TerminalWidth(),
+                                    NolSchedCtls::MakeLineEditor,
+                                    NolSchedCtls::TakeInterrupt};
     return NolSchedCtls::RunNolsched(arguments, terminal);
 }

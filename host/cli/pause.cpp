@@ -10,6 +10,7 @@ namespace NolSchedCtls {
 namespace {
 
 volatile sig_atomic_t isStopped = 0;
+volatile sig_atomic_t isInterrupted = 0;
 
 bool ListenForSignals() {
     struct sigaction stop {};
@@ -18,6 +19,13 @@ bool ListenForSignals() {
     sigaction(SIGINT, &stop, nullptr);
     sigaction(SIGTERM, &stop, nullptr);
     return true;
+}
+
+bool ListenForInterrupts() {
+    struct sigaction interrupt {};
+    interrupt.sa_handler = [](int) { isInterrupted = 1; };
+    interrupt.sa_flags = SA_RESTART;  // a line that is being read goes on
+    return sigaction(SIGINT, &interrupt, nullptr) == 0;
 }
 
 // One that was closed from the start stands on a file to read from.
@@ -30,6 +38,13 @@ bool PauseUnlessStopped(std::chrono::milliseconds wait) {
     pollfd output{STDOUT_FILENO, 0, 0};  // wakes when nobody reads it any more
     if (isStopped == 0) poll(&output, 1, static_cast<int>(wait.count()));
     return isStopped == 0 && output.revents == 0 && IsOutputOpen();
+}
+
+bool TakeInterrupt() {
+    [[maybe_unused]] static const bool listens = ListenForInterrupts();
+    const bool was = isInterrupted != 0;
+    isInterrupted = 0;
+    return was;
 }
 
 }  // namespace NolSchedCtls

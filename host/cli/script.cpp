@@ -1,10 +1,5 @@
 #include "host/cli/script.h"
 
-#include <cerrno>
-#include <cstring>
-#include <istream>
-#include <ostream>
-
 #include "NolSchedCtls/base/text.h"
 #include "host/cli/field_rules.h"
 #include "host/cli/field_view.h"
@@ -71,18 +66,6 @@ std::string TextOf(std::string_view rest) {
     return std::string(rest);
 }
 
-// False at the end; a line that breaks off, since the rest cannot be read, is none.
-bool NextLine(std::istream& lines, std::ostream* prompt, std::string& line) {
-    if (prompt != nullptr) *prompt << "nolsched> " << std::flush;
-    if (std::getline(lines, line)) {
-        if (line.ends_with('\r')) line.pop_back();
-        return true;
-    }
-    if (lines.bad())
-        throw UsageError("The script cannot be read: " + std::string(std::strerror(errno)) + ".");
-    return false;
-}
-
 }  // namespace
 
 const Page& PageNamed(const EntrySession& session, std::string_view name) {
@@ -90,6 +73,16 @@ const Page& PageNamed(const EntrySession& session, std::string_view name) {
         if (page.name == name) return page;
     throw UsageError("There is no tab " + Quoted(name) + "; there are " +
                      Joined(session.Pages(), &Page::name) + ".");
+}
+
+std::string ScriptText(const std::string& text) {
+    if (!text.starts_with('"') && TextOf(text) == text && !text.empty()) return text;
+    std::string quoted = "\"";
+    for (const char letter : text) {
+        if (letter == '"' || letter == '\\') quoted += '\\';
+        quoted += letter;
+    }
+    return quoted + '"';
 }
 
 Script::Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA)
@@ -104,23 +97,17 @@ Script::Script(Workspace& workspaceA, EntrySession& sessionA, Answers& answersA)
         }));
 }
 
-int Script::Run(std::istream& lines, const std::string& file, Unsaved unsaved, std::ostream* prompt) {
-    std::string line;
-    for (int number = 1; NextLine(lines, prompt, line); ++number) {
-        if (number == 1 && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
+int Script::Run(std::istream& lines, const std::string& file, Unsaved unsaved) {
+    StreamReader reader(lines);
+    for (int number = 1; auto line = reader.Read(""); ++number) {
+        if (number == 1 && line->starts_with(byteOrderMark)) line->erase(0, byteOrderMark.size());
         try {
-            Line(line);
+            Line(*line);
         } catch (const UsageError& error) {
-            if (prompt == nullptr) throw At(error, file, number);
-            answers.Tell(JsonOf(error));
-        } catch (const NolSchedError& error) {
-            if (prompt == nullptr) throw;
-            answers.TellFailure(error);
+            throw At(error, file, number);
         }
     }
-    if (verdict != exitDone || unsaved == Unsaved::Discard ||
-        !(session.Record().IsNew || session.HasUnsavedChanges()))
-        return verdict;
+    if (verdict != exitDone || unsaved == Unsaved::Discard || !HasUnsaved()) return verdict;
     answers.Tell(JsonOf(At(
         UsageError("the script ends with changes that no save has stored; --discard drops them."), file, 0)));
     return exitRefused;

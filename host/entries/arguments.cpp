@@ -135,11 +135,25 @@ std::vector<bool> OptionPlaces(const CLI::App& app, const std::vector<std::strin
     return places;
 }
 
+// An address that stands anywhere else is a slip, and what is told of it might show its password.
+void RefuseStrayAddress(const std::vector<std::string>& given, const std::vector<bool>& places) {
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        const std::string& argument = given[i];
+        const bool isOfStore =
+            argument.starts_with("--db=") || (i > 0 && places[i - 1] && given[i - 1] == "--db");
+        const std::size_t text = argument.find("://") < argument.find('=') ? 0 : argument.find('=') + 1;
+        const std::string told = WithoutPassword(argument.substr(text));
+        if (!isOfStore && told.find("://") != std::string::npos && told != argument.substr(text))
+            throw UsageError("The address " + Quoted(told) + " of a store stands after --db.");
+    }
+}
+
 // From the last to the first, as the parser takes them, and none with its text left out after "=": the
 // parser would take the next argument for it. A "++" among them would end a command without a word.
 std::vector<std::string> Reversed(const CLI::App& app, const std::vector<std::string>& given) {
     std::vector<std::string> reversed;
     const std::vector<bool> places = OptionPlaces(app, given);
+    RefuseStrayAddress(given, places);
     for (std::size_t i = 0; i < given.size(); ++i) {
         const std::string& argument = given[i];
         if (!utf8::is_valid(argument))

@@ -388,11 +388,13 @@ TEST(Faults, AtAPromptAFailedSaveIsToldAndTheInputStays) {
     };
     const std::string script = "click general.chkCreateFiles\nsave\nvalid\n";
     const std::string failure = "failure: t.db: UNIQUE constraint failed: NOL_Schedule.CreateFiles\n";
-    const std::string told = "! nolsched> nolsched> " + failure + "! nolsched> valid\n! nolsched> ";
+    const std::string told =
+        "! nolsched 1> nolsched 1*> " + failure + "! nolsched 1*> valid\n! nolsched 1*> ";
     EXPECT_EQ(edit(script, false), "! " + failure + "[status 3]\n");
-    EXPECT_EQ(edit(script, true), told + "[status 3]\n");
+    const std::string question = "\n! There are changes that no save has stored. Leave? [y/N] ";
+    EXPECT_EQ(edit(script + "quit\ny\n", true), told + question.substr(3) + "[status 3]\n");
     EXPECT_EQ(edit(script + "click general.chkCreateFiles\nsave", true),
-              told + "nolsched> unchanged 1\n! nolsched> ");
+              told + "nolsched 1*> unchanged 1\n! nolsched 1> \n");
 }
 
 // A store that is not there is made by these alone, and told.
