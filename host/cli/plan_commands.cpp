@@ -217,7 +217,7 @@ class Matching {
     // Each entry is meant but once.
     std::int32_t Met(std::int64_t id) {
         if (id != 0 && !met.insert(id).second)
-            throw UsageError("it means entry " + std::to_string(id) + ", as another one of the plan does.");
+            throw UsageError("another one of the plan means the same entry.");
         if (id > std::numeric_limits<std::int32_t>::max())
             throw UsageError("the entry " + std::to_string(id) + " has an Id that no entry can have.");
         return static_cast<std::int32_t>(id);
