@@ -186,6 +186,11 @@ void WriteSet(std::ostream& stream, const Json& answer) {
            << (changes.empty() ? "" : ": ") << Joined(changes) << '\n';
 }
 
+void WriteAdded(std::ostream& stream, const Json& answer) {
+    const Json& added = answer.at("added");
+    stream << "added " << TextOf(added.at("Type")) << " \"" << TextOf(added.at("Name")) << "\"\n";
+}
+
 void WriteApplied(std::ostream& stream, const Json& answer) {
     const Json& applied = answer.at("applied");
     stream << "created " << applied.at("created") << ", changed " << applied.at("changed") << ", unchanged "
@@ -302,7 +307,6 @@ std::string Dumped(const Json& value) {
 }
 
 void Answers::Tell(const Json& answer) {
-    if (isSilent) return;
     using enum Stream;
     static constexpr std::array answerKinds = {
         AnswerKind{"message", ErrAsText, WriteMessage},
@@ -329,6 +333,7 @@ void Answers::Tell(const Json& answer) {
         AnswerKind{plan, File, WriteFile<plan>},
         AnswerKind{"set", Out, WriteSet},
         AnswerKind{"applied", Out, WriteApplied},
+        AnswerKind{"added", Out, WriteAdded},
         AnswerKind{leftOut, ErrAsText, WriteState<leftOut>},
         AnswerKind{"holiday", Out, WriteHoliday},
         AnswerKind{"imported", Out, WriteImported},

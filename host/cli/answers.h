@@ -36,19 +36,6 @@ class Answers {
     // The name under which failures of the store are told.
     void UseStore(std::string name) { store = std::move(name); }
 
-    // Nothing is told meanwhile.
-    class Silence {
-      public:
-        explicit Silence(Answers& answersA) : answers(answersA), was(std::exchange(answers.isSilent, true)) {}
-        ~Silence() { answers.isSilent = was; }
-        Silence(const Silence&) = delete;
-        Silence& operator=(const Silence&) = delete;
-
-      private:
-        Answers& answers;
-        bool was;
-    };
-
     // Nothing can be told any more.
     bool IsLost() const;
 
@@ -58,7 +45,6 @@ class Answers {
     std::size_t width;
     bool isJson = false;
     std::string store;
-    bool isSilent = false;
 };
 
 // In one line; bytes that are no UTF-8 become replacement characters.

@@ -186,7 +186,9 @@ const std::string& NameOfDocument(const CommandLine& line) {
 }
 
 int AddDocument(const CommandRun& run) {
-    run.workspace.Documents().Add(TypeOfWord(run.line.type), NameOfDocument(run.line));
+    const CaddisDocumentType type = TypeOfWord(run.line.type);
+    run.workspace.Documents().Add(type, NameOfDocument(run.line));
+    run.answers.Tell({{"added", {{"Type", type.Name}, {"Name", run.line.document}}}});
     return exitDone;
 }
 
@@ -215,7 +217,7 @@ int TellFields(const CommandRun& run) {
     const Page* const chosen = run.line.tab ? &PageNamed(session, *run.line.tab) : nullptr;
     for (const Page& page : session.Pages()) {
         if (chosen != nullptr && &page != chosen) continue;
-        for (const Json& field : FieldRules(run.workspace, run.answers, page.name).Told())
+        for (const Json& field : FieldRules(run.workspace, page.name).Told())
             run.answers.Tell({{"field", field}});
     }
     return exitDone;

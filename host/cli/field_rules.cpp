@@ -100,14 +100,14 @@ std::vector<T> With(std::vector<T> parts, T part) {
 
 }  // namespace
 
-FieldRules::FieldRules(Workspace& workspaceA, Answers& answersA, std::string_view tabNameA)
-    : workspace(workspaceA), answers(answersA), tabName(tabNameA) {
+FieldRules::FieldRules(Workspace& workspaceA, std::string_view tabNameA)
+    : workspace(workspaceA), tabName(tabNameA) {
     while (!Explore({}, 0)) states.clear();
 }
 
 // A fresh session for each state: what was done before in a tab may tell in it.
 std::unique_ptr<EntrySession> FieldRules::Replay(const std::vector<Act>& acts) const {
-    const Answers::Silence silence(answers);
+    const Workspace::Silence silence(workspace);
     auto session = std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{});
     session->Load();
     for (const auto& [name, text] : acts) SetByName(*session->FindPage(tabName)->tab, name, text);

@@ -19,7 +19,7 @@ class FieldRules {
   public:
     // Tries each value of each switch of the tab on sessions of its own, of which nothing is saved and
     // nothing told. Throws what a session's Load throws.
-    FieldRules(Workspace& workspaceA, Answers& answersA, std::string_view tabNameA);
+    FieldRules(Workspace& workspaceA, std::string_view tabNameA);
 
     // {"tab": ..., "name": ..., "kind": ..., "caption": ..., "offers": [...], "while": ...} for each field,
     // in tab order. "while" is null for a field that is always usable, "never" for one that never is.
@@ -53,7 +53,6 @@ class FieldRules {
     Texts Offers(const std::string& field) const;
 
     Workspace& workspace;
-    Answers& answers;
     std::string tabName;
     Texts switches;
     std::vector<State> states;

@@ -57,6 +57,14 @@ bool SaveOrRefuse(EntrySession& session, EntrySession::PastEnd pastEnd) {
     return isUnchanged;
 }
 
+// What no page shows: pausing an entry asks none of them.
+bool IsOwn(const std::vector<WordChange>& changes) {
+    const auto isOwn = [](const WordChange& change) {
+        return WordNamed(std::string(change.word)).field.empty();
+    };
+    return !changes.empty() && std::ranges::all_of(changes, isOwn);
+}
+
 using PastEnd = EntrySession::PastEnd;
 using JudgeEnd = PastEnd (*)(const std::vector<WordChange>&);
 
@@ -83,7 +91,10 @@ Outcome Save(EntrySession& session, const WordTexts& texts, Change& change,
         WriteWords(session, texts);
         changes = ChangesBetween(before, ReadWords(session));
         isUnchanged = !isNew && changes.empty();
-        if (!isUnchanged) isUnchanged = SaveOrRefuse(session, pastEnd(changes));
+        if (IsOwn(changes) && !isNew)
+            session.SaveOwn();
+        else if (!isUnchanged)
+            isUnchanged = SaveOrRefuse(session, pastEnd(changes));
     } catch (UsageError& error) {
         error.place = place;
         throw;
@@ -166,7 +177,7 @@ std::string ReadText(const std::string& file, std::istream& standardInput) {
     return text;
 }
 
-void MakeMissing(const CommandRun& run, const WordTexts& texts) {
+void MakeMissing(const CommandRun& run, const WordTexts& texts, Change& change) {
     DocumentStore& documents = run.workspace.Documents();
     for (const auto& [word, text] : texts) {
         const bool isGroup = word->name == "group";
@@ -174,7 +185,10 @@ void MakeMissing(const CommandRun& run, const WordTexts& texts) {
         const CaddisDocumentType type = isGroup ? DocumentTypes().TypeByName(MAppConstants::nolGroup)
                                                 : CaddisScenarios().ScenarioDocumentType();
         const auto isNamed = [&text = text](const auto& document) { return document->Name == text; };
-        if (std::ranges::none_of(documents.DocumentsOfType(type), isNamed)) documents.Add(type, text);
+        if (std::ranges::none_of(documents.DocumentsOfType(type), isNamed)) {
+            documents.Add(type, text);
+            change.Tell({{"added", {{"Type", type.Name}, {"Name", text}}}});
+        }
     }
 }
 
@@ -232,7 +246,7 @@ class Matching {
 
 Outcome ApplyOne(const CommandRun& run, Matching& matching, const Json& object, Change& change) {
     const Planned planned = PlannedOf(object);
-    MakeMissing(run, planned.texts);
+    MakeMissing(run, planned.texts, change);
     if (const std::int32_t id = matching.IdOf(planned); id != 0) {
         EntrySession session(run.workspace, id);
         const Outcome outcome = Save(session, planned.texts, change, LetStand);

@@ -87,7 +87,7 @@ Texts Offers(const EntrySession& session, std::string_view verb, std::string_vie
 std::string PromptText(EntrySession& session) {
     const CNolSchedData& record = session.Record();
     return "nolsched " + (record.IsNew ? "new" : std::to_string(record.Id)) +
-           (session.HasUnsavedChanges() ? "*> " : "> ");
+           (record.IsNew || session.HasUnsavedChanges() ? "*> " : "> ");
 }
 
 void TellHelp(Answers& answers) {
@@ -155,7 +155,8 @@ int RunPrompt(const CommandRun& run, EntrySession& session, Script& script) {
     isInterrupted();  // from now on Ctrl+C does not end the process
     while (true) {
         const auto line = lines->Read(PromptText(session));
-        isInterrupted();  // what came until now was for the line
+        const bool isDropped = isInterrupted();  // what came until now was for the line
+        if (!line && isDropped) continue;
         if (line && Trimmed(*line) != "quit") {
             lines->Remember(*line);
             DoLine(script, run.answers, *line);

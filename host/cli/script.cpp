@@ -165,7 +165,7 @@ Target Script::TargetNamed(std::string_view name) {
                          Joined(page.tab->Fields(), [](const ViewField* known) { return known->Name(); }) +
                          ".");
     return {std::string(name), *field, [this, &page, field] {
-                return FieldRules(workspace, answers, page.name).Obstacle(*page.tab, field->Name());
+                return FieldRules(workspace, page.name).Obstacle(*page.tab, field->Name());
             }};
 }
 

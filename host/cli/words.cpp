@@ -8,6 +8,7 @@
 #include "NolSchedCtls/tabs/schedule/exclusions.h"
 #include "NolSchedCtls/toolkit/fields.h"
 #include "host/cli/acts.h"
+#include "host/cli/field_rules.h"
 #include "host/cli/field_view.h"
 
 namespace NolSchedCtls {
@@ -39,7 +40,11 @@ Kind& FieldOf(EntrySession& session, std::string_view name) {
 }
 
 void Do(EntrySession& session, Verb verb, std::string_view name, const std::string& text = {}) {
-    DoAct(verb, {std::string(name), FieldNamed(session, name)}, text);
+    const std::size_t dot = name.find('.');
+    const auto obstacle = [&session, tab = name.substr(0, dot), field = std::string(name.substr(dot + 1))] {
+        return FieldRules(session.Home(), tab).Obstacle(*session.FindPage(tab)->tab, field);
+    };
+    DoAct(verb, {std::string(name), FieldNamed(session, name), obstacle}, text);
 }
 
 // What a field shows as a word's text, and the act that brings it there.

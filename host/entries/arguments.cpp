@@ -179,14 +179,25 @@ std::int32_t ReadId(const CLI::App& app, const std::string& text, const char* or
 
 }  // namespace
 
-// A third of the letters may differ, and capitals do not count.
+namespace {
+
+std::string DigitsOf(std::string text) {
+    std::erase_if(text, [](char letter) { return letter < '0' || letter > '9'; });
+    return text;
+}
+
+}  // namespace
+
+// A third of the letters may differ, no digits, and capitals do not count.
 std::optional<std::string> NearestOf(const std::string& word, const std::vector<std::string>& names) {
     const auto distanceTo = [small = InSmallLetters(word)](const std::string& name) {
         return Distance(small, InSmallLetters(name));
     };
     if (names.empty()) return {};
     const std::string nearest = std::ranges::min(names, {}, distanceTo);
-    if (distanceTo(nearest) * 3 > std::max(word.size(), nearest.size())) return {};
+    if (distanceTo(nearest) * 3 > std::max(word.size(), nearest.size()) ||
+        DigitsOf(nearest) != DigitsOf(word))
+        return {};
     return nearest;
 }
 

@@ -118,13 +118,21 @@ const Page* EntrySession::FirstRefusal(PastEnd pastEnd) {
 
 EntrySession::SaveResult EntrySession::Save(PastEnd pastEnd) {
     if (const Page* const refusal = FirstRefusal(pastEnd)) return {refusal};
+    return StoreAfter([this] {
+        for (const Page& page : pages) page.tab->SaveData();
+    });
+}
+
+EntrySession::SaveResult EntrySession::SaveOwn() { return StoreAfter({}); }
+
+EntrySession::SaveResult EntrySession::StoreAfter(const std::function<void()>& fill) {
     Settle();
     const auto formerId = record->Id;
     const bool wasNew = record->IsNew;
     SaveResult result;
     try {
-        for (const Page& page : pages) page.tab->SaveData();
-        result.isUnchanged = !Store();
+        if (fill) fill();
+        result.isUnchanged = !Store(fill != nullptr);
     } catch (...) {
         record->Id = formerId;
         record->IsNew = wasNew;
@@ -137,14 +145,14 @@ EntrySession::SaveResult EntrySession::Save(PastEnd pastEnd) {
 }
 
 // Whether the overrides change anything is seen by their rows: the record writes them all anew.
-bool EntrySession::Store() {
+bool EntrySession::Store(bool hasPages) {
     workspace.TakeFailure();
     Transaction transaction(workspace.Store());
     EntryStore& entries = workspace.Entries();
     const bool isSameRow = entries.Holds(*record, row);
     const auto formerOverrides = isSameRow ? entries.OverrideRows(record->Id) : EntryStore::Rows();
     StoredRow written = entries.Write(*record, row);
-    record->SaveNolOverrides();
+    if (hasPages) record->SaveNolOverrides();
     if (const auto failure = workspace.TakeFailure()) throw StoreError(*failure);
     if (isSameRow && entries.OverrideRows(record->Id) == formerOverrides) return false;
     entries.Verify(*record, written);

@@ -1,6 +1,7 @@
 // The editing of one entry: a record, a notifier and a fresh set of tabs, from opening to the last save.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -68,11 +69,17 @@ class EntrySession {
     // Asks all pages, then stores row and overrides in one transaction. If the store fails or another user
     // was faster, throws StoreError or OvertakenError; the store, Id and IsNew are then as before.
     SaveResult Save(PastEnd pastEnd = PastEnd::Refused);
+    // The same of what is the record's own (EditorName, ScheduleActive), without the pages: also of an entry
+    // that they would refuse.
+    SaveResult SaveOwn();
 
   private:
     explicit EntrySession(Workspace& workspaceA, StoredEntry entry);
+    // What fills the record from the pages; nothing: they are not asked, and the overrides stay as they are
+    // stored.
+    SaveResult StoreAfter(const std::function<void()>& fill);
     // False if the store holds it all already.
-    bool Store();
+    bool Store(bool hasPages);
     // Looks up what became of an unsettled save. Throws while the store cannot be asked.
     void Settle();
 

@@ -17,7 +17,10 @@ Workspace::Workspace(WorkspaceOptions options)
     const auto keepFirst = [kept = failure](const std::string& text) {
         if (!*kept) *kept = text;
     };
-    const HostServices host{std::move(options.showMessage), keepFirst, std::move(options.now), asOf};
+    const auto show = [shown = std::move(options.showMessage), silent = isSilent](const Message& message) {
+        if (!*silent) shown(message);
+    };
+    const HostServices host{show, keepFirst, std::move(options.now), asOf};
     // A connection belongs to its thread; any other thread gets one of its own.
     InstallServices([host, address = options.address, own = database, thread = std::this_thread::get_id()] {
         return MakePlatformProvider(std::this_thread::get_id() == thread ? own : OpenDatabase(address), host);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "host/entries/entry_store.h"
 #include "host/entries/holiday_store.h"
@@ -31,6 +32,20 @@ class Workspace {
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
 
+    // No message is shown meanwhile.
+    class Silence {
+      public:
+        explicit Silence(Workspace& workspaceA)
+            : workspace(workspaceA), was(std::exchange(*workspace.isSilent, true)) {}
+        ~Silence() { *workspace.isSilent = was; }
+        Silence(const Silence&) = delete;
+        Silence& operator=(const Silence&) = delete;
+
+      private:
+        Workspace& workspace;
+        bool was;
+    };
+
     // Whether the store was made just now.
     bool IsMade() const { return isMade; }
     Database& Store() { return *database; }
@@ -46,6 +61,7 @@ class Workspace {
     std::shared_ptr<Database> database;
     std::shared_ptr<std::optional<std::string>> failure;
     std::shared_ptr<std::optional<DateTime>> asOf;
+    std::shared_ptr<bool> isSilent = std::make_shared<bool>(false);
     EntryStore entries;
     DocumentStore documents;
     HolidayStore holidays;

@@ -402,7 +402,7 @@ TEST(Faults, AMistypedStoreIsNotMade) {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"init"}, "! made: t.db\n"},
         {{"new", "name=N", "group=North Cells"}, "! made: t.db\ncreated 1\n"},
-        {{"documents", "add", "group", "G"}, "! made: t.db\n"},
+        {{"documents", "add", "group", "G"}, "! made: t.db\nadded NOL Group \"G\"\n"},
         {{"list"}, ""},
         {{"edit", "1", "-"}, ""},
         {{"holidays", "add", "2026-12-25", "Christmas"}, ""},
