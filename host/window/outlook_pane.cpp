@@ -119,7 +119,7 @@ void OutlookPane::MakeWeek() {
 }
 
 bool OutlookPane::IsCounting() const {
-    return column == nullptr || !isGiven || monthJob.IsRunning() || runsJob.IsRunning() ||
+    return column == nullptr || !isGiven || !isWeekGiven || monthJob.IsRunning() || runsJob.IsRunning() ||
            weekJob.IsRunning();
 }
 
@@ -132,6 +132,7 @@ void OutlookPane::ShowChosen(EntryRows entries, const QString& titleA) {
 
 void OutlookPane::ShowAll(EntryRows entries) {
     all = std::move(entries);
+    isWeekGiven = true;
     CountWeek();
 }
 
@@ -179,7 +180,7 @@ void OutlookPane::CountRuns() {
 }
 
 void OutlookPane::CountWeek() {
-    if (!IsInUse()) return;
+    if (!isWeekGiven || column == nullptr || !isVisible()) return;
     weekJob.Start([entries = all, now = Clock().Now()](
                       const std::stop_token& stop) { return LoadOfWeek(entries, now, stop); },
                   [this](const WeekLoad& load) { week->Show(load); });

@@ -56,7 +56,8 @@ class OutlookPane : public QScrollArea {
     EntryRows chosen;
     EntryRows all;
     QString title;
-    bool isGiven = false;         // before, nothing can be told
+    bool isGiven = false;  // before, nothing can be told
+    bool isWeekGiven = false;
     std::optional<DateTime> day;  // whose runs are listed; otherwise the next ones
     std::optional<std::vector<ShownRun>> shown;
     QTimer afterPaint;

@@ -59,6 +59,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     auto& table = *window.findChild<QTableView*>();
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
+    EXPECT_NE(week.verticalHeaderItem(0), nullptr) << "the week was not counted";
     auto& runs = *window.Pane().findChild<QListWidget*>();
     const auto labels = window.Pane().widget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     const auto label = [&](int place) { return Shown(*labels[place]); };
