@@ -46,6 +46,9 @@ class Workspace {
         bool was;
     };
 
+    // What is about to be shown, which a handler may change.
+    Event<Message&> Telling;
+
     // Whether the store was made just now.
     bool IsMade() const { return isMade; }
     Database& Store() { return *database; }

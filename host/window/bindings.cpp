@@ -74,8 +74,10 @@ class KeyFilter : public QObject {
         if (event.type() != QEvent::KeyPress) return {};
         const auto& key = static_cast<const QKeyEvent&>(event);
         if (key.key() == Qt::Key_Backspace) return {keyBackspace};
-        const bool isText = !key.text().isEmpty() && key.text().at(0).category() != QChar::Other_Control &&
-                            (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+        const bool isCommand =
+            (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+        const bool isText =
+            !isCommand && !key.text().isEmpty() && key.text().at(0).category() != QChar::Other_Control;
         return isText ? key.text().toUcs4() : QList<uint>();
     }
 
@@ -96,7 +98,7 @@ QWidget* Bind(TextBox& field, QWidget* parent) {
     });
     new KeyFilter(*edit, [&field](char32_t key) { return field.Locked() || field.FilterKey(key) != 0; });
     QObject::connect(edit, &QLineEdit::textEdited, link, [&field, link](const QString& text) {
-        link->Act([&] { field.Paste(text.toStdString()); });
+        link->Act([&] { field.Edit(text.toStdString()); });
     });
     return edit;
 }
@@ -147,11 +149,29 @@ class PickerCombo : public QComboBox {
         });
     }
 
+    // A part of a name that one document alone has is that document's.
+    void Commit() {
+        if (field.Document() || field.Text().empty()) return;
+        const QString text = ToQt(field.Text());
+        const int same = findText(text, Qt::MatchFixedString);
+        completer()->setCompletionPrefix(text);
+        const bool isOne = completer()->completionCount() == 1;
+        if (same < 0 && !isOne) return;
+        const QString name = same >= 0 ? itemText(same) : completer()->currentCompletion();
+        link->Act([&] { field.Pick(name.toStdString()); });
+    }
+
     void showPopup() override {
         link->Act([this] { Fill(); });
         QComboBox::showPopup();
         const int last = findData(field.LastDocumentId());
         if (!field.Document() && last >= 0) view()->setCurrentIndex(model()->index(last, 0));
+    }
+
+  protected:
+    void focusOutEvent(QFocusEvent* event) override {
+        QComboBox::focusOutEvent(event);
+        if (LeavesField(*event)) Commit();
     }
 
   private:
@@ -196,13 +216,6 @@ class Parts : public QWidget {
     QHBoxLayout* const row;
 };
 
-// A key that the field would refuse goes to the field, which beeps.
-bool PassesDays(XAmbitPurge& field, char32_t key) {
-    const bool passes = key == keyBackspace || (key >= U'0' && key <= U'9');
-    if (!passes) field.Key(key);
-    return passes;
-}
-
 QWidget* Bind(XAmbitPurge& field, QWidget* parent) {
     auto* const widget = new Parts(parent);
     auto* const box = new QCheckBox(u"Purge automatically after"_s, widget);
@@ -216,15 +229,15 @@ QWidget* Bind(XAmbitPurge& field, QWidget* parent) {
     widget->row->addWidget(unit, 1);
     auto* const link = FieldLink::Tie(field, *widget, [&field, box, days, unit] {
         box->setChecked(field.IsOn());
-        ShowText(ToQt(field.DaysText()), 0, *days);
+        ShowText(ToQt(field.DaysText()), XAmbitPurge::maxLength, *days);
         unit->setText(u"days (at most %1)"_s.arg(field.MaximumDays()));
     });
     link->AddFocusPart(*box);
     link->AddFocusPart(*days);
-    new KeyFilter(*days, [&field](char32_t key) { return PassesDays(field, key); });
+    new KeyFilter(*days, [&field](char32_t key) { return field.FilterKey(key) != 0; });
     QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
     QObject::connect(days, &QLineEdit::textEdited, link, [&field, link](const QString& text) {
-        link->Act([&] { field.PasteDays(text.toStdString()); });
+        link->Act([&] { field.EditDays(text.toStdString()); });
     });
     return widget;
 }
@@ -259,6 +272,12 @@ QWidget* Bind(XAmbitDownload& field, QWidget* parent) {
 
 QWidget* BindField(ViewField& field, QWidget* parent) {
     return VisitField(field, [parent](auto& kind) { return Bind(kind, parent); });
+}
+
+void CommitEdits(QWidget& page) {
+    for (auto* const line : page.findChildren<TypedLine*>()) line->Commit();
+    for (auto* const combo : page.findChildren<QComboBox*>())
+        if (auto* const picker = dynamic_cast<PickerCombo*>(combo)) picker->Commit();
 }
 
 QList<QWidget*> TabStops(QWidget& bound) {

@@ -6,7 +6,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <optional>
 
+#include "host/entries/entry_differences.h"
+#include "host/window/bindings.h"
 #include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
@@ -19,6 +22,10 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::Window);
     session->Load();
+    Fill();
+}
+
+void EntryEditor::Fill() {
     auto* const column = new QVBoxLayout(this);
     MakeHeader();
     MakePages();
@@ -29,6 +36,8 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     connections.emplace_back(notifier.Changed.Connect([this] { ShowState(); }));
     connections.emplace_back(
         notifier.TabShown.Connect([this](const std::string& tabName) { ShowPage(tabName); }));
+    connections.emplace_back(
+        session->Home().Telling.Connect([this](Message& message) { NameAskedPage(message); }));
     ShowState();
 }
 
@@ -83,7 +92,7 @@ QPushButton* EntryEditor::Button(QDialogButtonBox::StandardButton which) const {
 // What is typed may be taken yet, or is refused and would be lost.
 bool EntryEditor::IsUnsaved() const {
     const auto lines = pages->findChildren<TypedLine*>();
-    return session->HasUnsavedChanges() ||
+    return session->IsUnsaved() ||
            std::any_of(lines.begin(), lines.end(), std::mem_fn(&TypedLine::IsUntaken));
 }
 
@@ -108,14 +117,85 @@ void EntryEditor::ShowPage(std::string_view pageName) {
     if (page != nullptr) pages->setCurrentWidget(&PageOf(*page));
 }
 
-void EntryEditor::CommitEdits() {
-    for (auto* const line : findChildren<TypedLine*>()) line->Commit();
+// The page comes forward before the box does, so that the user sees what it is about.
+void EntryEditor::NameAskedPage(Message& message) {
+    const Page* const page = session->AskedPage();
+    if (page == nullptr) return;
+    ShowPage(page->name);
+    message.title += " - " + std::string(page->title);
+}
+
+bool EntryEditor::IsNamed() {
+    if (!name->text().trimmed().isEmpty()) return true;
+    Succeeds([] { throw RequestError("An entry needs a name."); });
+    name->setFocus();
+    return false;
 }
 
 bool EntryEditor::Save() {
-    CommitEdits();
+    CommitEdits(*pages);
+    return IsNamed() && SaveBy([this] { return session->Save(); });
+}
+
+QString EntryEditor::DifferencesText() const {
+    constexpr std::size_t mostTold = 8;
+    const auto differences = DifferencesFromStored(*session);
+    QString text;
+    for (std::size_t i = 0; i < differences.size() && i < mostTold; ++i) {
+        const auto& [page, field, shown, stored] = differences[i];
+        text += u"\n%1, %2: \"%3\" is stored, \"%4\" is here"_s.arg(
+            ToQt(page->title), PageOf(*page).WidgetOf(*field)->accessibleName(), ToVisible(stored),
+            ToVisible(shown));
+    }
+    if (differences.size() > mostTold) text += u"\n... and %1 more"_s.arg(differences.size() - mostTold);
+    return text.isEmpty() ? text : u"\n"_s + text;
+}
+
+bool EntryEditor::SettleOvertaken(const QString& text) {
+    using Box = QMessageBox;
+    std::optional<QString> differences;  // none where it is deleted, as the text says
+    Succeeds([&] {
+        try {
+            differences = DifferencesText();
+        } catch (const RequestError&) {
+        }
+    });
+    const auto answer =
+        dialogs.ask(this, {ToQt(session->Record().EditorName),
+                           text + differences.value_or(QString()),
+                           (differences ? Box::Retry : Box::NoButton) | Box::Save | Box::Cancel,
+                           Box::Cancel,
+                           {{Box::Retry, u"Reload"_s}, {Box::Save, u"Save as a Copy"_s}}});
+    if (answer == Box::Retry) QMetaObject::invokeMethod(this, &EntryEditor::Reload, Qt::QueuedConnection);
+    return answer == Box::Save && SaveBy([this] { return session->SaveAsCopy(); });
+}
+
+void EntryEditor::Reload() {
+    Succeeds([this] {
+        auto stored = std::make_unique<EntrySession>(session->Home(), session->Record().Id);
+        stored->Load();
+        const int front = pages->currentIndex();
+        connections.clear();
+        qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+        delete layout();
+        session = std::move(stored);
+        Fill();
+        pages->setCurrentIndex(front);
+    });
+}
+
+bool EntryEditor::SaveBy(const std::function<EntrySession::SaveResult()>& save) {
     EntrySession::SaveResult result;
-    if (!Succeeds([&] { result = session->Save(); })) return false;
+    std::optional<QString> overtaken;
+    const bool isDone = Succeeds([&] {
+        try {
+            result = save();
+        } catch (const OvertakenError& error) {
+            overtaken = ToQt(error.what());
+        }
+    });
+    if (overtaken) return SettleOvertaken(*overtaken);
+    if (!isDone) return false;
     if (const Page* const page = result.refusedBy) {
         ShowPage(page->name);
         PageOf(*page).TakeFocus();
@@ -127,13 +207,13 @@ bool EntryEditor::Save() {
 }
 
 void EntryEditor::accept() {
-    CommitEdits();
+    CommitEdits(*pages);
     if ((IsUnsaved() || session->Record().IsNew) && !Save()) return;
     close();
 }
 
 bool EntryEditor::MayClose() {
-    CommitEdits();
+    CommitEdits(*pages);
     if (!IsUnsaved()) return true;
     using Box = QMessageBox;
     const auto answer = dialogs.ask(this, {ToQt(session->Record().EditorName),

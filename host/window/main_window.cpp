@@ -387,7 +387,20 @@ void MainWindow::TellSaved(std::int32_t id) {
         statusBar()->showMessage(u"Saved. "_s + ChosenText(list.RowsAt(place, place)), millisecondsShown);
 }
 
+EntryEditor* MainWindow::EditorOf(std::int32_t id) const {
+    const auto isOfEntry = [id](const auto& editor) { return editor && editor->Session().Record().Id == id; };
+    const auto found = std::find_if(editors.begin(), editors.end(), isOfEntry);
+    return found == editors.end() ? nullptr : *found;
+}
+
+// One editor an entry: two would overtake each other.
 EntryEditor* MainWindow::OpenEntry(std::int32_t id) {
+    if (EntryEditor* const editor = EditorOf(id)) {
+        editor->setWindowState(editor->windowState() & ~Qt::WindowMinimized);
+        editor->raise();
+        editor->activateWindow();
+        return editor;
+    }
     return Open([this, id] { return std::make_unique<EntrySession>(workspace, id); });
 }
 

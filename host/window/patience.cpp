@@ -24,9 +24,9 @@ class WaitingBox : public QDialog {
         setWindowTitle(u"Schedule Entries"_s);
         setWindowModality(Qt::ApplicationModal);
         auto* const column = new QVBoxLayout(this);
-        column->addWidget(new QLabel(u"The store is busy; this waits until it is free."_s, this));
+        column->addWidget(new QLabel(u"Waiting for the store"_s, this));
         buttons = new QDialogButtonBox(this);
-        buttons->addButton(u"&Give Up"_s, QDialogButtonBox::RejectRole);
+        buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole);
         connect(buttons, &QDialogButtonBox::rejected, this, &WaitingBox::reject);
         column->addWidget(buttons);
     }

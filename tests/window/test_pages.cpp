@@ -31,9 +31,14 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
         {"schedule.SSDStartDate", "1/5/2036\t", "1/5/2036", 0},  // beyond the last day
         {"schedule.SSDStartDate", "1/5/2027\t", "Tuesday, January 05, 2027", 1},
         {"hom.txtDuration", "", "longer than the limit", 0},
-        {"hom.txtDuration", "x\b", "long", 1},
+        {"hom.txtDuration", "x\b", "longer than the limi", 1},
+        {"general.ctlPurgeOptions", "\b", "true Purge automatically after 123456 days (at most 1234567)", 1},
+        {"general.ctlPurgeOptions", "5\b", "true Purge automatically after 12345 days (at most 1234567)", 1},
     };
     for (const auto& [field, keys, shown, count] : cases) {
+        if (std::string_view(keys) == "\b")
+            general.ctlPurgeOptions.LoadPurgeOptions("Y", 1234567,
+                                                     {.Settings = {{"Max Purge Interval", "1234567"}}});
         events = 0;
         if (*keys != 0) Type(editor, {{field, keys}});
         EXPECT_EQ(Shown(Find(editor, field)), shown);
@@ -44,6 +49,38 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
     Press(time, "Up, End, Left, Left");
     Press(time, "Down");
     EXPECT_EQ(Shown(time), "7:59 AM");
+}
+
+TEST_F(Windows, KeysWithAltPassTheFilterToo) {
+    EntryEditor& editor = OpenNew();
+    Type(editor, {{"hom.chkOverride", " "}});
+    QWidget& duration = Find(editor, "hom.txtDuration");
+    for (const Qt::KeyboardModifiers held :
+         {Qt::KeyboardModifiers(Qt::AltModifier), Qt::ControlModifier | Qt::AltModifier}) {
+        duration.setFocus();
+        QTest::keyClick(&duration, 'x', held);
+        QTest::keyClick(&duration, '7', held);
+    }
+    EXPECT_EQ(Shown(duration), "77");
+}
+
+TEST_F(Windows, AWheelOverAFieldWithoutTheFocusTurnsThePage) {
+    EntryEditor& editor = OpenNew();
+    for (const auto& [name, shown] :
+         {std::pair{"schedule.cboPeriod", "Once"},
+          std::pair{"schedule.SSDStartDate", "Monday, March 02, 2026"},
+          std::pair{"schedule.dtpStartTime", "12:00 AM"}, std::pair{"general.fdocRptGroup", "North Cells"}}) {
+        QWidget& widget = Find(editor, name);
+        for (const bool hasFocus : {false, true}) {
+            hasFocus ? widget.setFocus() : editor.findChild<QTabBar*>()->setFocus();
+            const QPointF at(5, 5);
+            QWheelEvent notch(at, widget.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&widget, &notch);
+            EXPECT_TRUE(hasFocus || (!notch.isAccepted() && Shown(widget) == shown && !widget.hasFocus()));
+        }
+    }
+    EXPECT_NE(Shown(Find(editor, "schedule.cboPeriod")), "Once") << "with the focus it goes to the next";
 }
 
 TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {

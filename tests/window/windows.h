@@ -65,7 +65,9 @@ class Windows : public testing::Test {
     static void Press(QWidget& at, const char* keys) { QTest::keySequence(&at, {QString::fromUtf8(keys)}); }
 
     TemporaryStore store;
-    std::string told;  // messages and questions, each in a line
+    std::string told;       // messages and questions, each in a line
+    std::string toldUnder;  // the title of the last message
+    std::function<void()> onMessage;
     std::vector<Question> asked;
     QMessageBox::StandardButton answer = QMessageBox::Discard;
     DateTime now = 46083;  // 3/2/2026
@@ -78,7 +80,12 @@ class Windows : public testing::Test {
                           [this](QWidget*, const auto&, const auto&, const auto& offered, int) {
                               return offered.value(choice);
                           }};
-    Workspace workspace{{store.Address(), "tester", [this](const Message& m) { told += m.text + '\n'; },
+    Workspace workspace{{store.Address(), "tester",
+                         [this](const Message& m) {
+                             told += m.text + '\n';
+                             toldUnder = m.title;
+                             if (onMessage) onMessage();
+                         },
                          [this] { return now; }}};
     std::string failing;  // statements that hold this fail
     int spared = 0;       // but for so many
