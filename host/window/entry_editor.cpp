@@ -38,6 +38,8 @@ void EntryEditor::Fill() {
         notifier.TabShown.Connect([this](const std::string& tabName) { ShowPage(tabName); }));
     connections.emplace_back(
         session->Home().Telling.Connect([this](Message& message) { NameAskedPage(message); }));
+    for (auto* const widget : findChildren<QWidget*>())
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0) widget->installEventFilter(this);
     ShowState();
 }
 
@@ -220,6 +222,15 @@ bool EntryEditor::MayClose() {
                                            u"The entry has unsaved changes. Do you want to save them?"_s,
                                            Box::Save | Box::Discard | Box::Cancel, Box::Save});
     return answer == Box::Discard || (answer == Box::Save && Save());
+}
+
+// A letter with Alt was meant for a field that is not there; a line would write it.
+bool EntryEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    constexpr auto held = Qt::ControlModifier | Qt::AltModifier;
+    const bool isText = !key.text().isEmpty() && key.text().at(0).isPrint();
+    return isText && (key.modifiers() & held) == Qt::AltModifier;
 }
 
 void EntryEditor::closeEvent(QCloseEvent* event) { event->setAccepted(MayClose()); }

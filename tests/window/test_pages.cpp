@@ -51,17 +51,20 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
     EXPECT_EQ(Shown(time), "7:59 AM");
 }
 
-TEST_F(Windows, KeysWithAltPassTheFilterToo) {
+TEST_F(Windows, AltWritesNoLettersAndAltGrPassesTheFilter) {
     EntryEditor& editor = OpenNew();
     Type(editor, {{"hom.chkOverride", " "}});
-    QWidget& duration = Find(editor, "hom.txtDuration");
-    for (const Qt::KeyboardModifiers held :
-         {Qt::KeyboardModifiers(Qt::AltModifier), Qt::ControlModifier | Qt::AltModifier}) {
-        duration.setFocus();
-        QTest::keyClick(&duration, 'x', held);
-        QTest::keyClick(&duration, '7', held);
+    const std::pair<QWidget*, const char*> cases[] = {{&Find(editor, "hom.txtDuration"), "7"},
+                                                      {&Find(editor, "hom.fdocCBScenario"), "x7"},
+                                                      {editor.findChild<QLineEdit*>(u"name"_s), "Nightlyx7"}};
+    for (const auto& [widget, written] : cases) {
+        widget->setFocus();
+        for (const auto key : {'x', '7'}) {
+            QTest::keyClick(widget, key, Qt::AltModifier);
+            QTest::keyClick(widget, key, Qt::ControlModifier | Qt::AltModifier);
+        }
+        EXPECT_EQ(Shown(*widget), written);
     }
-    EXPECT_EQ(Shown(duration), "77");
 }
 
 TEST_F(Windows, AWheelOverAFieldWithoutTheFocusTurnsThePage) {
