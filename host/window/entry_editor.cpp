@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 #include <optional>
 
@@ -66,6 +67,13 @@ void EntryEditor::MakePages() {
     pages = new QTabWidget(this);
     for (const Page& page : session->Pages()) pages->addTab(new PageView(*page.tab, pages), ToQt(page.title));
     layout()->addWidget(pages);
+    for (const auto& [keys, step] : {std::pair{u"Ctrl+Tab"_s, 1}, std::pair{u"Ctrl+Shift+Tab"_s, -1},
+                                     std::pair{u"Ctrl+PgDown"_s, 1}, std::pair{u"Ctrl+PgUp"_s, -1}}) {
+        const auto turn = [this, by = step] {
+            pages->setCurrentIndex((pages->currentIndex() + by + pages->count()) % pages->count());
+        };
+        new QShortcut(QKeySequence(keys), pages, this, turn);
+    }
     for (const auto* const line : findChildren<TypedLine*>()) {
         connect(line, &TypedLine::textEdited, this, &EntryEditor::ShowState);
         connect(line, &TypedLine::Shown, this, &EntryEditor::ShowState);

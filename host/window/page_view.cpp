@@ -10,6 +10,7 @@
 #include "host/window/bindings.h"
 #include "host/window/qt_text.h"
 #include "host/window/sentence_row.h"
+#include "host/window/step_box.h"
 
 namespace NolSchedCtls {
 
@@ -57,8 +58,8 @@ constexpr int boxesInRow = 4;
 
 // A text box takes the width of what a user can enter; one without a limit takes what there is.
 bool IsShort(const QWidget& widget) {
-    const auto* edit = qobject_cast<const QLineEdit*>(&widget);
-    return edit != nullptr && edit->maxLength() < 100;
+    const auto* const box = dynamic_cast<const StepBox*>(&widget);
+    return box != nullptr && box->Line().maxLength() < 100;
 }
 
 // About where the first field of the schedule's sentence stands, so that all frames line up.
@@ -102,7 +103,7 @@ QLayout* PageView::RowOf(const Frame& frame) const {
         if (field->Container() != &frame) continue;
         QWidget* const widget = WidgetOf(*field);
         const bool isShort = IsShort(*widget);
-        if (isShort) widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(u"00000000"_s));
+        if (isShort) widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(u"0000000000"_s));
         const bool fills =
             !isShort && (widget->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) != 0;
         isFilled = isFilled || fills;

@@ -49,6 +49,15 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
     Press(time, "Up, End, Left, Left");
     Press(time, "Down");
     EXPECT_EQ(Shown(time), "7:59 AM");
+    editor.Session().FindPage("hom")->tab->Field<TextBox>("txtDuration").SetText("");
+    for (const auto& [keys, shown] : {std::pair{"Up", "1"}, std::pair{"PgUp", "11"}, std::pair{"PgDown", "1"},
+                                      std::pair{"PgDown", "0"}}) {
+        Press(Find(editor, "hom.txtDuration"), keys);
+        EXPECT_EQ(Shown(Find(editor, "hom.txtDuration")), shown);
+    }
+    Press(editor, "Ctrl+PgUp, Ctrl+Tab");
+    Press(editor, "Ctrl+Tab");
+    EXPECT_EQ(editor.findChild<QTabWidget*>()->currentIndex(), 3);
 }
 
 TEST_F(Windows, AltWritesNoLettersAndAltGrPassesTheFilter) {

@@ -24,7 +24,8 @@ inline std::string Shown(const QWidget& widget) {
     for (const char* property : {"checked", "text", "currentText", "title"})
         if (widget.property(property).isValid()) shown.append(widget.property(property).toString());
     if (shown.isEmpty())
-        for (const auto* part : widget.findChildren<QWidget*>()) shown.append(ToQt(Shown(*part)));
+        for (const auto* part : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            shown.append(ToQt(Shown(*part)));
     return shown.join(u' ').toStdString();
 }
 
