@@ -8,6 +8,7 @@
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
+#include "host/window/run_text.h"
 #include "host/window/typed_line.h"
 
 namespace NolSchedCtls {
@@ -20,6 +21,7 @@ QCalendarWidget* MakeCalendar(DateCombo& combo, const SSDateCombo& field) {
     popup->setAttribute(Qt::WA_DeleteOnClose);
     auto* const calendar = new QCalendarWidget(popup);
     calendar->setLocale(combo.locale());
+    calendar->setFirstDayOfWeek(FirstDayOfWeek());
     calendar->setDateRange(ToQDate(SSDateCombo::MinDate()), ToQDate(field.MaxDate()));
     calendar->setSelectedDate(ToQDate(field.DateValue()));
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
