@@ -2,8 +2,10 @@
 
 #include <QCalendarWidget>
 #include <QFocusEvent>
+#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/window/field_link.h"
@@ -119,6 +121,17 @@ bool DateCombo::eventFilter(QObject* watched, QEvent* event) {
     return QComboBox::eventFilter(watched, event);
 }
 
+// Below the field or else above it, flush with where it begins, and all of it on the screen.
+QRect DateCombo::PlaceOfPopup(QSize size) const {
+    const QRect free = screen()->availableGeometry();
+    QRect place = QStyle::visualRect(layoutDirection(), rect(), {QPoint(0, height()), size});
+    place.moveTopLeft(mapToGlobal(place.topLeft()));
+    if (place.bottom() > free.bottom()) place.moveBottom(mapToGlobal(QPoint()).y() - 1);
+    place.moveLeft(std::clamp(place.left(), free.left(), std::max(free.left(), free.right() - size.width())));
+    place.moveTop(std::clamp(place.top(), free.top(), std::max(free.top(), free.bottom() - size.height())));
+    return place;
+}
+
 void DateCombo::showPopup() {
     if (!field.IsUsable()) return;
     Commit();
@@ -130,7 +143,7 @@ void DateCombo::showPopup() {
     };
     connect(calendar, &QCalendarWidget::clicked, this, pick);
     connect(calendar, &QCalendarWidget::activated, this, pick);
-    popup->move(mapToGlobal(QPoint(0, height())));
+    popup->setGeometry(PlaceOfPopup(popup->sizeHint()));
     popup->show();
     calendar->setFocus();
 }
