@@ -22,7 +22,7 @@ Workspace::Workspace(WorkspaceOptions options)
         Telling.Raise(message);
         shown(message);
     };
-    const HostServices host{show, keepFirst, std::move(options.now), asOf};
+    const HostServices host{show, keepFirst, std::move(options.now), asOf, options.region};
     // A connection belongs to its thread; any other thread gets one of its own.
     InstallServices([host, address = options.address, own = database, thread = std::this_thread::get_id()] {
         return MakePlatformProvider(std::this_thread::get_id() == thread ? own : OpenDatabase(address), host);

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "host/entries/entry_differences.h"
+#include "host/window/appearance.h"
 #include "host/window/bindings.h"
 #include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
@@ -24,6 +25,8 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     setWindowFlags(Qt::Window);
     session->Load();
     Fill();
+    // The outlook may take two lines.
+    FitToScreen(*this, sizeHint() + QSize(0, fontMetrics().lineSpacing()));
 }
 
 void EntryEditor::Fill() {

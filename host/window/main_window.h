@@ -50,7 +50,7 @@ class MainWindow : public QMainWindow {
     void MakeTable();
     void MakeFilter();
     void MakePane();
-    void MakeViewMenu();
+    QAction* MakeOutlookAction();
     void MakeStatus();
     void New() { OpenNew(); }
     void NewImmediate();

@@ -7,6 +7,7 @@ namespace NolSchedCtls::Testing {
 
 class Lists : public Windows {
   protected:
+    using Windows::Windows;
     struct Step {
         const char* act;    // keys, and after a quote a text
         std::string trace;  // what is told and asked, and the window in front
@@ -113,6 +114,29 @@ TEST_F(Lists, StayAliveWhileTheStoreWaits) {
     EXPECT_TRUE(editor.isVisible() && editor.isWindowModified());
     lock.reset();
     EXPECT_TRUE(editor.Save());
+}
+
+class DayFirstLists : public Lists {
+  protected:
+    DayFirstLists() : Lists(*RegionNamed("eu")) {}
+};
+
+TEST_F(DayFirstLists, ShowAndTakeDatesAsTheRegionWritesThem) {
+    Store();
+    Activate(window);
+    Walk({{"F5", "1 entries: *Nightly"}});
+    EXPECT_EQ(table->model()->index(0, EntryRow::Start).data(), u"2/3/2026"_s);
+    EntryEditor& editor = OpenNew();
+    QWidget& date = Find(editor, "schedule.SSDStartDate");
+    Type(editor, {{"schedule.SSDStartDate", "5/3/2026\t"}});
+    EXPECT_EQ(Shown(date), "Thursday, March 05, 2026");
+    const auto& outlook = *editor.findChild<QLabel*>(u"outlook"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return outlook.text() == u"Next: Thu 5 Mar 12:00 AM"_s; }));
+    QTest::mouseClick(date.findChild<QLineEdit*>(), Qt::LeftButton);
+    EXPECT_EQ(Shown(date), "05/03/2026");
+    Press(date, "Alt+Down");
+    for (const QWidget* owner : {&date, static_cast<QWidget*>(&window)})
+        EXPECT_EQ(owner->findChild<QCalendarWidget*>()->firstDayOfWeek(), Qt::Monday);
 }
 
 TEST_F(Lists, SortByEachColumn) {

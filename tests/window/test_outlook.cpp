@@ -129,6 +129,16 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     QCoreApplication::processEvents();
     EXPECT_EQ(window.size(), QSize(600, 440));
     EXPECT_GE(labels[0]->height(), labels[0]->heightForWidth(labels[0]->width()));
+    Activate(window);
+    for (const auto& [size, isShown] : {std::pair(QSize(400, 300), false), {QSize(1100, 800), true}}) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window.size(), size);
+        EXPECT_EQ(window.Pane().isVisible(), isShown);
+        Press(window, "F9");
+        EXPECT_EQ(window.Pane().isVisible(), !isShown);
+        Press(window, "F9");
+    }
     OutlookPane unfilled(nullptr);
     Activate(unfilled);
     EXPECT_TRUE(QTest::qWaitFor([&] { return unfilled.widget() != nullptr; }));

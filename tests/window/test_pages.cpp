@@ -1,3 +1,4 @@
+#include "host/window/appearance.h"
 #include "tests/window/windows.h"
 
 namespace NolSchedCtls::Testing {
@@ -135,19 +136,91 @@ TEST_F(Windows, TheSentenceStandsFlushAndCutsNoTextInAnyMode) {
     EntryEditor& editor = OpenNew();
     const QWidget& row = *Find(editor, "schedule.cboPeriod").parentWidget();
     auto& tab = dynamic_cast<XNolScheduleTab&>(*editor.Session().FindPage("schedule")->tab);
-    for (const int points : {7, 9, 11, 16, 24}) {
-        editor.setFont({editor.font().family(), points});
+    for (const int points : {7, 9, 11, -11, 16, 24}) {  // from right to left where it is negative
+        editor.setFont({editor.font().family(), std::abs(points)});
+        editor.setLayoutDirection(points < 0 ? Qt::RightToLeft : Qt::LeftToRight);
         QCoreApplication::processEvents();
         for (int mode = 0; tab.cboPeriod.PickIndex(mode); ++mode) {
             int edge = -1;
             for (const auto* widget : row.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
                 if (widget->isHidden()) continue;
                 SCOPED_TRACE(widget->objectName().toStdString() + " in mode " + std::to_string(mode));
-                EXPECT_TRUE(edge < 0 || edge == widget->x());
-                EXPECT_EQ(widget->size(), widget->size().expandedTo(widget->sizeHint()));
-                edge = widget->x() + widget->width();
+                const QRect place = QStyle::visualRect(row.layoutDirection(), row.rect(), widget->geometry());
+                EXPECT_TRUE(edge < 0 || edge == place.x());
+                EXPECT_EQ(place.size(), place.size().expandedTo(widget->sizeHint()));
+                edge = place.right() + 1;
             }
             EXPECT_LE(edge, row.width());
+        }
+    }
+}
+
+TEST_F(Windows, AnEditorFitsASmallScreenAndScrollsToTheFieldInUse) {
+    const auto all = [](const QWidget& widget) { return widget.visibleRegion() == widget.rect(); };
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        EntryEditor& editor = OpenNew();
+        EXPECT_EQ(std::ranges::count_if(editor.findChildren<QScrollBar*>(), &QWidget::isVisible), 0);
+        editor.setLayoutDirection(direction);
+        editor.resize(400, 300);
+        Type(editor, {{"hom.chkOverride", " "}});
+        EXPECT_EQ(editor.size(), QSize(400, 300));
+        for (const auto* button : editor.findChildren<QPushButton*>()) EXPECT_TRUE(all(*button));
+        for (const Page& page : editor.Session().Pages())
+            for (const ViewField* field : page.tab->Fields()) {
+                QWidget& widget = Find(editor, std::string(page.name) + '.' + field->Name());
+                for (QWidget* stop : TabStops(widget)) {
+                    if (!stop->isEnabled() || !stop->isVisible()) continue;
+                    stop->setFocus();
+                    QCoreApplication::processEvents();
+                    const QRect room(QPoint(), editor.PageOf(page).viewport()->size());
+                    const QRect seen =
+                        QStyle::visualRect(direction, stop->rect(), stop->visibleRegion().boundingRect());
+                    EXPECT_EQ(seen, stop->rect() & room) << field->Name();
+                }
+            }
+        const QRect screen = editor.screen()->availableGeometry();
+        editor.move(direction == Qt::LeftToRight ? screen.right() - 250 : -150, screen.bottom() - 200);
+        QWidget& date = Find(editor, "schedule.SSDStartDate");
+        Press(date, "Alt+Down");
+        const QRect popup = date.findChild<QCalendarWidget*>()->window()->geometry();
+        EXPECT_TRUE(screen.contains(popup));
+        EXPECT_FALSE(popup.intersects({date.mapToGlobal(QPoint()), date.size()}));
+    }
+}
+
+TEST_F(Windows, EnglishReadsFromLeftToRightWhereverItStands) {
+    QImage drawn[2];
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QImage& image = drawn[direction] = QImage(200, 30, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setLayoutDirection(direction);
+        qApp->style()->drawItemText(&painter, image.rect(), Qt::AlignCenter, {}, true, u"End Date:"_s);
+    }
+    EXPECT_EQ(drawn[0], drawn[1]);
+}
+
+TEST_F(Windows, EmptyBoxesAndFieldsHaveClearEdges) {
+    const auto luminance = [](QRgb color) {
+        const QColor linear = QColor(color).toRgb();
+        const auto part = [](double value) { return std::pow((value + 0.055) / 1.055, 2.4); };
+        return 0.2126 * part(linear.redF()) + 0.7152 * part(linear.greenF()) + 0.0722 * part(linear.blueF());
+    };
+    for (const bool isDark : {true, false}) {
+        SetAppearance(isDark);
+        for (QWidget* widget :
+             std::initializer_list<QWidget*>{new QCheckBox, new QRadioButton, new QLineEdit, new QComboBox}) {
+            widget->resize(widget->sizeHint());
+            const QImage image = widget->grab().toImage();
+            const double ground = luminance(widget->palette().window().color().rgb()) + 0.05;
+            double most = 1;
+            for (int x = 0; x < image.width() / 4; ++x)
+                for (int y = 0; y < image.height(); ++y) {
+                    const double ratio = (luminance(image.pixel(x, y)) + 0.05) / ground;
+                    most = std::max({most, ratio, 1 / ratio});
+                }
+            EXPECT_GE(most, 3) << widget->metaObject()->className() << isDark;
+            delete widget;
         }
     }
 }

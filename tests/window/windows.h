@@ -31,6 +31,8 @@ inline std::string Shown(const QWidget& widget) {
 
 class Windows : public testing::Test {
   protected:
+    explicit Windows(Region regionA = {}) : region(regionA) {}
+
     std::unique_ptr<EntrySession> NewSession(const std::string& name = "Nightly", int group = 1) {
         return std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{false, group, name});
     }
@@ -65,6 +67,7 @@ class Windows : public testing::Test {
     }
     static void Press(QWidget& at, const char* keys) { QTest::keySequence(&at, {QString::fromUtf8(keys)}); }
 
+    const Region region;
     TemporaryStore store;
     std::string told;       // messages and questions, each in a line
     std::string toldUnder;  // the title of the last message
@@ -87,7 +90,7 @@ class Windows : public testing::Test {
                              toldUnder = m.title;
                              if (onMessage) onMessage();
                          },
-                         [this] { return now; }}};
+                         [this] { return now; }, region}};
     std::string failing;  // statements that hold this fail
     int spared = 0;       // but for so many
     const ScopedConnection fault = workspace.Store().Statement.Connect([this](std::string_view statement) {
