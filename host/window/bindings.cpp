@@ -15,6 +15,7 @@
 #include <QRegularExpression>
 
 #include "NolSchedCtls/toolkit/fields.h"
+#include "host/window/accessibility.h"
 #include "host/window/date_combo.h"
 #include "host/window/dialogs.h"
 #include "host/window/field_link.h"
@@ -39,6 +40,7 @@ void ShowEntries(const DropDownList& field, QComboBox& list) {
     for (std::size_t i = 0; isSame && i < entries.size(); ++i)
         isSame = list.itemText(static_cast<int>(i)) == ToQt(entries[i]);
     if (!isSame) {
+        const Silence silence;
         list.clear();
         for (const auto& entry : entries) list.addItem(ToQt(entry));
     }

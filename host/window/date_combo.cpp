@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "NolSchedCtls/toolkit/date_text.h"
+#include "host/window/accessibility.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
 #include "host/window/run_text.h"
@@ -27,6 +28,8 @@ QCalendarWidget* MakeCalendar(DateCombo& combo, const SSDateCombo& field) {
     calendar->setDateRange(ToQDate(SSDateCombo::MinDate()), ToQDate(field.MaxDate()));
     calendar->setSelectedDate(ToQDate(field.DateValue()));
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar->setAccessibleName(combo.accessibleName());
+    NameParts(*calendar);
     calendar->setMinimumSize(calendar->sizeHint() * 5 / 4);
     auto* const layout = new QVBoxLayout(popup);
     layout->setContentsMargins(1, 1, 1, 1);

@@ -6,12 +6,15 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <optional>
 
 #include "host/entries/entry_differences.h"
+#include "host/window/accessibility.h"
 #include "host/window/appearance.h"
 #include "host/window/bindings.h"
+#include "host/window/field_text.h"
 #include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
@@ -36,6 +39,7 @@ void EntryEditor::Fill() {
     column->addWidget(outlook = new OutlookLine(*session, this));
     MakeButtons();
     column->setSpacing(column->spacing() * 3 / 2);
+    TellPurposeAtF1(*this);
     CPaviseNotify& notifier = session->Notifier();
     connections.emplace_back(notifier.Changed.Connect([this] { ShowState(); }));
     connections.emplace_back(
@@ -56,7 +60,7 @@ EntryEditor::~EntryEditor() {
 void EntryEditor::MakeHeader() {
     name = new QLineEdit(ToQt(session->Record().EditorName), this);
     name->setObjectName(u"name"_s);
-    name->setAccessibleDescription(u"The entry's name in the list and in the titles of messages."_s);
+    Explain(*name, u"Name"_s, u"The entry's name in the list and in the titles of messages."_s);
     connect(name, &QLineEdit::textEdited, this, [this](const QString& text) {
         session->Record().EditorName = text.toStdString();
         session->Notifier().MarkChanged();
@@ -68,6 +72,7 @@ void EntryEditor::MakeHeader() {
 
 void EntryEditor::MakePages() {
     pages = new QTabWidget(this);
+    Explain(*pages->tabBar(), u"Pages"_s, u"The pages of the entry; the arrow keys turn them."_s);
     for (const Page& page : session->Pages()) pages->addTab(new PageView(*page.tab, pages), ToQt(page.title));
     layout()->addWidget(pages);
     for (const auto& [keys, step] : {std::pair{u"Ctrl+Tab"_s, 1}, std::pair{u"Ctrl+Shift+Tab"_s, -1},
@@ -91,6 +96,9 @@ void EntryEditor::MakeButtons() {
     buttons->button(Box::Cancel)->setText(u"Cancel"_s);
     buttons->button(Box::Apply)->setText(u"Apply"_s);
     for (auto* const button : buttons->buttons()) button->setIcon({});
+    Explain(*buttons->button(Box::Ok), {}, u"Saves the entry and closes it."_s);
+    Explain(*buttons->button(Box::Cancel), {}, u"Closes the entry without a save."_s);
+    Explain(*buttons->button(Box::Apply), {}, u"Saves the entry, which stays open."_s);
     buttons->button(Box::Apply)->setShortcut(QKeySequence::Save);
     connect(buttons, &Box::accepted, this, &EntryEditor::accept);
     connect(buttons, &Box::rejected, this, &EntryEditor::reject);
@@ -115,6 +123,7 @@ void EntryEditor::ShowState() {
     setWindowTitle(
         (record.IsOverride() ? u"%1[*] - Immediate Entry"_s : u"%1[*] - Schedule Entry"_s).arg(title));
     setWindowModified(IsUnsaved());
+    Describe(*this, isWindowModified() ? u"Unsaved changes"_s : QString());
     Button(QDialogButtonBox::Apply)->setEnabled(IsUnsaved() || record.IsNew);
     outlook->Follow();
 }
@@ -156,9 +165,8 @@ QString EntryEditor::DifferencesText() const {
     QString text;
     for (std::size_t i = 0; i < differences.size() && i < mostTold; ++i) {
         const auto& [page, field, shown, stored] = differences[i];
-        text += u"\n%1, %2: \"%3\" is stored, \"%4\" is here"_s.arg(
-            ToQt(page->title), PageOf(*page).WidgetOf(*field)->accessibleName(), ToVisible(stored),
-            ToVisible(shown));
+        text += u"\n%1, %2: \"%3\" is stored, \"%4\" is here"_s.arg(ToQt(page->title), TextOf(*field).name,
+                                                                    ToVisible(stored), ToVisible(shown));
     }
     if (differences.size() > mostTold) text += u"\n... and %1 more"_s.arg(differences.size() - mostTold);
     return text.isEmpty() ? text : u"\n"_s + text;

@@ -77,6 +77,17 @@ EntryRow Advanced(EntryRow row, DateTime now) {
     return row;
 }
 
+// A row as a screen reader says it, in the place of its name.
+QString SpokenRow(const EntryRow& row) {
+    const auto& texts = row.texts;
+    QString spoken = u"%1, %2: %3. %4"_s.arg(texts[EntryRow::Name], texts[EntryRow::Group],
+                                             texts[EntryRow::Sentence], texts[EntryRow::State]);
+    if (!row.reason.isEmpty()) spoken += u": "_s + row.reason;
+    if (row.next) spoken += u", next run "_s + texts[EntryRow::NextRun];
+    const QString& overrides = texts[EntryRow::Overrides];
+    return overrides.isEmpty() ? spoken : spoken + u". Overrides: "_s + overrides;
+}
+
 QVariant ColorOf(const QString& state) {
     const QPalette palette = QGuiApplication::palette();
     if (IsTrouble(state)) return palette.color(QPalette::BrightText);
@@ -216,6 +227,7 @@ QVariant EntryList::data(const QModelIndex& index, int role) const {
     const QString& text = row.texts[static_cast<std::size_t>(index.column())];
     const bool isState = index.column() == EntryRow::State;
     if (role == Qt::ToolTipRole && isState && !row.reason.isEmpty()) return text + u": "_s + row.reason;
+    if (role == Qt::AccessibleTextRole && index.column() == EntryRow::Name) return SpokenRow(row);
     if (role == Qt::ForegroundRole && isState) return ColorOf(text);
     return role == Qt::DisplayRole || role == Qt::ToolTipRole ? text : QVariant();
 }

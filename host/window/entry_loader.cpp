@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "NolSchedCtls/services/provider.h"
+#include "host/window/accessibility.h"
 #include "host/window/dialogs.h"
 
 namespace NolSchedCtls {
@@ -39,6 +40,13 @@ bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {
     return isRead && piece.size() == static_cast<std::size_t>(pieceSize);
 }
 
+// A screen reader is told of the last piece, which stands for all.
+void EntryLoader::AppendPiece(const std::vector<EntryRow>& piece, bool hasMore) {
+    std::optional<Silence> silence;
+    if (hasMore) silence.emplace();
+    list.Append(piece);
+}
+
 void EntryLoader::LoadPiece() {
     QElapsedTimer clock;
     clock.start();
@@ -48,7 +56,7 @@ void EntryLoader::LoadPiece() {
     if (hasMore) timer.start(0);
     if (!piece.empty()) lastId = piece.back().id;
     std::erase_if(piece, [this](const EntryRow& row) { return early.contains(row.id); });
-    list.Append(piece);
+    AppendPiece(piece, hasMore);
     const int slowness = std::max(1, static_cast<int>(clock.elapsed()));
     pieceSize = std::clamp(pieceSize * millisecondsAPiece / slowness, smallestPiece, pieceSize * 2);
     const auto loaded = static_cast<int>(list.Size());

@@ -32,6 +32,7 @@ class EntryLoader : public QObject {
 
   private:
     void LoadPiece();
+    void AppendPiece(const std::vector<EntryRow>& piece, bool hasMore);
     // True if there may be more after it. A failure is told, and keeps what was read before.
     bool ReadPiece(std::vector<EntryRow>& piece);
 

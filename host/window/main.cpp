@@ -7,6 +7,7 @@
 
 #include "host/entries/process.h"
 #include "host/entries/visible_text.h"
+#include "host/window/accessibility.h"
 #include "host/window/appearance.h"
 #include "host/window/main_window.h"
 #include "host/window/options.h"
@@ -93,5 +94,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     qInstallMessageHandler(formerHandler);
     SetAppearance(options.isDark);
+    InstallAccessibility();
     return RunGuarded(options);
 }

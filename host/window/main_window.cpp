@@ -18,6 +18,7 @@
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
+#include "host/window/accessibility.h"
 #include "host/window/appearance.h"
 #include "host/window/outlook_pane.h"
 #include "host/window/outlook_splitter.h"
@@ -112,6 +113,7 @@ void MainWindow::MakeActions() {
         auto* const action = new QAction(QString::fromUtf8(command.text), this);
         action->setShortcut(QKeySequence(QString::fromUtf8(command.shortcut)));
         action->setStatusTip(QString::fromUtf8(command.tip));
+        action->setToolTip(action->statusTip());  // described so to a screen reader
         connect(action, &QAction::triggered, this, [this, &command] { (this->*command.run)(); });
         menu->addAction(action);
         if (command.isInToolBar) bar->addAction(action);
@@ -126,8 +128,7 @@ void MainWindow::MakeActions() {
 void MainWindow::MakeFilter() {
     filter = new QLineEdit(this);
     filter->setPlaceholderText(u"Filter"_s);
-    filter->setAccessibleName(u"Filter"_s);
-    filter->setAccessibleDescription(u"Shows the entries that hold all of these words."_s);
+    Explain(*filter, u"Filter"_s, u"Shows the entries that hold all of these words."_s);
     filter->setClearButtonEnabled(true);
     filter->setFixedWidth(filter->fontMetrics().averageCharWidth() * 36);
     filterDelay.setSingleShot(true);
@@ -141,7 +142,7 @@ void MainWindow::MakeTable() {
     table = new QTableView(this);
     table->setModel(&list);
     table->setItemDelegate(new RowDelegate(table));
-    table->setAccessibleName(u"Entries"_s);
+    Explain(*table, u"Entries"_s, u"The entries; Enter opens the chosen one."_s);
     table->setSelectionBehavior(QTableView::SelectRows);
     table->setSelectionMode(QTableView::ExtendedSelection);
     table->setEditTriggers(QTableView::NoEditTriggers);
@@ -215,8 +216,11 @@ void MainWindow::MakeStatus() {
 }
 
 void MainWindow::ShowProgress(int loaded, int total) {
-    progress->setRange(0, total);
-    progress->setValue(loaded);
+    constexpr int steps = 10;  // a screen reader is told of each
+    const int step = total == 0 ? steps : static_cast<int>(std::int64_t{loaded} * steps / total);
+    if (loaded > 0 && progress->maximum() == steps && progress->value() == step) return;
+    progress->setRange(0, steps);
+    progress->setValue(step);
     ShowCount();
 }
 
@@ -230,6 +234,7 @@ void MainWindow::ShowCount() {
     hint->setVisible(visible == 0 && !loader.IsLoading());
     hint->setText(all == 0 ? u"There are no entries yet. Press Ctrl+N to make one."_s
                            : u"No entry holds all of these words."_s);
+    Describe(*table, !hint->isHidden() ? hint->text() : table->whatsThis());
 }
 
 // A holiday that is none of a calendar's days lets entries run on the day that was meant.
@@ -380,10 +385,12 @@ EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>(
 void MainWindow::TellSaved(std::int32_t id) {
     constexpr int millisecondsShown = 20'000;
     const int place = list.PlaceOf(id);
-    if (place < 0) return;
+    if (place < 0) return Announce(*this, u"Saved"_s);
     const EntryRow& row = list.RowAt(place);
-    if (IsTrouble(row.texts[EntryRow::State]))
-        statusBar()->showMessage(u"Saved. "_s + ChosenText(list.RowsAt(place, place)), millisecondsShown);
+    if (!IsTrouble(row.texts[EntryRow::State])) return Announce(*this, u"Saved"_s);
+    const QString text = u"Saved. "_s + ChosenText(list.RowsAt(place, place));
+    statusBar()->showMessage(text, millisecondsShown);
+    Announce(*this, text);
 }
 
 EntryEditor* MainWindow::EditorOf(std::int32_t id) const {

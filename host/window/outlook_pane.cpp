@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "NolSchedCtls/services/provider.h"
+#include "host/window/accessibility.h"
 #include "host/window/date_combo.h"
 #include "host/window/qt_text.h"
 #include "host/window/run_calendar.h"
@@ -72,7 +73,9 @@ void OutlookPane::MakeCalendar() {
     SetBold(*heading);
     column->addWidget(heading);
     calendar = new RunCalendar(this);
-    calendar->setAccessibleName(u"Runs on each day"_s);
+    Explain(*calendar, u"Runs on each day"_s,
+            u"How often the chosen entries run on each day; the list below tells of one."_s);
+    NameParts(*calendar);
     calendar->setDateRange({1900, 1, 1}, {9998, 12, 31});
     calendar->setSelectedDate(ToQDate(Clock().Now()));
     calendar->setCurrentPage(calendar->selectedDate().year(), calendar->selectedDate().month());
@@ -96,7 +99,7 @@ void OutlookPane::MakeList() {
     row->addWidget(back);
     column->addLayout(row);
     runs = new QListWidget(this);
-    runs->setAccessibleName(u"Runs"_s);
+    Explain(*runs, u"Runs"_s, u"When which entry runs; Enter opens it."_s);
     runs->setUniformItemSizes(true);
     runs->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // takes the height that is left
     runs->setMinimumHeight(runs->fontMetrics().height() * leastRunsSeen);
@@ -158,7 +161,7 @@ void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {
 
 void OutlookPane::CountMonth() {
     if (!IsInUse()) return;
-    const QDate first = calendar->FirstShown();
+    const QDate first = FirstShown(*calendar);
     monthJob.Start(
         [entries = chosen, from = FromQDate(first)](const std::stop_token& stop) {
             return CountByDay(entries, from, RunCalendar::daysShown, stop);
@@ -200,12 +203,14 @@ void OutlookPane::Show(const std::vector<ShownRun>& found, int count) {
 void OutlookPane::List(int left) {
     const DateTime now = Clock().Now();
     runs->clear();
-    for (const auto& [at, id, name] : *shown) {
-        const QString when = day ? TimeText(at) : RunText(at, now);
-        auto* const item = new QListWidgetItem(when + u"   "_s + name, runs);
-        item->setData(Qt::UserRole, static_cast<int>(id));
-    }
-    if (left > 0) runs->addItem(u"... %1 more"_s.arg(QLocale().toString(left)));
+    QStringList texts;
+    for (const auto& [at, id, name] : *shown)
+        texts.append((day ? TimeText(at) : RunText(at, now)) + u"   "_s + name);
+    if (left > 0) texts.append(u"... %1 more"_s.arg(QLocale().toString(left)));
+    runs->addItems(texts);
+    const QSignalBlocker quiet(runs->model());  // nothing that is seen or heard
+    for (int place = 0; const auto& run : *shown)
+        runs->item(place++)->setData(Qt::UserRole, static_cast<int>(run.id));
 }
 
 }  // namespace NolSchedCtls

@@ -6,11 +6,15 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTimer>
 #include <algorithm>
 #include <array>
 
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+#include "NolSchedCtls/tabs/schedule/schedule_sentence.h"
+#include "host/window/accessibility.h"
 #include "host/window/bindings.h"
+#include "host/window/field_text.h"
 #include "host/window/qt_text.h"
 #include "host/window/sentence_row.h"
 #include "host/window/step_box.h"
@@ -18,44 +22,6 @@
 namespace NolSchedCtls {
 
 namespace {
-
-// What a screen reader says of a field. Without a name here a field bears its own caption, or its frame's.
-struct FieldText {
-    std::string_view field;
-    const char* name;
-    const char* description;
-};
-
-const FieldText* FindText(const ViewField& field) {
-    static constexpr std::array fieldTexts = {
-        FieldText{"fdocRptGroup", "", "The study group that runs; type a part of its name or pick it."},
-        FieldText{"txtRptGrp", "", "The study group of an immediate entry."},
-        FieldText{"ctlPurgeOptions", "", "Whether and after how many days results are deleted."},
-        FieldText{"ctlDownloadOptions", "", "How results are downloaded."},
-        FieldText{"chkHom", "", "Gives the HOM study settings of its own."},
-        FieldText{"chkPlm", "", "Gives the PLM study settings of its own."},
-        FieldText{"chkRfc", "", "Gives the RF Call Trace study settings of its own."},
-        FieldText{"chkVcs", "", "Gives the VCSA study settings of its own."},
-        FieldText{"chkCreateFiles", "", "Writes .efg and .pfg files of the results."},
-        FieldText{"SSDStartDate", "Start date", "The day of the first run; Alt+Down opens a calendar."},
-        FieldText{"chkEndDate", "", "Ticked if the schedule ends."},
-        FieldText{"SSDEndDate", "End date", "The last day of the schedule; Alt+Down opens a calendar."},
-        FieldText{"txtNoEndDate", "End date", "The schedule has no end."},
-        FieldText{"cboPeriod", "Run", "How the entry recurs; the rest of the sentence follows it."},
-        FieldText{"cboDayNum", "Day number", "Which one of the month."},
-        FieldText{"cboDayName", "Day", "A weekday, or a day of the month."},
-        FieldText{"cboFrequency", "Every", "Runs every so many units."},
-        FieldText{"dtpStartTime", "Starting at", "The time of day of each run."},
-        FieldText{"chkOverride", "", "Gives this study settings of its own; its fields then appear below."},
-        FieldText{"fdocCBScenario", "Scenario", "May be empty; type a part of its name or pick it."},
-        FieldText{"txtDuration", "", "How long the study runs; may be empty."},
-        FieldText{"txtRetrieveDelay", "", "How long after the study its data is collected; may be empty."},
-        FieldText{"txtPollingInterval", "", "How often the study polls; may be empty."},
-    };
-    for (const auto& text : fieldTexts)
-        if (text.field == field.Name()) return &text;
-    return nullptr;
-}
 
 constexpr int boxesInRow = 4;
 
@@ -86,6 +52,7 @@ PageView::PageView(PaviseTab& tabA, QWidget* parent)
     }
     LayOut();
     LinkLabels();
+    TellUnits();
     SetTabOrder();
     SetScrolling();
     connections.emplace_back(tab.FocusMoved.Connect([this](const ViewField& field) { MoveFocus(field); }));
@@ -121,13 +88,11 @@ void PageView::ScrollToFocus() {
          room.height());
 }
 
-void PageView::NameWidget(ViewField& field, QWidget& widget) {
-    const FieldText* const text = FindText(field);
-    QString name = text == nullptr ? QString() : QString::fromUtf8(text->name);
-    if (name.isEmpty()) name = WithoutMnemonic(Trimmed(field.Caption()));
-    if (name.isEmpty() && field.Container() != nullptr) name = Trimmed(field.Container()->Caption());
-    if (FieldAs<Label>(field) == nullptr) widget.setAccessibleName(name);
-    if (text != nullptr) widget.setAccessibleDescription(QString::fromUtf8(text->description));
+// Each part of a field of several tells what the field is for, under a name of its own.
+void PageView::NameWidget(const ViewField& field, QWidget& widget) {
+    const FieldText text = TextOf(field);
+    const QList<QWidget*> stops = TabStops(widget);
+    for (QWidget* stop : stops) Explain(*stop, stop == &widget ? text.name : QString(), text.purpose);
 }
 
 QLayout* PageView::RowOf(const Frame& frame) const {
@@ -166,11 +131,31 @@ void PageView::LayOutSchedule(const XNolScheduleTab& schedule) {
         std::pair{&schedule.Frame1, DurationLayout(schedule)},
         std::pair{&schedule.Frame2, FrequencyLayout(schedule)},
         std::pair{&schedule.Frame3, ExcludeLayout(schedule)}};
+    NameSentence(schedule);
     for (const auto& [frame, layout] : frames) {
         FillFrame(*WidgetOf(*frame), layout, frame == &schedule.Frame2 ? 0 : FrameIndent(*this));
         column->addWidget(WidgetOf(*frame));
     }
     column->addStretch();
+}
+
+// The fields of the row change several at a time. What a user changes in it is said as the whole sentence.
+void PageView::NameSentence(const XNolScheduleTab& schedule) {
+    QWidget* const row = WidgetOf(schedule.cboPeriod)->parentWidget();
+    SetRole(*row, QAccessible::Grouping);
+    auto* const naming = new QTimer(row);
+    naming->setSingleShot(true);
+    const auto name = [&schedule, row] {
+        const QString sentence = ToQt(ScheduleSentence(schedule));
+        if (row->accessibleName() == sentence) return;
+        row->setAccessibleName(sentence);
+        if (row->isAncestorOf(QApplication::focusWidget())) Announce(*row, sentence);
+    };
+    connect(naming, &QTimer::timeout, row, name);
+    name();
+    for (ViewField* field : tab.Fields())
+        if (WidgetOf(*field)->parentWidget() == row)
+            connections.emplace_back(field->Refresh.Connect([naming] { naming->start(0); }));
 }
 
 QLayout* PageView::DurationLayout(const XNolScheduleTab& schedule) const {
@@ -232,6 +217,18 @@ void PageView::LinkLabels() {
         const ViewField* const field = tab.FindField(fieldName);
         if (label != nullptr && field != nullptr)
             qobject_cast<QLabel*>(WidgetOf(*label))->setBuddy(WidgetOf(*field));
+    }
+}
+
+// What stands behind a text box, its unit, is told with it.
+void PageView::TellUnits() {
+    QWidget* box = nullptr;
+    for (ViewField* field : tab.Fields()) {
+        QWidget* const widget = WidgetOf(*field);
+        if (IsShort(*widget)) box = widget;
+        const auto* const unit = qobject_cast<QLabel*>(widget);
+        if (box == nullptr || unit == nullptr || box->parent() != unit->parent()) continue;
+        Explain(*box, {}, u"%1 Unit: %2"_s.arg(box->whatsThis(), unit->text()));
     }
 }
 

@@ -29,8 +29,10 @@ class PageView : public QScrollArea {
     QLayout* FrequencyLayout(const XNolScheduleTab& schedule) const;
     QLayout* ExcludeLayout(const XNolScheduleTab& schedule) const;
     QLayout* RowOf(const Frame& frame) const;
+    void NameSentence(const XNolScheduleTab& schedule);
     void LinkLabels();
-    static void NameWidget(ViewField& field, QWidget& widget);
+    void TellUnits();
+    static void NameWidget(const ViewField& field, QWidget& widget);
     void SetTabOrder();
     void SetScrolling();
     void ScrollToFocus();

@@ -32,9 +32,9 @@ RunCalendar::RunCalendar(QWidget* parent) : QCalendarWidget(parent) {
 }
 
 // The grid shows a week of the month before where the month begins with the week.
-QDate RunCalendar::FirstShown() const {
-    const QDate month(yearShown(), monthShown(), 1);
-    const int before = (month.dayOfWeek() - firstDayOfWeek() + 7) % 7;
+QDate FirstShown(const QCalendarWidget& calendar) {
+    const QDate month(calendar.yearShown(), calendar.monthShown(), 1);
+    const int before = (month.dayOfWeek() - calendar.firstDayOfWeek() + 7) % 7;
     return month.addDays(before == 0 ? -7 : -before);
 }
 

@@ -6,13 +6,14 @@
 
 namespace NolSchedCtls {
 
+// The first day that the grid of a calendar without week numbers can show of its month.
+QDate FirstShown(const QCalendarWidget& calendar);
+
 class RunCalendar : public QCalendarWidget {
   public:
     explicit RunCalendar(QWidget* parent);
 
     static constexpr int daysShown = 42;
-    // The first day that the grid can show of its month, from which on days are counted.
-    QDate FirstShown() const;
     // 0 for a day that is not counted.
     int CountOf(QDate day) const;
     void SetCounts(QDate firstA, std::vector<int> countsA);

@@ -5,6 +5,7 @@
 #include <QPointer>
 
 #include "NolSchedCtls/toolkit/date_text.h"
+#include "host/window/accessibility.h"
 #include "host/window/dialogs.h"
 #include "host/window/qt_text.h"
 
@@ -42,6 +43,8 @@ void TypedLine::ShowField() {
     const QString refusal = ToQt(field.Refusal());
     setPalette(refusal.isEmpty() ? QPalette() : RefusedPalette(QApplication::palette()));
     setToolTip(refusal.isEmpty() ? QString() : u"<p>%1</p>"_s.arg(refusal.toHtmlEscaped()));
+    QWidget& heard = focusProxy() == nullptr ? *this : *focusProxy();  // what a screen reader asks
+    Describe(heard, refusal.isEmpty() ? heard.whatsThis() : refusal);
     Q_EMIT Shown();
 }
 
@@ -53,7 +56,8 @@ void TypedLine::Commit() {
     });
     if (!self) return;
     ShowField();
-    if (hasFocus() && !field.Refusal().empty()) selectAll();
+    if (field.Refusal().empty()) return;
+    hasFocus() ? selectAll() : Announce(*this, ToQt(field.Refusal()));
 }
 
 bool TypedLine::IsUntaken() const { return isModified() || (!field.Refusal().empty() && field.IsUsable()); }

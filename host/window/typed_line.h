@@ -10,7 +10,8 @@ namespace NolSchedCtls {
 // Whether the focus goes to another field, not to a menu, a popup or another window.
 bool LeavesField(const QFocusEvent& event);
 
-// Shows the field's text. A text that the field has refused is marked, and its tool tip tells why.
+// Shows the field's text. A text that the field has refused is marked; its tool tip and its description tell
+// why.
 class TypedLine : public QLineEdit {
     Q_OBJECT
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <numeric>
 
+#include "host/window/accessibility.h"
 #include "host/window/qt_text.h"
 #include "host/window/run_text.h"
 
@@ -66,7 +67,8 @@ class HourHeader : public QHeaderView {
 }  // namespace
 
 WeekView::WeekView(QWidget* parent) : QTableWidget(7, hoursOfDay, parent) {
-    setAccessibleName(u"Runs in each hour of the week"_s);
+    Explain(*this, u"Runs in each hour of the week"_s,
+            u"How many runs begin in each hour; the busier, the darker."_s);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
     setTabKeyNavigation(false);
@@ -79,6 +81,9 @@ WeekView::WeekView(QWidget* parent) : QTableWidget(7, hoursOfDay, parent) {
         header->setHighlightSections(false);
         header->setSectionsClickable(false);
     }
+    QStringList hours;
+    for (int hour = 0; hour < hoursOfDay; ++hour) hours.append(TimeText(hour / 24.0));
+    setHorizontalHeaderLabels(hours);
     for (int hour = 0; hour < hoursOfWeek; ++hour)
         setItem(hour / hoursOfDay, hour % hoursOfDay, new QTableWidgetItem);
     setFixedHeight(fontMetrics().height() * 10);
@@ -89,7 +94,11 @@ void WeekView::Show(const WeekLoad& load) {
     QStringList days;
     for (int day = 0; day < 7; ++day) days.append(DayText(load.firstDay + day));
     setVerticalHeaderLabels(days);
-    for (int hour = 0; hour < hoursOfWeek; ++hour) ShowHour(load, hour);
+    {
+        const QSignalBlocker quiet(model());  // a screen reader would be told of each hour
+        for (int hour = 0; hour < hoursOfWeek; ++hour) ShowHour(load, hour);
+    }
+    viewport()->update();
     busiest = BusiestText(load);
     TellCurrent();
 }

@@ -100,35 +100,58 @@ TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {
     const struct {
         const char* page;
         Keys keys;          // that bring its fields up
-        const char* order;  // as a screen reader names them
+        const char* order;  // as a screen reader says them, what is around them between bars
     } cases[] = {
         {"general",
          {},
-         "Study Group, Purge automatically after, Purge interval in days, Automatic, PLM, HOM, "
-         "RF Call Trace, VCSA, Create .efg/.pfg File(s)"},
+         "| Study Group| Study Group=North Cells; | Purge| Purge automatically after; Purge interval in "
+         "days=30; "
+         "| Download| Automatic; | Override| PLM; HOM; RF Call Trace; VCSA; "
+         "| Nightly - Schedule Entry| Create .efg/.pfg File(s); "},
         {"schedule",
          {{"schedule.cboPeriod", "H"}},
-         "Start date, End Date:, Run, Every, Starting at, Sunday, Monday, Tuesday, Wednesday, Thursday, "
-         "Friday, Saturday, Holidays, Day After Holidays, End date"},
+         "| Schedule Duration| Start Date: > Start date=Monday, March 02, 2026; End Date:; "
+         "| Hourly every 1 Period(s)| Run: > Run=Hourly; Every=1; "
+         "| Schedule Frequency| Starting at: > Starting at=12:00 AM; | Exclude| Sunday; Monday; Tuesday; "
+         "Wednesday; Thursday; Friday; Saturday; Holidays; Day After Holidays; "
+         "| Schedule Duration| End date= No End Date; "},
         {"schedule",
          {{"schedule.cboPeriod", "M"}, {"schedule.chkEndDate", " "}, {"schedule.cboDayName", "M"}},
-         "Start date, End Date:, End date, Run, Day number, Day, Every, Starting at, Holidays, Day After "
-         "Holidays"},
-        {"hom", {{"hom.chkOverride", " "}}, "Override HOM Study, Scenario, Study Duration"},
-        {"vcsa", {{"vcsa.chkOverride", " "}}, "Override VCSA Study, Study Duration, Collect Data File"},
+         "| Schedule Duration| Start Date: > Start date=Monday, March 02, 2026; End Date:; "
+         "End date=Monday, March 02, 2026; | Monthly on the 1st Monday of every 1 month(s)| Run: > "
+         "Run=Monthly; "
+         "Day number=1st; Day=Monday; Every=1; | Schedule Frequency| Starting at: > Starting at=12:00 AM; "
+         "| Exclude| Holidays; Day After Holidays; "},
+        {"schedule",
+         {{"schedule.cboPeriod", "W"}, {"schedule.dtpStartTime", "2230\t"}},
+         "| Schedule Duration| Start Date: > Start date=Monday, March 02, 2026; End Date:; "
+         "| Weekly on Sunday every 1 week(s)| Run: > Run=Weekly; Day=Sunday; Every=1; "
+         "| Schedule Frequency| Starting at: > Starting at=10:30 PM; | Exclude| Holidays; Day After "
+         "Holidays; "
+         "| Schedule Duration| End date= No End Date; "},
+        {"hom",
+         {{"hom.chkOverride", " "}},
+         "| Nightly* - Schedule Entry| Override HOM Study; | References| Scenario: > Scenario; "
+         "| Study Duration| Study Duration (minutes); "},
+        {"rfc",
+         {{"rfc.chkOverride", " "}, {"rfc.txtDuration", "60"}},
+         "| Nightly* - Schedule Entry| Override RF Call Trace Study; "
+         "| Study Duration| Study Duration=60 (minutes); | Polling Interval| Polling Interval (seconds); "},
     };
     for (const auto& [page, keys, order] : cases) {
         EntryEditor& editor = OpenNew();
         Type(editor, keys);
+        QCoreApplication::processEvents();
         editor.findChild<QTabBar*>()->setFocus();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         const QWidget& view = editor.PageOf(*editor.Session().FindPage(page));
-        QStringList names;
+        QString heard;
+        QString around;
         for (QWidget* at; view.isAncestorOf(at = QApplication::focusWidget()); Press(*at, "Tab")) {
-            const QString name = at->accessibleName();
-            names.append(name.isEmpty() ? at->property("text").toString() : name);
+            const QString before = std::exchange(around, HeardAround(*at));
+            heard += (around == before ? QString() : u"| %1| "_s.arg(around)) + Heard(*at) + u"; "_s;
         }
-        EXPECT_EQ(names.join(u", "_s).toStdString(), order) << page;
+        EXPECT_EQ(heard.toStdString(), order) << page;
     }
 }
 

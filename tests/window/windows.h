@@ -29,6 +29,30 @@ inline std::string Shown(const QWidget& widget) {
     return shown.join(u' ').toStdString();
 }
 
+// What a screen reader says of a widget that has the focus: its label, name, value and unit. Its purpose is
+// what F1 tells.
+inline QString Heard(QWidget& widget) {
+    const QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&widget);
+    QString heard = told.text(QAccessible::Name);
+    if (const QString value = told.text(QAccessible::Value); !value.isEmpty()) heard += u'=' + value;
+    for (const auto& [other, relation] : told.relations(QAccessible::Label))
+        if (other->role() == QAccessible::StaticText)
+            heard.prepend(other->text(QAccessible::Name) + u" > "_s);
+    const QString purpose = widget.whatsThis();
+    if (const qsizetype unit = purpose.indexOf(u"Unit: "); unit >= 0)
+        heard += u" (%1)"_s.arg(purpose.mid(unit + 6));
+    const bool isWhole = told.role() != QAccessible::Client && told.state().focused && !purpose.isEmpty() &&
+                         told.text(QAccessible::Description) == purpose;
+    return isWhole ? heard : heard + u" lacks a part"_s;
+}
+
+// What it says first where the focus comes from elsewhere.
+inline QString HeardAround(QWidget& widget) {
+    const QAccessibleInterface* around = QAccessible::queryAccessibleInterface(&widget)->parent();
+    while (around->text(QAccessible::Name).isEmpty()) around = around->parent();
+    return around->text(QAccessible::Name);
+}
+
 class Windows : public testing::Test {
   protected:
     explicit Windows(Region regionA = {}) : region(regionA) {}
