@@ -44,7 +44,7 @@ constexpr Shade shades[] = {
 // none, and in the light is little.
 class ClearEdges : public QProxyStyle {
   public:
-    ClearEdges() : QProxyStyle(u"Fusion"_s) {}
+    explicit ClearEdges(QObject* parent) : QProxyStyle(u"Fusion"_s) { setParent(parent); }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
@@ -63,6 +63,7 @@ class ClearEdges : public QProxyStyle {
             QProxyStyle::drawComplexControl(control, &drawn, painter, widget);
         };
         if (control == CC_ComboBox) return DrawClearly<QStyleOptionComboBox>(*option, draw);
+        if (control == CC_SpinBox) return DrawClearly<QStyleOptionSpinBox>(*option, draw);
         draw(*option);
     }
 
@@ -72,7 +73,8 @@ class ClearEdges : public QProxyStyle {
         const auto place =
             visualAlignment(painter->layoutDirection(), Qt::Alignment::fromInt(flags & placeBits));
         const int reading = text.isRightToLeft() ? 0 : Qt::TextForceLeftToRight;
-        QProxyStyle::drawItemText(painter, rect, (flags & ~placeBits) | place.toInt() | reading, palette,
+        QProxyStyle::drawItemText(painter, rect,
+                                  (flags & ~placeBits) | static_cast<int>(place.toInt()) | reading, palette,
                                   isEnabled, text, role);
     }
 
@@ -130,7 +132,7 @@ QPalette PaletteOf(bool isDark) {
 // English, as the names of months and days in the date fields are.
 void SetAppearance(bool isDark) {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    QApplication::setStyle(new ClearEdges);
+    QApplication::setStyle(new ClearEdges(qApp));
     QApplication::setPalette(PaletteOf(isDark));
     QApplication::setWindowIcon(QIcon::fromTheme(u"nolsched-editor"_s));
 }

@@ -231,8 +231,8 @@ TEST_F(Windows, EmptyBoxesAndFieldsHaveClearEdges) {
     };
     for (const bool isDark : {true, false}) {
         SetAppearance(isDark);
-        for (QWidget* widget :
-             std::initializer_list<QWidget*>{new QCheckBox, new QRadioButton, new QLineEdit, new QComboBox}) {
+        for (QWidget* widget : std::initializer_list<QWidget*>{new QCheckBox, new QRadioButton, new QLineEdit,
+                                                               new QComboBox, new QSpinBox}) {
             widget->resize(widget->sizeHint());
             const QImage image = widget->grab().toImage();
             const double ground = luminance(widget->palette().window().color().rgb()) + 0.05;
