@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QShortcut>
 #include <QWhatsThis>
+#include <algorithm>
 
 #include "host/window/calendar_interface.h"
 #include "host/window/qt_text.h"
@@ -38,14 +39,17 @@ class ComboInterface : public QAccessibleWidget, public QAccessibleTextInterface
         state.editable = combo.isEditable() ? 1 : 0;
         return state;
     }
-    int childCount() const override { return combo.isEditable() ? 2 : 1; }
+    int childCount() const override { return (combo.isEditable() ? 2 : 1) + (Calendar() == nullptr ? 0 : 1); }
     QAccessibleInterface* child(int index) const override {
         if (index == 0) return QAccessible::queryAccessibleInterface(combo.view());
-        return index == 1 ? QAccessible::queryAccessibleInterface(combo.lineEdit()) : nullptr;
+        if (index == 1) return QAccessible::queryAccessibleInterface(combo.lineEdit());
+        return index == 2 ? QAccessible::queryAccessibleInterface(Calendar()) : nullptr;
     }
     int indexOfChild(const QAccessibleInterface* sought) const override {
         if (sought == nullptr) return -1;
-        return sought->object() == combo.lineEdit() ? 1 : sought->object() == combo.view() ? 0 : -1;
+        const QObject* const places[] = {combo.view(), combo.lineEdit(), Calendar()};
+        const auto* const found = std::ranges::find(places, sought->object());
+        return found == std::end(places) ? -1 : static_cast<int>(found - places);
     }
     // Its label may stand in another widget than the box itself.
     Relations relations(QAccessible::Relation match) const override {
@@ -85,6 +89,9 @@ class ComboInterface : public QAccessibleWidget, public QAccessibleTextInterface
     }
 
   private:
+    // While it is open.
+    QCalendarWidget* Calendar() const { return combo.findChild<QCalendarWidget*>(); }
+
     QComboBox& combo;
 };
 

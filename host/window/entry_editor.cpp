@@ -243,6 +243,13 @@ bool EntryEditor::MayClose() {
     return answer == Box::Discard || (answer == Box::Save && Save());
 }
 
+// A dialog's place is the middle, with no title in sight on a small screen: there the window manager finds
+// it.
+void EntryEditor::showEvent(QShowEvent* event) {
+    const QSize room = screen()->availableSize() * 4 / 5;
+    if (width() <= room.width() && height() <= room.height()) QDialog::showEvent(event);
+}
+
 // A letter with Alt was meant for a field that is not there; a line would write it.
 bool EntryEditor::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);

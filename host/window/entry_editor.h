@@ -46,8 +46,7 @@ class EntryEditor : public QDialog {
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    // The window manager finds the place: a dialog's is the middle, with no title in sight on a small screen.
-    void showEvent(QShowEvent* /*event*/) override {}
+    void showEvent(QShowEvent* event) override;
 
   private:
     void Fill();

@@ -98,6 +98,7 @@ bool TimeLine::BeginsAnew(const QKeyEvent& key) const {
 
 void TimeLine::Step(int steps) {
     constexpr int minutesInDay = 24 * 60;
+    selectsAtRelease = false;  // an arrow was pressed, not the line
     const QPointer<TimeLine> self(this);
     const int cursor = cursorPosition();
     const bool isMinute = !hasSelectedText() && cursor > text().indexOf(u':');
