@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "NolSchedCtls/toolkit/x_marlet.h"
 #include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
@@ -97,7 +98,16 @@ void EntryEditor::ShowState() {
     outlook->Follow();
 }
 
-void EntryEditor::RereadOutlook() { outlook->Reread(); }
+void EntryEditor::RereadOutlook() {
+    outlook->Reread();
+    try {
+        for (const Page& page : session->Pages())
+            for (ViewField* const field : page.tab->Fields())
+                if (auto* const picker = FieldAs<XMarlet>(*field)) picker->Reread();
+    } catch (const StoreError&) {
+        return;  // the list, which is read anew with this, tells it
+    }
+}
 
 PageView& EntryEditor::PageOf(const Page& page) const {
     return *static_cast<PageView*>(pages->widget(static_cast<int>(&page - session->Pages().data())));
