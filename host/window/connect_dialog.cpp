@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
-#include <algorithm>
 #include <array>
 
 #include "host/window/qt_text.h"
@@ -73,7 +72,8 @@ void ConnectDialog::SetServer(const ServerAddress& serverA) {
     server = serverA;
     for (std::size_t i = 0; i < Part::all.size(); ++i)
         lines[static_cast<int>(i)]->setText(ToQt(server.*Part::all[i].text));
-    told->clear();
+    asked.clear();
+    told->setText(job.IsRunning() ? u"The server that was asked last has not answered yet."_s : QString());
     lines[server.host.empty() ? 0 : Part::password]->setFocus();
 }
 
@@ -81,15 +81,19 @@ std::string ConnectDialog::Address() const {
     ServerAddress given = server;
     for (std::size_t i = 0; i < Part::all.size(); ++i)
         given.*Part::all[i].text = lines[static_cast<int>(i)]->text().toStdString();
-    const std::pair<std::string, std::string> soon("connect_timeout", "10");
-    if (std::ranges::find(given.parameters, soon.first, &decltype(soon)::first) == given.parameters.end())
-        given.parameters.push_back(soon);
     return given.Text();
+}
+
+// A server that does not answer at all is not waited for as long as the system would.
+std::string ConnectDialog::Impatient(const std::string& address) {
+    ServerAddress asked = ReadServerAddress(address);
+    asked.parameters.insert(asked.parameters.begin(), {"connect_timeout", "10"});  // the last one counts
+    return asked.Text();
 }
 
 ConnectDialog::Answer ConnectDialog::AnswerOf(const std::string& address) {
     try {
-        PrepareTables(*OpenDatabase(address), MissingStore::Refuse);
+        PrepareTables(*OpenDatabase(Impatient(address)), MissingStore::Refuse);
         return {u"It works: the server answers, and there is a store."_s, true};
     } catch (const StoreError& error) {
         if (error.kind != StoreError::Kind::Missing) return {ToVisible(error.what())};
@@ -103,11 +107,12 @@ ConnectDialog::Answer ConnectDialog::AnswerOf(const std::string& address) {
 void ConnectDialog::Ask(bool accepts) {
     told->setText(u"The server is asked..."_s);
     for (auto* const button : buttons) button->setEnabled(false);
-    const auto ask = [address = Address()](const std::stop_token&) { return AnswerOf(address); };
-    job.Start(ask, [this, accepts](const Answer& answer) {
+    asked = Address();
+    const auto ask = [address = asked](const std::stop_token&) { return AnswerOf(address); };
+    job.Start(ask, [this, accepts, address = asked](const Answer& answer) {
         for (auto* const button : buttons) button->setEnabled(true);
-        told->setText(answer.text);
-        if (accepts && answer.isReached && isVisible()) accept();
+        told->setText(asked == address ? answer.text : QString());
+        if (accepts && answer.isReached && asked == address && isVisible()) accept();
     });
 }
 

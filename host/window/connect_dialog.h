@@ -35,11 +35,13 @@ class ConnectDialog : public QDialog {
     void MakeLines(QFormLayout& form);
     void MakeButtons();
     void Ask(bool accepts);
+    static std::string Impatient(const std::string& address);
     static Answer AnswerOf(const std::string& address);
 
     ServerAddress server;  // what the lines do not show
     QList<QLineEdit*> lines;
     QLabel* told = nullptr;
+    std::string asked;        // the address of the server, unless the dialog was closed since
     QList<QWidget*> buttons;  // rest while the server is asked
     BackgroundJob job;
 };
