@@ -14,8 +14,8 @@
 #include "host/window/options.h"
 #include "host/window/qt_text.h"
 #include "host/window/screenshots.h"
+#include "host/window/store_choice.h"
 #include "host/window/store_menu.h"
-#include "host/window/store_opening.h"
 
 namespace {
 
@@ -40,26 +40,26 @@ int WritePictures(const EditorOptions& options) {
 
 // Until it is closed; gives the store that is to be opened after it.
 std::optional<std::string> RunWindow(const EditorOptions& options, const std::string& address,
-                                     std::optional<std::int32_t> id) {
+                                     QSettings& settings) {
     Workspace workspace({address, {}, ShowMessageBox, options.now});
-    QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
     MainWindow window(workspace, UserDialogs());
     const StoreMenu stores(window, workspace, address, settings, UserDialogs());
     AddHelpMenu(window);
     window.RestoreLayout(settings);
     window.show();
-    if (id) window.OpenEntry(*id);
+    if (options.id && address == options.address) window.OpenEntry(*options.id);
     QApplication::exec();
     window.SaveLayout(settings);
     return stores.Wanted();
 }
 
 int RunWindows(const EditorOptions& options) {
-    if (!IsReady(options.address, UserDialogs(), nullptr)) return exitStore;
-    std::string open = options.address;
-    auto next = RunWindow(options, open, options.id);
+    QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
+    auto next = StoreChoice(settings, UserDialogs()).First(options.address);
+    if (!next) return End(StoreError("No store was opened."), exitStore);
+    std::string open = *next;
     while (next) try {
-            auto afterwards = RunWindow(options, *next, {});
+            auto afterwards = RunWindow(options, *next, settings);
             open = *std::exchange(next, std::move(afterwards));
         } catch (const StoreError& error) {
             if (next == open) throw;

@@ -1,17 +1,16 @@
 #include "host/window/store_menu.h"
 
-#include <QFileDialog>
 #include <QMenuBar>
 #include <QSettings>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
-#include "host/window/connect_dialog.h"
 #include "host/window/documents_dialog.h"
 #include "host/window/holidays_dialog.h"
 #include "host/window/main_window.h"
 #include "host/window/qt_text.h"
 #include "host/window/store_opening.h"
+#include "platform/server_address.h"
 
 namespace NolSchedCtls {
 
@@ -21,12 +20,11 @@ StoreMenu::StoreMenu(MainWindow& windowA, Workspace& workspaceA, std::string add
       workspace(workspaceA),
       address(std::move(addressA)),
       settings(settingsA),
-      dialogs(std::move(dialogsA)) {
+      dialogs(std::move(dialogsA)),
+      choice(settings, dialogs) {
     RememberStore(settings, address);
     MakeMenu();
 }
-
-StoreMenu::~StoreMenu() = default;
 
 void StoreMenu::MakeMenu() {
     struct Command {
@@ -62,7 +60,7 @@ void StoreMenu::FillRecent(QMenu& menu) {
     for (const QString& store : stores) {
         QAction* const action = menu.addAction(ToVisible(store.toStdString()).replace(u'&', u"&&"_s));
         connect(action, &QAction::triggered, this, [this, kept = store.toStdString()] {
-            IsServerAddress(kept) ? ConnectTo(kept) : SwitchTo(kept);
+            Open([this, kept] { return choice.Recent(&window, kept); });
         });
     }
     menu.addSeparator();
@@ -71,27 +69,18 @@ void StoreMenu::FillRecent(QMenu& menu) {
     connect(forget, &QAction::triggered, this, [this] { ForgetStores(settings); });
 }
 
-// Qt's own dialog: that of a desktop may insist on a file that is there.
-void StoreMenu::OpenFile() {
-    QFileDialog chooser(&window, u"Open Store"_s);
-    chooser.setOption(QFileDialog::DontUseNativeDialog);
-    chooser.setFileMode(QFileDialog::AnyFile);
-    chooser.setNameFilters({u"Stores (*.db)"_s, u"All files (*)"_s});
-    if (!IsServerAddress(address)) chooser.setDirectory(QFileInfo(ToQt(address)).absolutePath());
-    if (chooser.exec() == QDialog::Accepted) SwitchTo(chooser.selectedFiles().value(0).toStdString());
+void StoreMenu::Open(const std::function<std::optional<std::string>()>& choose) {
+    std::optional<std::string> chosen;
+    Succeeds([&] { chosen = choose(); });
+    if (chosen) SwitchTo(*chosen);
 }
 
-void StoreMenu::Connect() { ConnectTo(IsServerAddress(address) ? KeptAddress(address) : std::string()); }
+void StoreMenu::OpenFile() {
+    Open([this] { return choice.File(&window, address); });
+}
 
-void StoreMenu::ConnectTo(const std::string& addressA) {
-    if (!connecting) connecting = std::make_unique<ConnectDialog>(&window);
-    const bool isReadable = Succeeds(
-        [&] { connecting->SetServer(addressA.empty() ? ServerAddress() : ReadServerAddress(addressA)); });
-    if (!isReadable) return;
-    const bool isAccepted = connecting->exec() == QDialog::Accepted;
-    const std::string given = connecting->Address();
-    connecting->SetServer({});
-    if (isAccepted) SwitchTo(given);
+void StoreMenu::Connect() {
+    Open([this] { return choice.Server(&window, IsServerAddress(address) ? KeptAddress(address) : ""); });
 }
 
 void StoreMenu::SwitchTo(const std::string& addressA) {

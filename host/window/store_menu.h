@@ -2,18 +2,17 @@
 #pragma once
 
 #include <QObject>
-#include <memory>
 #include <optional>
 
 #include "host/entries/workspace.h"
 #include "host/window/dialogs.h"
+#include "host/window/store_choice.h"
 
 class QMenu;
 class QSettings;
 
 namespace NolSchedCtls {
 
-class ConnectDialog;
 class MainWindow;
 
 // Another store is opened by closing the window, once it is known that it can be: its owner then opens
@@ -25,7 +24,6 @@ class StoreMenu : public QObject {
     // The address is that of the open store.
     StoreMenu(MainWindow& windowA, Workspace& workspaceA, std::string addressA, QSettings& settingsA,
               Dialogs dialogsA);
-    ~StoreMenu() override;
 
     // Nothing: the user has not asked for another store.
     const std::optional<std::string>& Wanted() const { return wanted; }
@@ -37,7 +35,7 @@ class StoreMenu : public QObject {
     void FillRecent(QMenu& menu);
     void OpenFile();
     void Connect();
-    void ConnectTo(const std::string& addressA);  // empty: to be given
+    void Open(const std::function<std::optional<std::string>()>& choose);
     template <class Dialog, class... Arguments>
     void Edit(Arguments... arguments);
     void EditGroups();
@@ -50,7 +48,7 @@ class StoreMenu : public QObject {
     QSettings& settings;
     Dialogs dialogs;
     std::optional<std::string> wanted;
-    std::unique_ptr<ConnectDialog> connecting;  // kept: it may still be asking when it is closed
+    StoreChoice choice;
 };
 
 }  // namespace NolSchedCtls

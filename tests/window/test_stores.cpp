@@ -128,6 +128,27 @@ TEST_F(Stores, AreChosenInAFileDialogAndRememberedWithoutPasswords) {
     EXPECT_EQ(menu.Wanted(), folder.filePath(u"new.db"_s).toStdString());
 }
 
+TEST_F(Stores, AreChosenBeforeThereIsAWindow) {
+    const std::string path = folder.filePath(u"new.db"_s).toStdString();
+    const std::string other = folder.filePath(u"other.db"_s).toStdString();
+    RememberStore(settings, other);
+    const std::string asks = "There is no store at " + path + ". Make one?\n";
+    StoreChoice choices(settings, dialogs);
+    const auto traceOf = [&](QMessageBox::StandardButton reply, int chosen) {
+        told.clear();
+        answer = reply;
+        choice = chosen;
+        return choices.First(path).value_or("none") + ' ' + told;
+    };
+    EXPECT_EQ(traceOf(QMessageBox::No, -1), "none " + asks);
+    PrepareTables(*OpenDatabase(other));
+    EXPECT_EQ(traceOf(QMessageBox::No, 2), other + ' ' + asks);
+    ChooseNext(ToQt(other));
+    EXPECT_EQ(traceOf(QMessageBox::No, 0), other + ' ' + asks);
+    EXPECT_EQ(traceOf(QMessageBox::Yes, -1), path + ' ' + asks);
+    EXPECT_EQ(traceOf(QMessageBox::No, -1), path + ' ');
+}
+
 TEST_F(Stores, TellInWordsWhetherAServerAnswers) {
     ConnectDialog dialog(nullptr);
     dialog.SetServer(ReadServerAddress("postgresql://u@127.0.0.1:1/n"));
