@@ -38,7 +38,7 @@ ConnectDialog::ConnectDialog(QWidget* parent) : QDialog(parent) {
     told->setTextFormat(Qt::PlainText);
     told->setWordWrap(true);
     told->setMinimumHeight(told->fontMetrics().lineSpacing() * 3);
-    told->setMinimumWidth(told->fontMetrics().averageCharWidth() * 60);
+    told->setMinimumWidth(told->fontMetrics().averageCharWidth() * 40);
     told->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     form->addRow(told);
     MakeButtons();

@@ -6,12 +6,12 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <span>
 
 #include "host/entries/arguments.h"
+#include "host/window/appearance.h"
 #include "host/window/qt_text.h"
 #include "platform/postgres_database.h"
 #include "platform/sqlite_database.h"
@@ -93,7 +93,7 @@ void ShowKeys(QMainWindow& window) {
     column->addWidget(box);
     const QSize wanted(dialog.fontMetrics().averageCharWidth() * 100,
                        dialog.fontMetrics().lineSpacing() * 34);
-    dialog.resize(wanted.boundedTo(window.screen()->availableSize() * 9 / 10));
+    FitToScreen(dialog, wanted);
     dialog.exec();
 }
 

@@ -32,7 +32,8 @@ void WriteMessage(const Message& message) {
 }
 
 int WritePictures(const EditorOptions& options) {
-    Workspace workspace({options.address, {}, WriteMessage, options.now, MissingStore::Refuse});
+    Workspace workspace(
+        {options.address, {}, WriteMessage, options.now, options.region, MissingStore::Refuse});
     const QString folder = ToQt(options.screenshots);
     options.id ? WriteScreenshots(workspace, folder, *options.id) : WriteScreenshots(workspace, folder);
     return exitDone;
@@ -41,7 +42,7 @@ int WritePictures(const EditorOptions& options) {
 // Until it is closed; gives the store that is to be opened after it.
 std::optional<std::string> RunWindow(const EditorOptions& options, const std::string& address,
                                      QSettings& settings) {
-    Workspace workspace({address, {}, ShowMessageBox, options.now});
+    Workspace workspace({address, {}, ShowMessageBox, options.now, options.region});
     MainWindow window(workspace, UserDialogs());
     const StoreMenu stores(window, workspace, address, settings, UserDialogs());
     AddHelpMenu(window);

@@ -10,6 +10,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "host/window/appearance.h"
 #include "host/window/qt_text.h"
 
 namespace NolSchedCtls {
@@ -63,7 +64,7 @@ void RowsDialog::Finish(const QStringList& headings) {
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout()->addWidget(told);
     layout()->addWidget(box);
-    resize(fontMetrics().averageCharWidth() * 70, fontMetrics().lineSpacing() * 26);
+    FitToScreen(*this, QSize(fontMetrics().averageCharWidth() * 70, fontMetrics().lineSpacing() * 26));
     Fill({});
     name->setFocus();
 }
