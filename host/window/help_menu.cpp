@@ -36,8 +36,8 @@ constexpr Key keysOfEntry[] = {
 constexpr Key keysOfFields[] = {
     {"Space", "A box: ticks it or clears it"},
     {"Alt+Down", "A list or a date: opens its entries or its calendar"},
-    {"F2", "A date: goes on with what is there; any other key begins anew"},
-    {"Up, Down", "A list: the entry before or after; a time: one more or less of the hour or minute"},
+    {"F2", "A date: marks it, to be typed over"},
+    {"Up, Down", "A list: the entry before or after; a time: its hour or minute"},
 };
 
 QTreeWidgetItem* Group(QTreeWidget& table, const QString& title) {
