@@ -10,6 +10,7 @@
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
 #include "platform/postgres_database.h"
+#include "platform/server_address.h"
 #include "platform/sqlite_database.h"
 
 namespace NolSchedCtls {

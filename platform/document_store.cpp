@@ -52,11 +52,23 @@ std::shared_ptr<const CaddisDocument> DocumentStore::DocumentNamed(const CaddisD
     throw RequestError("There is no " + type.Name + " named " + Quoted(name) + "; there " + offered + ".");
 }
 
-void DocumentStore::Add(const CaddisDocumentType& type, const std::string& name) {
+void DocumentStore::RefuseNamesake(const CaddisDocumentType& type, const std::string& name) {
     const auto isNamesake = [&name](const auto& document) { return document->Name == name; };
     if (std::ranges::any_of(DocumentsOfType(type), isNamesake))
         throw RequestError("There is already a " + type.Name + " named " + Quoted(name) + ".");
+}
+
+void DocumentStore::Add(const CaddisDocumentType& type, const std::string& name) {
+    RefuseNamesake(type, name);
     if (database->Execute("INSERT INTO NOL_Document (Type, Name) VALUES (?, ?)", {type.Name, name}) == 0)
+        database->FailUntaken();
+}
+
+void DocumentStore::Rename(const CaddisDocumentType& type, const std::string& name,
+                           const std::string& newName) {
+    const std::int64_t id = DocumentNamed(type, name)->Id;
+    if (newName != name) RefuseNamesake(type, newName);
+    if (database->Execute("UPDATE NOL_Document SET Name = ? WHERE Id = ?", {newName, id}) == 0)
         database->FailUntaken();
 }
 

@@ -24,11 +24,13 @@ class DocumentStore : public ICaddisStore {
     // Throws RequestError that names what there is.
     std::shared_ptr<const CaddisDocument> DocumentNamed(const CaddisDocumentType& type,
                                                         const std::string& name);
-    // Both throw RequestError: for a name that stands already, or that does not stand.
+    // All throw RequestError: for a name that stands already, or that does not stand.
     void Add(const CaddisDocumentType& type, const std::string& name);
+    void Rename(const CaddisDocumentType& type, const std::string& name, const std::string& newName);
     void Delete(const CaddisDocumentType& type, const std::string& name);
 
   private:
+    void RefuseNamesake(const CaddisDocumentType& type, const std::string& name);
     Documents Read(const std::string& condition, const Database::Values& values);
 
     std::shared_ptr<Database> database;

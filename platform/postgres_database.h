@@ -5,11 +5,12 @@
 
 namespace NolSchedCtls {
 
-// Also of one that no server can have: what looks like an address, with a password perhaps, never becomes a
-// file's name. A path that begins with "/" or "." is none.
-bool IsServerAddress(std::string_view address);
 // Throws StoreError for what is no address of a server, without the address: it may hold a password. A
 // connection that breaks is opened anew when no transaction is open.
 std::unique_ptr<Database> OpenServer(const std::string& address);
+
+// Of this machine's library, whatever the server's: "libpq 15.4". Throws NolSchedError where it is not
+// installed.
+std::string ServerEngine();
 
 }  // namespace NolSchedCtls

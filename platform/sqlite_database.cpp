@@ -239,6 +239,8 @@ bool MatchesGlob(const std::string& text, const std::string& pattern) {
     return sqlite3_strglob(pattern.c_str(), text.c_str()) == 0;
 }
 
+std::string FileEngine() { return std::string("SQLite ") + sqlite3_libversion(); }
+
 std::unique_ptr<Database> OpenFile(const std::string& path, MissingStore missing) {
     return std::make_unique<SqliteDatabase>(path, missing);
 }

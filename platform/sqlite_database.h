@@ -7,4 +7,7 @@ namespace NolSchedCtls {
 
 std::unique_ptr<Database> OpenFile(const std::string& path, MissingStore missing);
 
+// As it runs: "SQLite 3.40.1".
+std::string FileEngine();
+
 }  // namespace NolSchedCtls

@@ -32,6 +32,11 @@ void XMarlet::Choose(DocumentPointer documentA, std::string typedA) {
     if (changed) DocumentChange.Raise();
 }
 
+void XMarlet::Reread() {
+    if (const auto renamed = ValidDocument()) document = renamed;
+    Refresh.Raise();
+}
+
 void XMarlet::SetPendingFlag(bool pending) {
     if (!pending) Assign(typed, std::string());
 }

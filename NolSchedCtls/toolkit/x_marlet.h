@@ -26,6 +26,8 @@ class NOLSCHED_API XMarlet : public ViewField {
     const DocumentPointer& Document() const { return document; }
     // Drops a typed text. Raises DocumentChange if document or text change.
     void SetDocument(DocumentPointer documentA);
+    // The chosen document under the name that it bears in the store now.
+    void Reread();
     // True while a typed text names no document; writing false drops the text.
     void SetPendingFlag(bool pending);
 

@@ -185,24 +185,21 @@ const std::string& NameOfDocument(const CommandLine& line) {
     return line.document;
 }
 
-int AddDocument(const CommandRun& run) {
+int AddOneDocument(const CommandRun& run) {
     const CaddisDocumentType type = TypeOfWord(run.line.type);
-    run.workspace.Documents().Add(type, NameOfDocument(run.line));
+    AddDocument(run.workspace, type, NameOfDocument(run.line));
     run.answers.Tell({{"added", {{"Type", type.Name}, {"Name", run.line.document}}}});
     return exitDone;
 }
 
-int DeleteDocument(const CommandRun& run) {
+int DeleteOneDocument(const CommandRun& run) {
     const CaddisDocumentType type = TypeOfWord(run.line.type);
-    const std::string& name = NameOfDocument(run.line);
-    Transaction transaction(run.workspace.Store());
-    const auto document = run.workspace.Documents().DocumentNamed(type, name);
-    const auto users = run.workspace.Entries().UsersOf(document->Id);
-    if (!users.empty() && !run.line.isForced)
-        throw RequestError("The " + type.Name + ' ' + Quoted(name) + " is used by " + Joined(users) +
-                           "; --force deletes it nevertheless.");
-    run.workspace.Documents().Delete(type, name);
-    transaction.Commit();
+    try {
+        DeleteDocument(run.workspace, type, NameOfDocument(run.line),
+                       run.line.isForced ? InUse::Deleted : InUse::Refused);
+    } catch (const InUseError& error) {
+        throw RequestError(error.what() + std::string("; --force deletes it nevertheless."));
+    }
     return exitDone;
 }
 
@@ -237,8 +234,7 @@ Json CheckNew(const CommandLine& line, Terminal& /*terminal*/) {
 
 Json CheckDocument(const CommandLine& line, Terminal& /*terminal*/) {
     if (line.type != "group" && line.type != "scenario") RefuseType(line.type);
-    if (line.document == noText)
-        throw UsageError("A document cannot be named none: the word stands for no document.");
+    CheckDocumentName(NameOfDocument(line));
     return {};
 }
 
@@ -271,8 +267,8 @@ const Command& CommandNamed(const std::string& given) {
         {"holidays import", ImportHolidays},
         {"fields", TellFields},
         {"documents", Documents},
-        {"documents add", AddDocument, Make, CheckDocument},
-        {"documents delete", DeleteDocument},
+        {"documents add", AddOneDocument, Make, CheckDocument},
+        {"documents delete", DeleteOneDocument},
         {"init", Init, Make},
     });
     const auto* const found = std::ranges::find(commands, given, &Command::name);

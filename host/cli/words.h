@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/entries/document_acts.h"
 #include "host/entries/entry_session.h"
 
 namespace NolSchedCtls {
@@ -24,7 +25,7 @@ struct Word {
 // In an order in which they can be set one after the other.
 std::span<const Word> Words();
 
-inline constexpr std::string_view noText = "none";
+inline constexpr std::string_view noText = noDocument;
 
 struct WordText {
     const Word* word;

@@ -61,6 +61,9 @@ struct HostArguments {
     std::string answer;   // to --help or --version: tell it and do nothing else
 };
 
+// Of the hosts: "1.2.3".
+std::string_view Version();
+
 // Takes --db, --now, --region, --help and --version into the arguments, which it refers to from then on.
 std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& description,
                                   HostArguments& arguments);
@@ -68,6 +71,9 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
 CLI::Option* AddId(CLI::App& app, std::optional<std::int32_t>& id, const std::string& description);
 // Any number of them, each once; where words are taken, too, what holds a "=" is one.
 void AddIds(CLI::App& app, std::vector<std::int32_t>& ids, std::vector<std::string>* words = nullptr);
+
+// Which of the arguments may be options, rather than the text of one or a text after "--".
+std::vector<bool> OptionPlaces(const CLI::App& app, const std::vector<std::string>& given);
 
 // Whether the option stands among the arguments, and not as the text of another. Never throws: how a wrong
 // line is to be refused must be known first.

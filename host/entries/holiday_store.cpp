@@ -38,6 +38,21 @@ HolidayDays HolidayStore::Days() const {
     return days;
 }
 
+std::vector<StoredHoliday> HolidayStore::Stored() const {
+    std::vector<StoredHoliday> holidays;
+    if (!database->HasTable(holidayTable)) return holidays;
+    const auto rows = database->Open("SELECT Day, Name FROM NOL_Holiday ORDER BY Day");
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+        holidays.push_back({FieldToText(rows->Fields("Day")), FieldToText(rows->Fields("Name")), {}});
+        try {
+            holidays.back().date = ReadDay(*rows);
+        } catch (const NolSchedError&) {
+            continue;
+        }
+    }
+    return holidays;
+}
+
 std::optional<std::string> HolidayStore::NameOf(const std::string& day) const {
     const auto rows = database->Open("SELECT Name FROM NOL_Holiday WHERE Day = ?", {day});
     if (rows->AtEnd()) return {};

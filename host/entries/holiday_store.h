@@ -16,6 +16,13 @@ struct Holiday {
     std::string name;
 };
 
+// As it stands in the store, also where that is no day.
+struct StoredHoliday {
+    std::string day;
+    std::string name;
+    std::optional<DateTime> date;  // nothing for what is no day
+};
+
 struct HolidayDays {
     std::vector<DateTime> sound;
     std::vector<std::string> troubles;  // of each row that is no day, what All would throw
@@ -32,6 +39,7 @@ class HolidayStore {
     // StoreError for a row that is no day, too.
     std::vector<Holiday> All() const;
     HolidayDays Days() const;
+    std::vector<StoredHoliday> Stored() const;
     // Throws RequestError for a day that is one already.
     void Add(const Holiday& holiday);
     // Adds those whose days are none yet, all or none of them. Returns how many they were.

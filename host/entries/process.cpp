@@ -9,7 +9,7 @@
 #include <cstring>
 #include <ostream>
 
-#include "platform/postgres_database.h"
+#include "platform/server_address.h"
 
 namespace NolSchedCtls {
 

@@ -216,8 +216,9 @@ class PickerCombo : public QComboBox {
     void Show() {
         if (isOffering) return;
         const QString text = ToQt(field.Text());
-        if (count() == 0 || (field.Document() && findData(field.Document()->Id) < 0)) Fill();
-        const int index = field.Document() ? findData(field.Document()->Id) : -1;
+        const auto place = [this] { return field.Document() ? findData(field.Document()->Id) : -1; };
+        if (count() == 0 || (field.Document() && itemText(place()) != text)) Fill();
+        const int index = place();
         if (currentIndex() != index) setCurrentIndex(index);
         if (lineEdit()->text() != text) setEditText(text);
     }

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <optional>
 
+#include "NolSchedCtls/toolkit/x_marlet.h"
 #include "host/entries/entry_differences.h"
 #include "host/window/accessibility.h"
 #include "host/window/appearance.h"
@@ -128,7 +129,16 @@ void EntryEditor::ShowState() {
     outlook->Follow();
 }
 
-void EntryEditor::RereadOutlook() { outlook->Reread(); }
+void EntryEditor::RereadOutlook() {
+    outlook->Reread();
+    try {
+        for (const Page& page : session->Pages())
+            for (ViewField* const field : page.tab->Fields())
+                if (auto* const picker = FieldAs<XMarlet>(*field)) picker->Reread();
+    } catch (const StoreError&) {
+        return;  // the list, which is read anew with this, tells it
+    }
+}
 
 PageView& EntryEditor::PageOf(const Page& page) const {
     return *static_cast<PageView*>(pages->widget(static_cast<int>(&page - session->Pages().data())));

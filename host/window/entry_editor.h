@@ -37,7 +37,7 @@ class EntryEditor : public QDialog {
     bool Save();
     void accept() override;
     void reject() override { close(); }
-    // The line tells by the holidays and settings as they are now.
+    // The line tells by the holidays and settings as they are now, the pickers by the documents.
     void RereadOutlook();
 
   Q_SIGNALS:

@@ -3,16 +3,20 @@
 #include <QApplication>
 #include <QLoggingCategory>
 #include <QSettings>
+#include <QStyleFactory>
 #include <iostream>
 
 #include "host/entries/process.h"
 #include "host/entries/visible_text.h"
 #include "host/window/accessibility.h"
 #include "host/window/appearance.h"
+#include "host/window/help_menu.h"
 #include "host/window/main_window.h"
 #include "host/window/options.h"
 #include "host/window/qt_text.h"
 #include "host/window/screenshots.h"
+#include "host/window/store_choice.h"
+#include "host/window/store_menu.h"
 
 namespace {
 
@@ -28,24 +32,42 @@ void WriteMessage(const Message& message) {
     std::cerr << VisibleLines(Visible(message.title) + ": ", message.text);
 }
 
-int RunWindow(Workspace& workspace, const EditorOptions& options) {
-    QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
-    MainWindow window(workspace, UserDialogs());
-    window.RestoreLayout(settings);
-    window.show();
-    if (options.id) window.OpenEntry(*options.id);
-    const int status = QApplication::exec();
-    window.SaveLayout(settings);
-    return status;
-}
-
-int Run(const EditorOptions& options) {
-    const bool isPictures = !options.screenshots.empty();
+int WritePictures(const EditorOptions& options) {
     Workspace workspace(
-        {options.address, {}, isPictures ? WriteMessage : ShowMessageBox, options.now, options.region});
-    if (!isPictures) return RunWindow(workspace, options);
+        {options.address, {}, WriteMessage, options.now, options.region, MissingStore::Refuse});
     const QString folder = ToQt(options.screenshots);
     options.id ? WriteScreenshots(workspace, folder, *options.id) : WriteScreenshots(workspace, folder);
+    return exitDone;
+}
+
+// Until it is closed; gives the store that is to be opened after it.
+std::optional<std::string> RunWindow(const EditorOptions& options, const std::string& address,
+                                     QSettings& settings) {
+    Workspace workspace({address, {}, ShowMessageBox, options.now, options.region});
+    MainWindow window(workspace, UserDialogs());
+    const StoreMenu stores(window, workspace, address, settings, UserDialogs());
+    AddHelpMenu(window);
+    window.RestoreLayout(settings);
+    window.show();
+    if (options.id && address == options.address) window.OpenEntry(*options.id);
+    QApplication::exec();
+    window.SaveLayout(settings);
+    return stores.Wanted();
+}
+
+int RunWindows(const EditorOptions& options) {
+    QSettings settings(u"NolSchedCtls"_s, u"nolsched-editor"_s);
+    auto next = StoreChoice(settings, UserDialogs()).First(options.address);
+    if (!next) return End(StoreError("No store was opened."), exitStore);
+    std::string open = *next;
+    while (next) try {
+            auto afterwards = RunWindow(options, *next, settings);
+            open = *std::exchange(next, std::move(afterwards));
+        } catch (const StoreError& error) {
+            if (next == open) throw;
+            ShowMessageBox({error.what(), 16, "Schedule Entries"});
+            next = open;  // it was ready a moment ago, and so was this one
+        }
     return exitDone;
 }
 
@@ -56,11 +78,20 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
     _exit(exitUsage);
 }
 
+void SetStyle(const std::string& style) {
+    if (style.empty() || QApplication::setStyle(ToQt(style)) != nullptr) return;
+    throw UsageError("There is no style " + Quoted(style) + "; there are " +
+                     QStyleFactory::keys().join(u", "_s).toStdString() + ".");
+}
+
 // A store that cannot be opened is told in a box, where there is a display for one.
 int RunGuarded(const EditorOptions& options) {
     try {
-        return Run(options);
+        SetStyle(options.style);
+        return options.screenshots.empty() ? RunWindows(options) : WritePictures(options);
     } catch (const RequestError& error) {
+        return End(error, exitUsage);
+    } catch (const UsageError& error) {
         return End(error, exitUsage);
     } catch (const std::exception& error) {
         if (options.screenshots.empty()) ShowMessageBox({error.what(), 16, "Schedule Entries"});
@@ -91,7 +122,11 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QLoggingCategory::setFilterRules(u"*.warning=false"_s);
     const auto formerHandler = qInstallMessageHandler(EndWithoutDisplay);
-    const QApplication application(argc, argv);
+    std::vector<char*> ofQt{argv[0]};
+    for (std::string& argument : options.ofQt) ofQt.push_back(argument.data());
+    int count = static_cast<int>(ofQt.size());
+    ofQt.push_back(nullptr);
+    const QApplication application(count, ofQt.data());
     qInstallMessageHandler(formerHandler);
     SetAppearance(options.isDark);
     InstallAccessibility();

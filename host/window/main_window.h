@@ -41,6 +41,8 @@ class MainWindow : public QMainWindow {
     OutlookPane& Pane() { return *pane; }
     // The outlook is then that of all entries.
     void ChooseNone();
+    // Reads the list anew; the open editors follow what the store keeps beside the entries.
+    void Refresh();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -57,7 +59,6 @@ class MainWindow : public QMainWindow {
     void Edit();
     void Duplicate();
     void Delete();
-    void Refresh();
     void FindEntry();
     void Quit() { close(); }
     void ShowCount();

@@ -42,10 +42,11 @@ TEST(ScheduleEncoding, OnlyAnExactYesIncludesADay) {
 TEST(ScheduleEncoding, WhatCannotBeShownEndsTheLoadThere) {
     const InstalledWorld world;
     const std::tuple<Record, const char*, const char*> cases[] = {
-        {RecordOf("o", 2), "Periodicity \"o\" ", "Hourly every 1 Period(s)"},
-        {RecordOf("H", 25), "Frequency 25 cannot be shown: The list cboFrequency has no entry",
+        {RecordOf("o", 2), "Periodicity \"o\" cannot be shown: it is one of \"O\", \"H\", ",
          "Hourly every 1 Period(s)"},
-        {RecordOf("D", 8), "it offers \"1\" to \"7\"", "Daily every 1 day(s)"},
+        {RecordOf("H", 25), "Frequency 25 cannot be shown: it is 1 to 24 where Periodicity is \"H\".",
+         "Hourly every 1 Period(s)"},
+        {RecordOf("D", 8), "it is 1 to 7 ", "Daily every 1 day(s)"},
         {RecordOf("W", 2, 0, 0, 8), "WhichWeekday 8 ", "Weekly on Sunday every 2 week(s)"},
         {RecordOf("O", 52, 0, 0, 0), "WhichWeekday 0 ", "Once"},
         {RecordOf("M", 4, 29), "WhichMonthDate 29 ", "Monthly on the 1st Day of every 4 month(s)"},

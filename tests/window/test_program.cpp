@@ -34,15 +34,19 @@ TEST_F(Windows, TheProgramObeysItsCommandLine) {
         {"--now noon", 2, 1, "noon", 0},
         {"12x", 2, 1, "12x", 0},
         {"", 2, 1, "display", 0},
+        {"-style nosuch --screenshots=p", 2, 1, "Fusion", 0},
         {"--db=/nowhere/x --screenshots=p", 3, 1, "/nowhere/x", 0},
+        {"--db=mistyped --screenshots=p", 3, 1, "there is no such store", 0},
         {"--db other --screenshots=/proc/x", 3, 1, "/proc/x", 0},
         {"--db other --screenshots=taken", 3, 1, "taken/list.png", 0},
         {"--db other --now=2026-03-02T09:05 --screenshots=.", 0, 0, "", 16},
         {"--db=other --now 2026-03-02T09:05 --screenshots .", 0, 0, "", 0},
         {"--db other --now=2027-01-05T09:05 --screenshots=.", 0, 0, "", 15},             // with a date
         {"--db=$ --now=2027-01-05T09:05 --screenshots=.", 0, 60, "Nightly Sweep: ", 3},  // general, list
+        {"--db other -style windows --screenshots=.", 0, 0, "", 16},
         {"--db other --dark --screenshots=.", 0, 0, "", 16},
     };
+    PrepareTables(*OpenDatabase(folder.filePath(u"other"_s).toStdString()));
     Store();
     store.Sql("UPDATE NOL_Setting SET Value = '1' WHERE Name = 'Max Purge Interval'");  // of which tabs warn
     std::map<QString, QImage> former;

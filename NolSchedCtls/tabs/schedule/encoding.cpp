@@ -81,8 +81,7 @@ void XNolScheduleTab::SaveData() {
 void XNolScheduleTab::SetCtlsFromData() {
     const CNolSchedData& data = Record();
     SetCtlsDates();
-    ShowProperty("Periodicity", data.Periodicity,
-                 [&] { cboPeriod.SetText(PeriodCodeToText(data.Periodicity)); });
+    ShowProperty("Periodicity", data.Periodicity, [&] { ShowPeriod(); });
     ShowProperty("Frequency", data.Frequency, [this] { ShowFrequency(); });
     ShowProperty("WhichWeekday", data.WhichWeekday, [this] { cboDayName.SetText(GetDayNameText()); });
     const PeriodCode code = RowOfCode(data.Periodicity);
@@ -90,10 +89,21 @@ void XNolScheduleTab::SetCtlsFromData() {
     ShowExclusions();
 }
 
+void XNolScheduleTab::ShowPeriod() {
+    const std::string_view sText = PeriodCodeToText(Record().Periodicity);
+    const auto codeOf = [](const PeriodCode& row) { return Quoted(row.sCode); };
+    if (sText.empty()) throw NolSchedError("it is one of " + Joined(periodCodes, codeOf) + ".");
+    cboPeriod.SetText(sText);
+}
+
 // A number picked in another mode can lie beyond a new tab's hidden list, which then stays as it is.
 void XNolScheduleTab::ShowFrequency() {
     const std::string sFrequency = std::to_string(Record().Frequency);
-    if (cboPeriod.Text() == periodOnce && !cboFrequency.Offers(sFrequency)) return;
+    if (!cboFrequency.Offers(sFrequency)) {
+        if (cboPeriod.Text() == periodOnce) return;
+        throw NolSchedError("it is 1 to " + std::to_string(cboFrequency.Entries().size()) +
+                            " where Periodicity is " + Quoted(Record().Periodicity) + ".");
+    }
     cboFrequency.SetText(sFrequency);
 }
 

@@ -75,6 +75,7 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     CNolSchedData& Record() const;
     void SetCtlsFromData();
     void SetDataFromCtls() const;
+    void ShowPeriod();
     void ShowFrequency();
     void ShowExclusions();
     std::string GetDayNameText() const;
