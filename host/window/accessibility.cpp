@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QShortcut>
 #include <QWhatsThis>
+#include <algorithm>
+#include <array>
 
 #include "host/window/calendar_interface.h"
 #include "host/window/qt_text.h"
@@ -97,10 +99,12 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
     return nullptr;
 }
 
-// Views tell of a current cell as if it had the focus, while another window is in use.
+// Views tell of their current cell as if it had the focus, while another window is in use.
 bool IsTrue(const QAccessibleEvent& event) {
+    constexpr std::array kinds = {QAccessible::Focus, QAccessible::Selection, QAccessible::SelectionAdd,
+                                  QAccessible::SelectionRemove, QAccessible::SelectionWithin};
     const auto* const view = qobject_cast<QAbstractItemView*>(event.object());
-    return event.type() != QAccessible::Focus || view == nullptr || view->hasFocus();
+    return view == nullptr || view->hasFocus() || std::ranges::find(kinds, event.type()) == kinds.end();
 }
 
 int silences = 0;
