@@ -84,6 +84,9 @@ class PlatformProvider : public ServiceProvider {
     std::unique_ptr<IClock> CreateClock() override {
         return std::make_unique<HostClock>(host, ServiceProvider::CreateClock());
     }
+    std::unique_ptr<IDateSettings> CreateDateSettings() override {
+        return MakeDateSettings(host.region.dateOrder, host.region.firstDayOfWeek);
+    }
 
   private:
     std::shared_ptr<Database> database;

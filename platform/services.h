@@ -8,6 +8,7 @@
 
 #include "NolSchedCtls/services/provider.h"
 #include "platform/database.h"
+#include "platform/region.h"
 
 namespace NolSchedCtls {
 
@@ -24,6 +25,7 @@ struct HostServices {
     std::function<void(const std::string&)> reportFailure;
     std::function<DateTime()> now;
     std::shared_ptr<std::optional<DateTime>> asOf = {};
+    Region region = {};
 };
 
 std::unique_ptr<ServiceProvider> MakePlatformProvider(std::shared_ptr<Database> database, HostServices host);

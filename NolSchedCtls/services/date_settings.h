@@ -1,6 +1,7 @@
 // The user's regional settings for dates.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -17,9 +18,12 @@ class NOLSCHED_API IDateSettings {
     virtual std::string EditDateFormat() = 0;
     // The order of the short form: "3/2/2026", "2/3/2026" or "2026/3/2".
     virtual DateFieldOrder DateOrder() = 0;
+    // Where a calendar's week begins; a weekday's number is that of IDayConversion, 1 for Sunday.
+    virtual std::int32_t FirstDayOfWeek() { return 1; }
 };
 
 // Settings of that order with the edit format "MM/DD/YYYY", "DD/MM/YYYY" or "YYYY/MM/DD".
-NOLSCHED_API std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order);
+NOLSCHED_API std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order,
+                                                             std::int32_t firstDayOfWeek = 1);
 
 }  // namespace NolSchedCtls

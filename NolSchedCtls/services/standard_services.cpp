@@ -122,20 +122,23 @@ class SystemClock : public IClock {
 
 class OrderedDateSettings : public IDateSettings {
   public:
-    explicit OrderedDateSettings(DateFieldOrder orderA) : order(orderA) {}
+    OrderedDateSettings(DateFieldOrder orderA, std::int32_t firstDayOfWeekA)
+        : order(orderA), firstDayOfWeek(firstDayOfWeekA) {}
     std::string EditDateFormat() override { return editFormats.at(static_cast<std::size_t>(order)); }
     DateFieldOrder DateOrder() override { return order; }
+    std::int32_t FirstDayOfWeek() override { return firstDayOfWeek; }
 
   private:
     static constexpr std::array editFormats = {"MM/DD/YYYY", "DD/MM/YYYY", "YYYY/MM/DD"};
 
     DateFieldOrder order;
+    std::int32_t firstDayOfWeek;
 };
 
 }  // namespace
 
-std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order) {
-    return std::make_unique<OrderedDateSettings>(order);
+std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order, std::int32_t firstDayOfWeek) {
+    return std::make_unique<OrderedDateSettings>(order, firstDayOfWeek);
 }
 
 std::shared_ptr<MarletState> CaddisPickerStateSet::StatesForType(const CaddisDocumentType& type) {

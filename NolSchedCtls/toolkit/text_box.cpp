@@ -1,6 +1,7 @@
 #include "NolSchedCtls/toolkit/text_box.h"
 
-#include <array>
+#include <algorithm>
+#include <ranges>
 
 namespace NolSchedCtls {
 
@@ -49,6 +50,14 @@ std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limi
     return CutToLength(longer, limit) == longer ? longer : text;
 }
 
+std::string TextAfterEdit(const std::string& text, std::string_view edited, std::size_t limit) {
+    const auto sameStart = std::ranges::mismatch(text, edited).in2 - edited.begin();
+    const auto sameEnd =
+        std::ranges::mismatch(text | std::views::reverse, edited | std::views::reverse).in2 - edited.rbegin();
+    const bool takesAway = sameStart + sameEnd >= std::ssize(edited) && edited.size() <= text.size();
+    return takesAway ? std::string(edited) : CutToLength(edited, limit);
+}
+
 void TextBox::SetText(const std::string& textA) {
     if (Assign(text, textA)) Changed.Raise();
 }
@@ -62,6 +71,12 @@ bool TextBox::Key(char32_t key) {
     if (!BeginUserAct() || locked) return false;
     const char32_t passed = FilterKey(key);
     if (passed != 0) SetText(TextAfterKey(text, passed, maxLength));
+    return true;
+}
+
+bool TextBox::Edit(std::string_view edited) {
+    if (!BeginUserAct() || locked) return false;
+    SetText(TextAfterEdit(text, edited, maxLength));
     return true;
 }
 

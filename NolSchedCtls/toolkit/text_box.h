@@ -18,6 +18,10 @@ std::string CutToLength(std::string_view text, std::size_t limit);
 // fits.
 std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limit);
 
+// What is left of an edit: a text within the limit, or what only takes characters away from a longer one;
+// else its beginning.
+std::string TextAfterEdit(const std::string& text, std::string_view edited, std::size_t limit);
+
 // The limit binds users alone: what code writes stands as it is, so that no stored value is cut.
 class NOLSCHED_API TextBox : public ViewField {
   public:
@@ -35,8 +39,10 @@ class NOLSCHED_API TextBox : public ViewField {
 
     bool Key(char32_t key);             // at the text's end, through the filter
     bool Paste(std::string_view text);  // replaces the text, past the filter
-    // What is left of a key after the filter, 0 if it was swallowed; for a screen that edits by itself.
+    // For a screen that edits by itself: what is left of a key after the filter, 0 if it was swallowed; and
+    // the whole text as it then stands.
     char32_t FilterKey(char32_t key);
+    bool Edit(std::string_view edited);
 
     Event<char32_t&> KeyPress;  // a handler that sets the key to 0 swallows it
     Event<> Changed;

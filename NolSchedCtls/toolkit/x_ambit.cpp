@@ -12,8 +12,6 @@ namespace NolSchedCtls {
 
 namespace {
 
-constexpr std::size_t daysLimit = 5;
-
 std::int32_t MaximumOf(const CaddisUser& user) {
     const auto setting = user.Settings.find(MAppConstants::maxPurgeInterval);
     if (setting == user.Settings.end()) return maximumWithoutSetting;
@@ -75,16 +73,25 @@ bool XAmbitPurge::Click() {
 
 bool XAmbitPurge::Key(char32_t key) {
     if (!BeginUserAct()) return false;
-    if (key == keyBackspace || (key >= U'0' && key <= U'9'))
-        SetDays(TextAfterKey(days, key, daysLimit));
-    else
-        Control().Beep.Raise(*this);
+    if (FilterKey(key) != 0) SetDays(TextAfterKey(days, key, maxLength));
+    return true;
+}
+
+char32_t XAmbitPurge::FilterKey(char32_t key) {
+    if (key == keyBackspace || (key >= U'0' && key <= U'9')) return key;
+    Control().Beep.Raise(*this);
+    return 0;
+}
+
+bool XAmbitPurge::EditDays(std::string_view edited) {
+    if (!BeginUserAct()) return false;
+    SetDays(TextAfterEdit(days, edited, maxLength));
     return true;
 }
 
 bool XAmbitPurge::PasteDays(std::string_view text) {
     if (!BeginUserAct()) return false;
-    SetDays(CutToLength(text, daysLimit));
+    SetDays(CutToLength(text, maxLength));
     return true;
 }
 

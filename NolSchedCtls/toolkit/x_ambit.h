@@ -16,6 +16,8 @@ inline constexpr std::int32_t maximumWithoutSetting = 365;  // days
 // Purge on or off ("Y" or "N"), and its interval in days from 1 to the user's maximum.
 class NOLSCHED_API XAmbitPurge : public ViewField {
   public:
+    static constexpr std::size_t maxLength = 5;  // of the days that a user types
+
     XAmbitPurge(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
     FieldKind Kind() override { return this; }
 
@@ -34,6 +36,10 @@ class NOLSCHED_API XAmbitPurge : public ViewField {
     bool Click();  // turns automatic purge on or off
     bool Key(char32_t key);
     bool PasteDays(std::string_view text);
+    // For a screen that edits by itself: the key, 0 for one that is refused with a beep; and the whole text
+    // as it then stands.
+    char32_t FilterKey(char32_t key);
+    bool EditDays(std::string_view edited);
 
     Event<> Changed;
 

@@ -40,12 +40,10 @@ XMarlet::DocumentPointer XMarlet::ValidDocument() const {
     return document ? CaddisStore().FindDocument(document->DocumentType, document->Id) : nullptr;
 }
 
-std::string XMarlet::TypeName() const { return state ? state->DocumentType.Name : "document"; }
-
 std::string XMarlet::CheckMessage() const {
-    if (document) return "The " + TypeName() + " " + Quoted(document->Name) + " has been deleted.";
-    if (!typed.empty()) return "There is no " + TypeName() + " named " + Quoted(typed) + ".";
-    return "A " + TypeName() + " is required.";
+    if (document) return "The " + subject + " " + Quoted(document->Name) + " has been deleted.";
+    if (!typed.empty()) return "There is no " + subject + " named " + Quoted(typed) + ".";
+    return "A " + subject + " is required.";
 }
 
 std::vector<XMarlet::DocumentPointer> XMarlet::Entries() const {

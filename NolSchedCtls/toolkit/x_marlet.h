@@ -13,7 +13,9 @@ class NOLSCHED_API XMarlet : public ViewField {
   public:
     using DocumentPointer = std::shared_ptr<const CaddisDocument>;
 
-    XMarlet(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    // Messages call what is picked by the subject: "Scenario".
+    XMarlet(FieldPlace placeA, std::string nameA, std::string_view subjectA)
+        : ViewField(placeA, std::move(nameA)), subject(subjectA) {}
     FieldKind Kind() override { return this; }
 
     // The state names the type of document that the picker offers; comes before all else.
@@ -29,7 +31,7 @@ class NOLSCHED_API XMarlet : public ViewField {
 
     // The chosen document if the store still holds it.
     DocumentPointer ValidDocument() const;
-    // Why ValidDocument gave nothing; begins "A Scenario is required." for scenarios when nothing is chosen.
+    // Why ValidDocument gave nothing; "A Scenario is required." when nothing is chosen.
     std::string CheckMessage() const;
 
     // What the field shows: the document's name or the text that was typed.
@@ -45,9 +47,9 @@ class NOLSCHED_API XMarlet : public ViewField {
 
   private:
     void Choose(DocumentPointer documentA, std::string typedA);
-    std::string TypeName() const;
     DocumentPointer EntryNamed(std::string_view sName) const;
 
+    std::string subject;
     std::shared_ptr<MarletState> state;
     DocumentPointer document;
     std::string typed;

@@ -291,6 +291,7 @@ WorkspaceOptions OptionsOf(const CommandLine& line, const Command& command, cons
             terminal.user,
             showMessage,
             line.now,
+            line.region,
             line.isDryRun ? MissingStore::Refuse : command.missing,
             isBare ? Samples::None : Samples::Documents};
 }

@@ -122,6 +122,11 @@ DateTime ReadNow(const std::string& text) {
     return now;
 }
 
+Region ReadRegion(const std::string& text) {
+    if (const auto region = RegionNamed(text)) return *region;
+    throw UsageError("--region takes us, eu or iso, not " + Quoted(text) + ".");
+}
+
 // Which of the arguments may be options, rather than the text of one or a text after "--".
 std::vector<bool> OptionPlaces(const CLI::App& app, const std::vector<std::string>& given) {
     std::vector<bool> places;
@@ -222,6 +227,11 @@ std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& de
            [&arguments](const std::string& text) { arguments.now = [now = ReadNow(text)] { return now; }; },
            "Sets the clock: YYYY-MM-DDTHH:MM")
         ->type_name("TIME");
+    app->add_option_function<std::string>(
+           "--region", [&arguments](const std::string& text) { arguments.region = ReadRegion(text); },
+           "Dates as 12/24/2026 and weeks from Sunday, or as\n24/12/2026 or 2026/12/24 and weeks from "
+           "Monday\n(where left out as LC_TIME of the environment tells)")
+        ->type_name("us|eu|iso");
     return app;
 }
 

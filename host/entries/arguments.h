@@ -10,6 +10,7 @@
 
 #include "NolSchedCtls/base/date_time.h"
 #include "NolSchedCtls/base/error.h"
+#include "platform/region.h"
 
 namespace CLI {
 class App;
@@ -55,11 +56,12 @@ std::optional<std::string> NearestOf(const std::string& word, const std::vector<
 struct HostArguments {
     std::string address = "nolsched.db";  // NOLSCHED_DB in the environment comes before it
     std::function<DateTime()> now;        // empty for the system's clock
-    std::string command;                  // with the commands above it: "documents add"
-    std::string answer;                   // to --help or --version: tell it and do nothing else
+    Region region = RegionOfUser();
+    std::string command;  // with the commands above it: "documents add"
+    std::string answer;   // to --help or --version: tell it and do nothing else
 };
 
-// Takes --db, --now, --help and --version into the arguments, which it refers to from then on.
+// Takes --db, --now, --region, --help and --version into the arguments, which it refers to from then on.
 std::unique_ptr<CLI::App> MakeApp(const std::string& name, const std::string& description,
                                   HostArguments& arguments);
 // The place ID.

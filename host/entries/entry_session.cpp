@@ -1,10 +1,12 @@
 #include "host/entries/entry_session.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/records/study_kinds.h"
+#include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
@@ -46,18 +48,67 @@ StoredEntry NewRecord(const EntrySession::NewEntry& entry) {
     return {std::move(record), {}};
 }
 
-StoredEntry CopiedRecord(StoredEntry entry) {
-    CNolSchedData& record = *entry.record;
+void MakeCopy(CNolSchedData& record) {
     record.Id = 0;
     record.IsNew = true;
     record.EditorName += " (copy)";
     record.LastRunDate = record.NextRunDate = 0;
+}
+
+StoredEntry CopiedRecord(StoredEntry entry) {
+    MakeCopy(*entry.record);
     return entry;
 }
 
 void CopyColumns(const CNolSchedData& from, CNolSchedData& to) {
     for (const auto& entryColumn : entryColumns)
         std::visit([&](const auto& column) { to.*column.pProperty = from.*column.pProperty; }, entryColumn);
+    for (const StudyKind& kind : studyKinds) to.*kind.pFlag = from.*kind.pFlag;
+    to.IsNew = from.IsNew;
+    to.Overrides() = from.Overrides();
+}
+
+// What the pages save in the meantime is the record's own no longer, nor is it what a user chose last.
+class Trial {
+  public:
+    explicit Trial(CNolSchedData& recordA) : record(recordA) { CopyColumns(record, kept); }
+    ~Trial() {
+        CopyColumns(kept, record);
+        scenarios->nLastDocumentId = lastScenario;
+    }
+    Trial(const Trial&) = delete;
+    Trial& operator=(const Trial&) = delete;
+
+    const CNolSchedData& Kept() const { return kept; }
+
+  private:
+    CNolSchedData& record;
+    CNolSchedData kept;
+    std::shared_ptr<MarletState> scenarios =
+        CaddisPickerStates().PickerStates().StatesForType(CaddisScenarios().ScenarioDocumentType());
+    std::int32_t lastScenario = scenarios->nLastDocumentId;
+};
+
+// What the page of an override shows; a number below 1 is none.
+auto ShownOf(const CNolSchedData& record, const StudyKind& kind) {
+    const auto item = record.GetOverride(kind.sKey);
+    const auto number = [&](auto member) { return item ? std::max(0, item.get()->*member) : 0; };
+    return std::array{static_cast<std::int32_t>(record.*kind.pFlag == "Y"),
+                      static_cast<std::int32_t>(item != nullptr),
+                      number(&CNolOverride::ScenarioId),
+                      number(&CNolOverride::Duration),
+                      number(&CNolOverride::Polling_Interval),
+                      number(&CNolOverride::Retrieve_Delay)};
+}
+
+bool ShowSame(const CNolSchedData& one, const CNolSchedData& other) {
+    const auto isSameColumn = [&](const auto& column) {
+        return one.*column.pProperty == other.*column.pProperty;
+    };
+    return std::ranges::all_of(entryColumns,
+                               [&](const auto& column) { return std::visit(isSameColumn, column); }) &&
+           std::ranges::all_of(
+               studyKinds, [&](const StudyKind& kind) { return ShownOf(one, kind) == ShownOf(other, kind); });
 }
 
 }  // namespace
@@ -81,20 +132,25 @@ void EntrySession::Load() {
         for (const Page& page : pages) page.tab->LoadData(record, record->EditorName, notifier);
     });
     changes = 0;
+    isLoadedOtherwise = !record->IsNew && ShowsOtherwise();
+}
+
+// A page that cannot be saved shows nothing that was stored.
+bool EntrySession::ShowsOtherwise() {
+    const Trial trial(*record);
+    try {
+        for (const Page& page : pages) page.tab->SaveData();
+    } catch (const NolSchedError&) {
+        return true;
+    }
+    return !ShowSame(trial.Kept(), *record);
 }
 
 std::unique_ptr<CNolSchedData> EntrySession::ViewedRecord() {
     auto viewed = std::make_unique<CNolSchedData>();
-    CNolSchedData kept;
-    CopyColumns(*record, kept);
-    try {
-        FindPage("schedule")->tab->SaveData();
-        CopyColumns(*record, *viewed);
-    } catch (...) {
-        CopyColumns(kept, *record);
-        throw;
-    }
-    CopyColumns(kept, *record);
+    const Trial trial(*record);
+    FindPage("schedule")->tab->SaveData();
+    CopyColumns(*record, *viewed);
     return viewed;
 }
 
@@ -105,14 +161,17 @@ const Page* EntrySession::FindPage(std::string_view name) const {
 }
 
 const Page* EntrySession::FirstRefusal(PastEnd pastEnd) {
-    struct Moment {
-        ~Moment() { workspace.ShowTime({}); }
-        Workspace& workspace;
-    } const shown{workspace};
+    struct Asking {
+        ~Asking() {
+            session.workspace.ShowTime({});
+            session.asked = nullptr;
+        }
+        EntrySession& session;
+    } const asking{*this};
     // No end has passed then.
     if (pastEnd == PastEnd::Stands) workspace.ShowTime(SSDateCombo::MinDate());
     for (const Page& page : pages)
-        if (!page.tab->IsTabValid(record->EditorName)) return &page;
+        if (!(asked = &page)->tab->IsTabValid(record->EditorName)) return &page;
     return nullptr;
 }
 
@@ -124,6 +183,25 @@ EntrySession::SaveResult EntrySession::Save(PastEnd pastEnd) {
 }
 
 EntrySession::SaveResult EntrySession::SaveOwn() { return StoreAfter({}); }
+
+EntrySession::SaveResult EntrySession::SaveAsCopy() {
+    CNolSchedData former;
+    CopyColumns(*record, former);
+    const auto formerRow = std::exchange(row, {});
+    const auto stay = [&] {
+        CopyColumns(former, *record);
+        row = formerRow;
+    };
+    MakeCopy(*record);
+    try {
+        const SaveResult result = Save();
+        if (result.refusedBy != nullptr) stay();
+        return result;
+    } catch (...) {
+        stay();
+        throw;
+    }
+}
 
 EntrySession::SaveResult EntrySession::StoreAfter(const std::function<void()>& fill) {
     Settle();
@@ -140,6 +218,7 @@ EntrySession::SaveResult EntrySession::StoreAfter(const std::function<void()>& f
     }
     record->IsNew = false;
     savedChanges = changes;
+    isLoadedOtherwise = false;
     for (const Page& page : pages) page.tab->SaveState();
     return result;
 }

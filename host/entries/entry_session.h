@@ -56,11 +56,16 @@ class EntrySession {
     // How often the tabs have reported a change since the load.
     int Changes() const { return changes; }
     bool HasUnsavedChanges() const { return changes != savedChanges; }
+    // That, or the pages show another entry than was loaded: a document that is gone, days beyond the
+    // maximum.
+    bool IsUnsaved() const { return HasUnsavedChanges() || isLoadedOtherwise; }
 
     // Whether an end that has passed is refused, or stands as it stood when the entry was made.
     enum class PastEnd { Refused, Stands };
     // Asks the pages in their order; the first that refuses has shown why. Nothing if all are valid.
     const Page* FirstRefusal(PastEnd pastEnd = PastEnd::Refused);
+    // The page that is asked at this moment; nothing at any other.
+    const Page* AskedPage() const { return asked; }
 
     struct SaveResult {
         const Page* refusedBy = nullptr;  // nothing: the entry is saved
@@ -72,6 +77,9 @@ class EntrySession {
     // The same of what is the record's own (EditorName, ScheduleActive), without the pages: also of an entry
     // that they would refuse.
     SaveResult SaveOwn();
+    // Stores it as a new entry, under the name of a copy; the stored one stays as it is. If that fails, the
+    // session is that of the stored one as before.
+    SaveResult SaveAsCopy();
 
   private:
     explicit EntrySession(Workspace& workspaceA, StoredEntry entry);
@@ -80,6 +88,7 @@ class EntrySession {
     SaveResult StoreAfter(const std::function<void()>& fill);
     // False if the store holds it all already.
     bool Store(bool hasPages);
+    bool ShowsOtherwise();
     // Looks up what became of an unsettled save. Throws while the store cannot be asked.
     void Settle();
 
@@ -95,6 +104,8 @@ class EntrySession {
     std::shared_ptr<CPaviseNotify> notifier = std::make_shared<CPaviseNotify>();
     int changes = 0;
     int savedChanges = 0;
+    bool isLoadedOtherwise = false;
+    const Page* asked = nullptr;
     std::vector<Page> pages;
     ScopedConnection changed;
 };

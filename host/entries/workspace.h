@@ -19,6 +19,7 @@ struct WorkspaceOptions {
     std::string user;     // who saves; empty: the user that the process runs for
     std::function<void(const Message&)> showMessage;
     std::function<DateTime()> now;  // empty for the system's clock
+    Region region = {};
     MissingStore missing = MissingStore::Make;
     Samples samples = Samples::Documents;  // of a store that is made
 };
@@ -45,6 +46,9 @@ class Workspace {
         Workspace& workspace;
         bool was;
     };
+
+    // What is about to be shown, which a handler may change.
+    Event<Message&> Telling;
 
     // Whether the store was made just now.
     bool IsMade() const { return isMade; }

@@ -1,6 +1,7 @@
 #include "host/window/accessibility.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QAccessibleWidget>
 #include <QCalendarWidget>
 #include <QComboBox>
@@ -135,8 +136,10 @@ void Explain(QWidget& widget, const QString& name, const QString& purpose) {
     if (!name.isEmpty()) widget.setAccessibleName(name);
     widget.setWhatsThis(purpose);
     Describe(widget, purpose);
-    if (const auto* combo = qobject_cast<QComboBox*>(&widget); combo != nullptr && combo->isEditable())
-        combo->lineEdit()->setAccessibleName(name);
+    const bool hasLine =
+        qobject_cast<QComboBox*>(&widget) != nullptr || qobject_cast<QAbstractSpinBox*>(&widget) != nullptr;
+    auto* const line = hasLine ? widget.findChild<QLineEdit*>() : nullptr;
+    if (line != nullptr) line->setAccessibleName(widget.accessibleName());
 }
 
 void Describe(QWidget& widget, const QString& description) {

@@ -17,8 +17,10 @@
 #include "NolSchedCtls/toolkit/fields.h"
 #include "host/window/accessibility.h"
 #include "host/window/date_combo.h"
+#include "host/window/dialogs.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
+#include "host/window/step_box.h"
 #include "host/window/typed_line.h"
 
 namespace NolSchedCtls {
@@ -54,12 +56,12 @@ QWidget* Bind(DropDownList& field, QWidget* parent) {
     return list;
 }
 
-// Takes keys before a line edit does; the filter tells which it may have.
+// Takes keys before a widget does; the filter tells which it may have.
 class KeyFilter : public QObject {
   public:
-    KeyFilter(QLineEdit& edit, std::function<bool(char32_t)> passesA)
-        : QObject(&edit), passes(std::move(passesA)) {
-        edit.installEventFilter(this);
+    KeyFilter(QWidget& widget, std::function<bool(char32_t)> passesA)
+        : QObject(&widget), passes(std::move(passesA)) {
+        widget.installEventFilter(this);
     }
 
   protected:
@@ -76,8 +78,10 @@ class KeyFilter : public QObject {
         if (event.type() != QEvent::KeyPress) return {};
         const auto& key = static_cast<const QKeyEvent&>(event);
         if (key.key() == Qt::Key_Backspace) return {keyBackspace};
-        const bool isText = !key.text().isEmpty() && key.text().at(0).category() != QChar::Other_Control &&
-                            (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+        const bool isCommand =
+            (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+        const bool isText =
+            !isCommand && !key.text().isEmpty() && key.text().at(0).category() != QChar::Other_Control;
         return isText ? key.text().toUcs4() : QList<uint>();
     }
 
@@ -90,17 +94,30 @@ void ShowText(const QString& text, std::size_t limit, QLineEdit& edit) {
     if (edit.text() != text) edit.setText(text);
 }
 
+// Steps a whole number, of no text from 0 on; another text stays.
+std::string Stepped(const std::string& text, int steps) {
+    bool isNumber = true;
+    const int number = text.empty() ? 0 : ToQt(text).toInt(&isNumber);
+    return isNumber ? std::to_string(std::max(0, number + steps)) : text;
+}
+
+// A field that refuses letters is a number's.
 QWidget* Bind(TextBox& field, QWidget* parent) {
     auto* const edit = new QLineEdit(parent);
-    auto* const link = FieldLink::Tie(field, *edit, [&field, edit] {
+    QWidget* widget = edit;
+    if (field.FilterKey(U'x') == 0)
+        widget = new StepBox(
+            edit, [&field](int steps) { Succeeds([&] { field.Edit(Stepped(field.Text(), steps)); }); },
+            parent);
+    auto* const link = FieldLink::Tie(field, *widget, [&field, edit] {
         edit->setReadOnly(field.Locked());
         ShowText(ToQt(field.Text()), field.MaxLength(), *edit);
     });
-    new KeyFilter(*edit, [&field](char32_t key) { return field.Locked() || field.FilterKey(key) != 0; });
+    new KeyFilter(*widget, [&field](char32_t key) { return field.Locked() || field.FilterKey(key) != 0; });
     QObject::connect(edit, &QLineEdit::textEdited, link, [&field, link](const QString& text) {
-        link->Act([&] { field.Paste(text.toStdString()); });
+        link->Act([&] { field.Edit(text.toStdString()); });
     });
-    return edit;
+    return widget;
 }
 
 // What the design tells apart by runs of blanks are lines.
@@ -124,7 +141,13 @@ QWidget* Bind(Frame& field, QWidget* parent) {
 
 QWidget* Bind(SSDateCombo& field, QWidget* parent) { return new DateCombo(field, parent); }
 
-QWidget* Bind(DTPicker& field, QWidget* parent) { return new TimeLine(field, parent); }
+QWidget* Bind(DTPicker& field, QWidget* parent) {
+    auto* const line = new TimeLine(field, nullptr);
+    auto* const box = new StepBox(
+        line, [line](int steps) { line->Step(steps); }, parent);
+    FieldLink::Tie(field, *box, [line] { line->ShowField(); });
+    return box;
+}
 
 // Asks the store anew whenever it opens: others add documents.
 class PickerCombo : public QComboBox {
@@ -149,11 +172,29 @@ class PickerCombo : public QComboBox {
         });
     }
 
+    // A part of a name that one document alone has is that document's.
+    void Commit() {
+        if (field.Document() || field.Text().empty()) return;
+        const QString text = ToQt(field.Text());
+        const int same = findText(text, Qt::MatchFixedString);
+        completer()->setCompletionPrefix(text);
+        const bool isOne = completer()->completionCount() == 1;
+        if (same < 0 && !isOne) return;
+        const QString name = same >= 0 ? itemText(same) : completer()->currentCompletion();
+        link->Act([&] { field.Pick(name.toStdString()); });
+    }
+
     void showPopup() override {
         link->Act([this] { Fill(); });
         QComboBox::showPopup();
         const int last = findData(field.LastDocumentId());
         if (!field.Document() && last >= 0) view()->setCurrentIndex(model()->index(last, 0));
+    }
+
+  protected:
+    void focusOutEvent(QFocusEvent* event) override {
+        QComboBox::focusOutEvent(event);
+        if (LeavesField(*event)) Commit();
     }
 
   private:
@@ -198,35 +239,31 @@ class Parts : public QWidget {
     QHBoxLayout* const row;
 };
 
-// A key that the field would refuse goes to the field, which beeps.
-bool PassesDays(XAmbitPurge& field, char32_t key) {
-    const bool passes = key == keyBackspace || (key >= U'0' && key <= U'9');
-    if (!passes) field.Key(key);
-    return passes;
-}
-
 QWidget* Bind(XAmbitPurge& field, QWidget* parent) {
     auto* const widget = new Parts(parent);
     auto* const box = new QCheckBox(u"Purge automatically after"_s, widget);
-    auto* const days = new QLineEdit(widget);
+    auto* const days = new QLineEdit;
+    auto* const daysBox = new StepBox(
+        days, [&field](int steps) { Succeeds([&] { field.EditDays(Stepped(field.DaysText(), steps)); }); },
+        widget);
     auto* const unit = new QLabel(widget);
-    days->setObjectName(u"days"_s);
-    days->setAccessibleName(u"Purge interval in days"_s);
-    days->setFixedWidth(days->fontMetrics().horizontalAdvance(u"00000000"_s));
+    daysBox->setObjectName(u"days"_s);
+    daysBox->setAccessibleName(u"Purge interval in days"_s);
+    daysBox->setFixedWidth(daysBox->fontMetrics().horizontalAdvance(u"0000000000"_s));
     widget->row->addWidget(box);
-    widget->row->addWidget(days);
+    widget->row->addWidget(daysBox);
     widget->row->addWidget(unit, 1);
     auto* const link = FieldLink::Tie(field, *widget, [&field, box, days, unit] {
         box->setChecked(field.IsOn());
-        ShowText(ToQt(field.DaysText()), 0, *days);
+        ShowText(ToQt(field.DaysText()), XAmbitPurge::maxLength, *days);
         unit->setText(u"days (at most %1)"_s.arg(field.MaximumDays()));
     });
     link->AddFocusPart(*box);
-    link->AddFocusPart(*days);
-    new KeyFilter(*days, [&field](char32_t key) { return PassesDays(field, key); });
+    link->AddFocusPart(*daysBox);
+    new KeyFilter(*daysBox, [&field](char32_t key) { return field.FilterKey(key) != 0; });
     QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
     QObject::connect(days, &QLineEdit::textEdited, link, [&field, link](const QString& text) {
-        link->Act([&] { field.PasteDays(text.toStdString()); });
+        link->Act([&] { field.EditDays(text.toStdString()); });
     });
     return widget;
 }
@@ -261,6 +298,12 @@ QWidget* Bind(XAmbitDownload& field, QWidget* parent) {
 
 QWidget* BindField(ViewField& field, QWidget* parent) {
     return VisitField(field, [parent](auto& kind) { return Bind(kind, parent); });
+}
+
+void CommitEdits(QWidget& page) {
+    for (auto* const line : page.findChildren<TypedLine*>()) line->Commit();
+    for (auto* const combo : page.findChildren<QComboBox*>())
+        if (auto* const picker = dynamic_cast<PickerCombo*>(combo)) picker->Commit();
 }
 
 QList<QWidget*> TabStops(QWidget& bound) {

@@ -12,6 +12,9 @@ namespace NolSchedCtls {
 // other way round.
 QWidget* BindField(ViewField& field, QWidget* parent);
 
+// Takes what was typed into the page so far, as the loss of the focus does.
+void CommitEdits(QWidget& page);
+
 // The widgets of a field that take the focus by Tab, in their order.
 QList<QWidget*> TabStops(QWidget& bound);
 

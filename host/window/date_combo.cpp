@@ -2,13 +2,16 @@
 
 #include <QCalendarWidget>
 #include <QFocusEvent>
+#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/window/accessibility.h"
 #include "host/window/field_link.h"
 #include "host/window/qt_text.h"
+#include "host/window/run_text.h"
 #include "host/window/typed_line.h"
 
 namespace NolSchedCtls {
@@ -21,6 +24,7 @@ QCalendarWidget* MakeCalendar(DateCombo& combo, const SSDateCombo& field) {
     popup->setAttribute(Qt::WA_DeleteOnClose);
     auto* const calendar = new QCalendarWidget(popup);
     calendar->setLocale(combo.locale());
+    calendar->setFirstDayOfWeek(FirstDayOfWeek());
     calendar->setDateRange(ToQDate(SSDateCombo::MinDate()), ToQDate(field.MaxDate()));
     calendar->setSelectedDate(ToQDate(field.DateValue()));
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
@@ -120,6 +124,17 @@ bool DateCombo::eventFilter(QObject* watched, QEvent* event) {
     return QComboBox::eventFilter(watched, event);
 }
 
+// Below the field or else above it, flush with where it begins, and all of it on the screen.
+QRect DateCombo::PlaceOfPopup(QSize size) const {
+    const QRect free = screen()->availableGeometry();
+    QRect place = QStyle::visualRect(layoutDirection(), rect(), {QPoint(0, height()), size});
+    place.moveTopLeft(mapToGlobal(place.topLeft()));
+    if (place.bottom() > free.bottom()) place.moveBottom(mapToGlobal(QPoint()).y() - 1);
+    place.moveLeft(std::clamp(place.left(), free.left(), std::max(free.left(), free.right() - size.width())));
+    place.moveTop(std::clamp(place.top(), free.top(), std::max(free.top(), free.bottom() - size.height())));
+    return place;
+}
+
 void DateCombo::showPopup() {
     if (!field.IsUsable()) return;
     Commit();
@@ -131,7 +146,7 @@ void DateCombo::showPopup() {
     };
     connect(calendar, &QCalendarWidget::clicked, this, pick);
     connect(calendar, &QCalendarWidget::activated, this, pick);
-    popup->move(mapToGlobal(QPoint(0, height())));
+    popup->setGeometry(PlaceOfPopup(popup->sizeHint()));
     popup->show();
     calendar->setFocus();
 }

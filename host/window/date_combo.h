@@ -38,6 +38,7 @@ class DateCombo : public QComboBox {
   private:
     void BeginEdit();
     void EndEdit();
+    QRect PlaceOfPopup(QSize size) const;
 
     SSDateCombo& field;
     TypedLine* line = nullptr;

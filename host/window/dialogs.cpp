@@ -1,5 +1,6 @@
 #include "host/window/dialogs.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QInputDialog>
 
@@ -21,6 +22,7 @@ QMessageBox::StandardButton Ask(QWidget* parent, const Question& question) {
     QMessageBox box(QMessageBox::Question, question.title, question.text, question.buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.preferred);
+    for (const auto& [button, text] : question.texts) box.button(button)->setText(text);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

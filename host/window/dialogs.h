@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QStringList>
 #include <functional>
+#include <map>
 
 #include "platform/services.h"
 
@@ -21,6 +22,7 @@ struct Question {
     QString text;
     QMessageBox::StandardButtons buttons;
     QMessageBox::StandardButton preferred;
+    std::map<QMessageBox::StandardButton, QString> texts = {};  // of buttons that say something else
 };
 
 // Replaced where no user can answer.

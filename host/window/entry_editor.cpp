@@ -5,10 +5,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
+#include <optional>
 
+#include "host/entries/entry_differences.h"
 #include "host/window/accessibility.h"
+#include "host/window/appearance.h"
+#include "host/window/bindings.h"
+#include "host/window/field_text.h"
 #include "host/window/outlook_line.h"
 #include "host/window/page_view.h"
 #include "host/window/qt_text.h"
@@ -21,6 +27,12 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::Window);
     session->Load();
+    Fill();
+    // The outlook may take two lines.
+    FitToScreen(*this, sizeHint() + QSize(0, fontMetrics().lineSpacing()));
+}
+
+void EntryEditor::Fill() {
     auto* const column = new QVBoxLayout(this);
     MakeHeader();
     MakePages();
@@ -32,6 +44,10 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     connections.emplace_back(notifier.Changed.Connect([this] { ShowState(); }));
     connections.emplace_back(
         notifier.TabShown.Connect([this](const std::string& tabName) { ShowPage(tabName); }));
+    connections.emplace_back(
+        session->Home().Telling.Connect([this](Message& message) { NameAskedPage(message); }));
+    for (auto* const widget : findChildren<QWidget*>())
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0) widget->installEventFilter(this);
     ShowState();
 }
 
@@ -59,6 +75,13 @@ void EntryEditor::MakePages() {
     Explain(*pages->tabBar(), u"Pages"_s, u"The pages of the entry; the arrow keys turn them."_s);
     for (const Page& page : session->Pages()) pages->addTab(new PageView(*page.tab, pages), ToQt(page.title));
     layout()->addWidget(pages);
+    for (const auto& [keys, step] : {std::pair{u"Ctrl+Tab"_s, 1}, std::pair{u"Ctrl+Shift+Tab"_s, -1},
+                                     std::pair{u"Ctrl+PgDown"_s, 1}, std::pair{u"Ctrl+PgUp"_s, -1}}) {
+        const auto turn = [this, by = step] {
+            pages->setCurrentIndex((pages->currentIndex() + by + pages->count()) % pages->count());
+        };
+        new QShortcut(QKeySequence(keys), pages, this, turn);
+    }
     for (const auto* const line : findChildren<TypedLine*>()) {
         connect(line, &TypedLine::textEdited, this, &EntryEditor::ShowState);
         connect(line, &TypedLine::Shown, this, &EntryEditor::ShowState);
@@ -90,7 +113,7 @@ QPushButton* EntryEditor::Button(QDialogButtonBox::StandardButton which) const {
 // What is typed may be taken yet, or is refused and would be lost.
 bool EntryEditor::IsUnsaved() const {
     const auto lines = pages->findChildren<TypedLine*>();
-    return session->HasUnsavedChanges() ||
+    return session->IsUnsaved() ||
            std::any_of(lines.begin(), lines.end(), std::mem_fn(&TypedLine::IsUntaken));
 }
 
@@ -116,14 +139,84 @@ void EntryEditor::ShowPage(std::string_view pageName) {
     if (page != nullptr) pages->setCurrentWidget(&PageOf(*page));
 }
 
-void EntryEditor::CommitEdits() {
-    for (auto* const line : findChildren<TypedLine*>()) line->Commit();
+// The page comes forward before the box does, so that the user sees what it is about.
+void EntryEditor::NameAskedPage(Message& message) {
+    const Page* const page = session->AskedPage();
+    if (page == nullptr) return;
+    ShowPage(page->name);
+    message.title += " - " + std::string(page->title);
+}
+
+bool EntryEditor::IsNamed() {
+    if (!name->text().trimmed().isEmpty()) return true;
+    Succeeds([] { throw RequestError("An entry needs a name."); });
+    name->setFocus();
+    return false;
 }
 
 bool EntryEditor::Save() {
-    CommitEdits();
+    CommitEdits(*pages);
+    return IsNamed() && SaveBy([this] { return session->Save(); });
+}
+
+QString EntryEditor::DifferencesText() const {
+    constexpr std::size_t mostTold = 8;
+    const auto differences = DifferencesFromStored(*session);
+    QString text;
+    for (std::size_t i = 0; i < differences.size() && i < mostTold; ++i) {
+        const auto& [page, field, shown, stored] = differences[i];
+        text += u"\n%1, %2: \"%3\" is stored, \"%4\" is here"_s.arg(ToQt(page->title), TextOf(*field).name,
+                                                                    ToVisible(stored), ToVisible(shown));
+    }
+    if (differences.size() > mostTold) text += u"\n... and %1 more"_s.arg(differences.size() - mostTold);
+    return text.isEmpty() ? text : u"\n"_s + text;
+}
+
+bool EntryEditor::SettleOvertaken(const QString& text) {
+    using Box = QMessageBox;
+    std::optional<QString> differences;  // none where it is deleted, as the text says
+    Succeeds([&] {
+        try {
+            differences = DifferencesText();
+        } catch (const RequestError&) {
+        }
+    });
+    const auto answer =
+        dialogs.ask(this, {ToQt(session->Record().EditorName),
+                           text + differences.value_or(QString()),
+                           (differences ? Box::Retry : Box::NoButton) | Box::Save | Box::Cancel,
+                           Box::Cancel,
+                           {{Box::Retry, u"Reload"_s}, {Box::Save, u"Save as a Copy"_s}}});
+    if (answer == Box::Retry) QMetaObject::invokeMethod(this, &EntryEditor::Reload, Qt::QueuedConnection);
+    return answer == Box::Save && SaveBy([this] { return session->SaveAsCopy(); });
+}
+
+void EntryEditor::Reload() {
+    Succeeds([this] {
+        auto stored = std::make_unique<EntrySession>(session->Home(), session->Record().Id);
+        stored->Load();
+        const int front = pages->currentIndex();
+        connections.clear();
+        qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+        delete layout();
+        session = std::move(stored);
+        Fill();
+        pages->setCurrentIndex(front);
+    });
+}
+
+bool EntryEditor::SaveBy(const std::function<EntrySession::SaveResult()>& save) {
     EntrySession::SaveResult result;
-    if (!Succeeds([&] { result = session->Save(); })) return false;
+    std::optional<QString> overtaken;
+    const bool isDone = Succeeds([&] {
+        try {
+            result = save();
+        } catch (const OvertakenError& error) {
+            overtaken = ToQt(error.what());
+        }
+    });
+    if (overtaken) return SettleOvertaken(*overtaken);
+    if (!isDone) return false;
     if (const Page* const page = result.refusedBy) {
         ShowPage(page->name);
         PageOf(*page).TakeFocus();
@@ -135,19 +228,28 @@ bool EntryEditor::Save() {
 }
 
 void EntryEditor::accept() {
-    CommitEdits();
+    CommitEdits(*pages);
     if ((IsUnsaved() || session->Record().IsNew) && !Save()) return;
     close();
 }
 
 bool EntryEditor::MayClose() {
-    CommitEdits();
+    CommitEdits(*pages);
     if (!IsUnsaved()) return true;
     using Box = QMessageBox;
     const auto answer = dialogs.ask(this, {ToQt(session->Record().EditorName),
                                            u"The entry has unsaved changes. Do you want to save them?"_s,
                                            Box::Save | Box::Discard | Box::Cancel, Box::Save});
     return answer == Box::Discard || (answer == Box::Save && Save());
+}
+
+// A letter with Alt was meant for a field that is not there; a line would write it.
+bool EntryEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    constexpr auto held = Qt::ControlModifier | Qt::AltModifier;
+    const bool isText = !key.text().isEmpty() && key.text().at(0).isPrint();
+    return isText && (key.modifiers() & held) == Qt::AltModifier;
 }
 
 void EntryEditor::closeEvent(QCloseEvent* event) { event->setAccepted(MayClose()); }

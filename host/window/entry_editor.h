@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <functional>
 #include <memory>
 
 #include "host/entries/entry_session.h"
@@ -44,13 +45,24 @@ class EntryEditor : public QDialog {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    // The window manager finds the place: a dialog's is the middle, with no title in sight on a small screen.
+    void showEvent(QShowEvent* /*event*/) override {}
 
   private:
+    void Fill();
     void MakeHeader();
     void MakePages();
     void MakeButtons();
     void ShowState();
-    void CommitEdits();
+    // What `save` does, or the user's way out where another user was faster.
+    bool SaveBy(const std::function<EntrySession::SaveResult()>& save);
+    bool SettleOvertaken(const QString& text);
+    QString DifferencesText() const;
+    bool IsNamed();
+    void NameAskedPage(Message& message);
+    // What the user entered is gone then.
+    void Reload();
     bool MayClose();
     bool IsUnsaved() const;
 

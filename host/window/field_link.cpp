@@ -11,6 +11,7 @@ FieldLink::FieldLink(ViewField& fieldA, QWidget& widgetA, std::function<void()> 
     : QObject(&widgetA), field(fieldA), widget(widgetA), show(std::move(showA)) {
     widget.setObjectName(QString::fromStdString(field.Name()));
     AddFocusPart(widget);
+    if (widget.focusPolicy() == Qt::WheelFocus) widget.setFocusPolicy(Qt::StrongFocus);
     refresh = field.Refresh.Connect([this] { Mirror(); });
     Mirror();
 }
@@ -33,6 +34,10 @@ void FieldLink::Act(const std::function<void()>& act) {
 
 bool FieldLink::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && field.IsUsable()) field.SetFocus();
+    if (event->type() == QEvent::Wheel && !widget.hasFocus()) {
+        event->ignore();  // the wheel was meant for the page
+        return true;
+    }
     return QObject::eventFilter(watched, event);
 }
 

@@ -41,7 +41,8 @@ int RunWindow(Workspace& workspace, const EditorOptions& options) {
 
 int Run(const EditorOptions& options) {
     const bool isPictures = !options.screenshots.empty();
-    Workspace workspace({options.address, {}, isPictures ? WriteMessage : ShowMessageBox, options.now});
+    Workspace workspace(
+        {options.address, {}, isPictures ? WriteMessage : ShowMessageBox, options.now, options.region});
     if (!isPictures) return RunWindow(workspace, options);
     const QString folder = ToQt(options.screenshots);
     options.id ? WriteScreenshots(workspace, folder, *options.id) : WriteScreenshots(workspace, folder);

@@ -8,7 +8,6 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QSettings>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -21,7 +20,9 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/window/accessibility.h"
+#include "host/window/appearance.h"
 #include "host/window/outlook_pane.h"
+#include "host/window/outlook_splitter.h"
 #include "host/window/qt_text.h"
 
 namespace NolSchedCtls {
@@ -57,12 +58,11 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
       loader(workspace, list),
       watch(workspace.Store()) {
     setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
-    resize(QSize(1240, 860).boundedTo(screen()->availableSize() * 19 / 20));  // the frame takes the rest
+    FitToScreen(*this, {1240, 860});
     MakeFilter();
     MakeTable();
-    MakePane();
     MakeActions();
-    MakeViewMenu();
+    MakePane();
     MakeStatus();
     connect(&loader, &EntryLoader::Progress, this, &MainWindow::ShowProgress);
     connect(&loader, &EntryLoader::Finished, this, [this] {
@@ -176,26 +176,25 @@ void MainWindow::MakeTable() {
 }
 
 void MainWindow::MakePane() {
-    auto* const splitter = new QSplitter(this);
+    auto* const splitter = new OutlookSplitter(*MakeOutlookAction(), this);
     pane = new OutlookPane(splitter);
     splitter->addWidget(table);
     splitter->addWidget(pane);
     splitter->setStretchFactor(0, 1);
     splitter->setSizes({width(), pane->fontMetrics().averageCharWidth() * 56});
-    splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
     connect(pane, &OutlookPane::Opened, this, &MainWindow::OpenEntry);
     choiceDelay.setSingleShot(true);
     connect(&choiceDelay, &QTimer::timeout, this, &MainWindow::ShowChosen);
 }
 
-void MainWindow::MakeViewMenu() {
+QAction* MainWindow::MakeOutlookAction() {
     QAction* const outlook = menuBar()->addMenu(u"&View"_s)->addAction(u"&Outlook"_s);
     outlook->setShortcut(QKeySequence(u"F9"_s));
     outlook->setStatusTip(u"Shows when the entries run, beside the list"_s);
     outlook->setCheckable(true);
     outlook->setChecked(true);
-    connect(outlook, &QAction::toggled, pane, &QWidget::setVisible);
+    return outlook;
 }
 
 void MainWindow::MakeStatus() {
@@ -395,7 +394,20 @@ void MainWindow::TellSaved(std::int32_t id) {
     Announce(*this, text);
 }
 
+EntryEditor* MainWindow::EditorOf(std::int32_t id) const {
+    const auto isOfEntry = [id](const auto& editor) { return editor && editor->Session().Record().Id == id; };
+    const auto found = std::find_if(editors.begin(), editors.end(), isOfEntry);
+    return found == editors.end() ? nullptr : *found;
+}
+
+// One editor an entry: two would overtake each other.
 EntryEditor* MainWindow::OpenEntry(std::int32_t id) {
+    if (EntryEditor* const editor = EditorOf(id)) {
+        editor->setWindowState(editor->windowState() & ~Qt::WindowMinimized);
+        editor->raise();
+        editor->activateWindow();
+        return editor;
+    }
     return Open([this, id] { return std::make_unique<EntrySession>(workspace, id); });
 }
 

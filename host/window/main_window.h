@@ -50,7 +50,7 @@ class MainWindow : public QMainWindow {
     void MakeTable();
     void MakeFilter();
     void MakePane();
-    void MakeViewMenu();
+    QAction* MakeOutlookAction();
     void MakeStatus();
     void New() { OpenNew(); }
     void NewImmediate();
@@ -72,6 +72,7 @@ class MainWindow : public QMainWindow {
     void FollowClock();
     void TellSaved(std::int32_t id);
     // Nothing if no session came of it: the user has changed their mind, or has been told of a failure.
+    EntryEditor* EditorOf(std::int32_t id) const;  // nothing if it is not open
     EntryEditor* Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession);
     std::int64_t CurrentRowId() const;  // 0 for none
     std::int32_t CurrentId() const;     // of the one that is chosen; 0 for one that no record can have

@@ -1,6 +1,7 @@
 #include "host/window/outlook_line.h"
 
 #include <QLocale>
+#include <QStyle>
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
@@ -49,6 +50,7 @@ OutlookLine::OutlookLine(EntrySession& sessionA, QWidget* parent) : QLabel(paren
     setObjectName(u"outlook"_s);
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
+    setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter));
     setText(u" "_s);  // takes its place from the start
     delay.setSingleShot(true);
     connect(&delay, &QTimer::timeout, this, &OutlookLine::Show);

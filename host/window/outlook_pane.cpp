@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QStyle>
 #include <QToolButton>
 
 #include "NolSchedCtls/services/provider.h"
@@ -23,10 +24,11 @@ constexpr std::size_t mostRunsOfDay = 500;
 constexpr int leastRunsSeen = 6;
 
 // Whatever the text, it neither widens the pane nor is it read as markup.
-QLabel* MakeLabel(QWidget* parent) {
+QLabel* MakeLabel(QWidget* parent, Qt::Alignment height = Qt::AlignVCenter) {
     auto* const label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    label->setAlignment(QStyle::visualAlignment(label->layoutDirection(), Qt::AlignLeft) | height);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     return label;
 }
@@ -114,8 +116,7 @@ void OutlookPane::MakeWeek() {
     column->addWidget(above);
     week = new WeekView(this);
     column->addWidget(week);
-    auto* const told = MakeLabel(this);
-    told->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    auto* const told = MakeLabel(this, Qt::AlignTop);
     told->setFixedHeight(told->fontMetrics().lineSpacing() * 3);
     connect(week, &WeekView::Told, told, &QLabel::setText);
     column->addWidget(told);

@@ -4,7 +4,10 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
+#include <QStyle>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
@@ -14,6 +17,7 @@
 #include "host/window/field_text.h"
 #include "host/window/qt_text.h"
 #include "host/window/sentence_row.h"
+#include "host/window/step_box.h"
 
 namespace NolSchedCtls {
 
@@ -23,8 +27,8 @@ constexpr int boxesInRow = 4;
 
 // A text box takes the width of what a user can enter; one without a limit takes what there is.
 bool IsShort(const QWidget& widget) {
-    const auto* edit = qobject_cast<const QLineEdit*>(&widget);
-    return edit != nullptr && edit->maxLength() < 100;
+    const auto* const box = dynamic_cast<const StepBox*>(&widget);
+    return box != nullptr && box->Line().maxLength() < 100;
 }
 
 // About where the first field of the schedule's sentence stands, so that all frames line up.
@@ -38,9 +42,10 @@ void FillFrame(QWidget& frame, QLayout* layout, int indent) {
 
 }  // namespace
 
-PageView::PageView(PaviseTab& tabA, QWidget* parent) : QWidget(parent), tab(tabA) {
+PageView::PageView(PaviseTab& tabA, QWidget* parent)
+    : QScrollArea(parent), tab(tabA), body(new QWidget(this)) {
     for (ViewField* field : tab.Fields()) {
-        QWidget* const frame = field->Container() == nullptr ? this : WidgetOf(*field->Container());
+        QWidget* const frame = field->Container() == nullptr ? body : WidgetOf(*field->Container());
         QWidget* const widget = BindField(*field, frame);
         widgets.insert(field, widget);
         NameWidget(*field, *widget);
@@ -49,8 +54,38 @@ PageView::PageView(PaviseTab& tabA, QWidget* parent) : QWidget(parent), tab(tabA
     LinkLabels();
     TellUnits();
     SetTabOrder();
+    SetScrolling();
     connections.emplace_back(tab.FocusMoved.Connect([this](const ViewField& field) { MoveFocus(field); }));
     connections.emplace_back(tab.Beep.Connect([](const ViewField&) { QApplication::beep(); }));
+}
+
+// The ground is that of the pages. No stop of its own: the fields lead everywhere.
+void PageView::SetScrolling() {
+    setFocusPolicy(Qt::NoFocus);
+    setFrameShape(NoFrame);
+    setWidgetResizable(true);
+    setWidget(body);
+    body->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+    const auto follow = [this] { ScrollToFocus(); };
+    connect(qApp, &QApplication::focusChanged, &following, follow);
+    for (const auto* bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::rangeChanged, &following, follow);
+}
+
+// The way of its own that a scroll area has looks for the cursor alone, and does not read from right to left.
+void PageView::ScrollToFocus() {
+    const QWidget* const focused = QApplication::focusWidget();
+    if (focused == nullptr || !body->isAncestorOf(focused)) return;
+    const QRect place(focused->mapTo(body, QPoint()), focused->size());
+    const QRect fromBegin = QStyle::visualRect(layoutDirection(), body->rect(), place);
+    const auto show = [](QScrollBar& bar, int least, int first, int last, int room) {
+        bar.setValue(std::min(first, std::max(least, last + 1 - room)));
+    };
+    const QSize room = viewport()->size();
+    show(*horizontalScrollBar(), 0, fromBegin.left(), fromBegin.right(), room.width());
+    show(*verticalScrollBar(), verticalScrollBar()->value(), fromBegin.top(), fromBegin.bottom(),
+         room.height());
 }
 
 // Each part of a field of several tells what the field is for, under a name of its own.
@@ -67,7 +102,7 @@ QLayout* PageView::RowOf(const Frame& frame) const {
         if (field->Container() != &frame) continue;
         QWidget* const widget = WidgetOf(*field);
         const bool isShort = IsShort(*widget);
-        if (isShort) widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(u"00000000"_s));
+        if (isShort) widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(u"0000000000"_s));
         const bool fills =
             !isShort && (widget->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) != 0;
         isFilled = isFilled || fills;
@@ -79,7 +114,7 @@ QLayout* PageView::RowOf(const Frame& frame) const {
 
 void PageView::LayOut() {
     if (const auto* schedule = dynamic_cast<const XNolScheduleTab*>(&tab)) return LayOutSchedule(*schedule);
-    auto* const column = new QVBoxLayout(this);
+    auto* const column = new QVBoxLayout(body);
     for (ViewField* field : tab.Fields()) {
         if (field->Container() != nullptr) continue;
         QWidget* const widget = WidgetOf(*field);
@@ -91,7 +126,7 @@ void PageView::LayOut() {
 }
 
 void PageView::LayOutSchedule(const XNolScheduleTab& schedule) {
-    auto* const column = new QVBoxLayout(this);
+    auto* const column = new QVBoxLayout(body);
     const std::array<std::pair<const Frame*, QLayout*>, 3> frames = {
         std::pair{&schedule.Frame1, DurationLayout(schedule)},
         std::pair{&schedule.Frame2, FrequencyLayout(schedule)},
@@ -144,18 +179,18 @@ QLayout* PageView::FrequencyLayout(const XNolScheduleTab& schedule) const {
         if (isInRow) row->Add(*field, WidgetOf(*field));
         if (field == &schedule.lblUnit) break;
     }
-    auto* const start = new QHBoxLayout;
-    start->addWidget(WidgetOf(schedule.lblStartTime));
-    start->addWidget(WidgetOf(schedule.dtpStartTime));
-    start->addStretch();
     WidgetOf(schedule.dtpStartTime)->setFixedWidth(row->Scale().Pixels(schedule.dtpStartTime.Width()));
-    const int indent = row->Scale().Pixels(schedule.cboPeriod.Left());
-    start->setContentsMargins(indent, 0, 0, 0);
-    qobject_cast<QLabel*>(WidgetOf(schedule.lblRun))->setIndent(indent);
+    const auto indented = [&](std::initializer_list<const ViewField*> fields) {
+        auto* const line = new QHBoxLayout;
+        line->addSpacing(row->Scale().Pixels(schedule.cboPeriod.Left()));
+        for (const ViewField* field : fields) line->addWidget(WidgetOf(*field));
+        line->addStretch();
+        return line;
+    };
     auto* const column = new QVBoxLayout;
-    column->addWidget(WidgetOf(schedule.lblRun));
+    column->addLayout(indented({&schedule.lblRun}));
     column->addWidget(row);
-    column->addLayout(start);
+    column->addLayout(indented({&schedule.lblStartTime, &schedule.dtpStartTime}));
     return column;
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QHash>
-#include <QWidget>
+#include <QScrollArea>
 
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
 
@@ -11,13 +11,16 @@ namespace NolSchedCtls {
 class XNolScheduleTab;
 
 // Ends before its tab does. The widgets follow each other by Tab in the order of the tab's fields.
-class PageView : public QWidget {
+// Scrolls where it has not the room for them, and to the field that gets the focus.
+class PageView : public QScrollArea {
   public:
     PageView(PaviseTab& tabA, QWidget* parent);
 
     QWidget* WidgetOf(const ViewField& field) const { return widgets.value(&field); }
     // Gives the window's focus to the field that has the tab's; to nothing if there is none.
     void TakeFocus();
+    // Room for all, so that nothing scrolls without need.
+    QSize sizeHint() const override { return body->sizeHint(); }
 
   private:
     void LayOut();
@@ -31,11 +34,15 @@ class PageView : public QWidget {
     void TellUnits();
     static void NameWidget(const ViewField& field, QWidget& widget);
     void SetTabOrder();
+    void SetScrolling();
+    void ScrollToFocus();
     void MoveFocus(const ViewField& field);
 
     PaviseTab& tab;
+    QWidget* const body;  // holds the widgets
     QHash<const ViewField*, QWidget*> widgets;
     std::vector<ScopedConnection> connections;
+    QObject following;  // of the focus; ends before the widgets, which hand it on as they go
 };
 
 }  // namespace NolSchedCtls

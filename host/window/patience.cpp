@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "host/window/qt_text.h"
 
@@ -24,9 +25,9 @@ class WaitingBox : public QDialog {
         setWindowTitle(u"Schedule Entries"_s);
         setWindowModality(Qt::ApplicationModal);
         auto* const column = new QVBoxLayout(this);
-        column->addWidget(new QLabel(u"The store is busy; this waits until it is free."_s, this));
+        column->addWidget(new QLabel(u"Waiting for the store"_s, this));
         buttons = new QDialogButtonBox(this);
-        buttons->addButton(u"&Give Up"_s, QDialogButtonBox::RejectRole);
+        buttons->addButton(u"Cancel"_s, QDialogButtonBox::RejectRole);
         connect(buttons, &QDialogButtonBox::rejected, this, &WaitingBox::reject);
         column->addWidget(buttons);
     }
@@ -50,19 +51,23 @@ Patience::Patience(Database& databaseA) : database(databaseA) {
 Patience::~Patience() { database.onWait = nullptr; }
 
 bool Patience::GoesOn(std::chrono::milliseconds waited) {
-    if (isShort) return waited < 1s;
-    if (waited < 500ms) return true;
-    if (!box) {
+    if (waited < (isShort ? 100ms : 500ms)) return true;
+    if (!std::exchange(isWaiting, true)) {
         isGivenUp = false;
-        box = std::make_unique<WaitingBox>(QApplication::activeWindow(), isGivenUp);
-        box->show();
         qApp->installEventFilter(this);
+        if (!isShort) ShowBox();
     }
-    QCoreApplication::processEvents();
-    return !isGivenUp;
+    QCoreApplication::processEvents(isShort ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+    return isShort ? waited < 1s : !isGivenUp;
+}
+
+void Patience::ShowBox() {
+    box = std::make_unique<WaitingBox>(QApplication::activeWindow(), isGivenUp);
+    box->show();
 }
 
 void Patience::End() {
+    isWaiting = false;
     qApp->removeEventFilter(this);
     box.reset();
 }

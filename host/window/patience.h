@@ -19,7 +19,8 @@ class Patience : public QObject {
     explicit Patience(Database& databaseA);
     ~Patience() override;
 
-    // As long as it stands, a statement is given up after a second, without a box.
+    // As long as it stands, a statement is given up after a second, without a box: what is typed meanwhile
+    // waits.
     class Short {
       public:
         explicit Short(Patience& patienceA) : patience(patienceA) { patience.isShort = true; }
@@ -36,11 +37,13 @@ class Patience : public QObject {
 
   private:
     bool GoesOn(std::chrono::milliseconds waited);
+    void ShowBox();
     void End();
 
     Database& database;
     std::unique_ptr<QDialog> box;
     ScopedConnection ended;
+    bool isWaiting = false;
     bool isGivenUp = false;
     bool isShort = false;
 };

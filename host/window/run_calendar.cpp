@@ -5,6 +5,7 @@
 #include <QTextCharFormat>
 
 #include "host/window/qt_text.h"
+#include "host/window/run_text.h"
 
 namespace NolSchedCtls {
 
@@ -20,6 +21,7 @@ QString Brief(int count) {
 
 RunCalendar::RunCalendar(QWidget* parent) : QCalendarWidget(parent) {
     setVerticalHeaderFormat(NoVerticalHeader);
+    setFirstDayOfWeek(FirstDayOfWeek());
     QTextCharFormat plain;
     plain.setForeground(palette().text());
     for (const auto dayOfWeek : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(dayOfWeek, plain);

@@ -42,6 +42,11 @@ QString RunText(DateTime run, DateTime now) {
 QString DayText(DateTime day) { return Formatted(day, dayFormats); }
 QString DateText(DateTime day) { return Formatted(day, dateFormats); }
 
+Qt::DayOfWeek FirstDayOfWeek() {
+    const int day = DateSettings().FirstDayOfWeek();
+    return day == 1 ? Qt::Sunday : static_cast<Qt::DayOfWeek>(day - 1);
+}
+
 QString CountText(int runs) { return runs == 1 ? u"1 run"_s : u"%1 runs"_s.arg(QLocale().toString(runs)); }
 
 }  // namespace NolSchedCtls

@@ -17,6 +17,8 @@ QString TimeText(DateTime moment);
 QString DayText(DateTime day);
 // "Dec 31, 2027".
 QString DateText(DateTime day);
+// Where a week begins in a calendar.
+Qt::DayOfWeek FirstDayOfWeek();
 // "1 run", "1,200 runs".
 QString CountText(int runs);
 

@@ -90,7 +90,8 @@ void SentenceRow::Add(ViewField& field, QWidget* widget) {
 void SentenceRow::Put(const Place& place) const {
     const int left = scale.Pixels(place.field->Left());
     const int right = scale.Pixels(place.field->Left() + place.field->Width());
-    place.widget->setGeometry(left, 0, right - left, height());
+    place.widget->setGeometry(
+        QStyle::visualRect(layoutDirection(), rect(), QRect(left, 0, right - left, height())));
 }
 
 QSize SentenceRow::sizeHint() const {
@@ -105,8 +106,10 @@ void SentenceRow::resizeEvent(QResizeEvent* /*event*/) {
 
 void SentenceRow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
-    scale = RowScaleOf(*this);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        scale = RowScaleOf(*this);
+    else if (event->type() != QEvent::LayoutDirectionChange)
+        return;
     for (const Place& place : places) Put(place);
     updateGeometry();
 }

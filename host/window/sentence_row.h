@@ -1,4 +1,5 @@
 // The row of the schedule page that reads as a sentence, its widgets flush by the fields' Left and Width.
+// Left counts from where reading begins: the other edge, where that is from right to left.
 #pragma once
 
 #include <QWidget>

@@ -7,7 +7,6 @@
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/window/accessibility.h"
 #include "host/window/dialogs.h"
-#include "host/window/field_link.h"
 #include "host/window/qt_text.h"
 
 namespace NolSchedCtls {
@@ -64,10 +63,6 @@ void TypedLine::Commit() {
 
 bool TypedLine::IsUntaken() const { return isModified() || (!field.Refusal().empty() && field.IsUsable()); }
 
-TimeLine::TimeLine(DTPicker& fieldA, QWidget* parent) : TypedLine(fieldA, parent), field(fieldA) {
-    FieldLink::Tie(field, *this, [this] { ShowField(); });
-}
-
 // A mouse that gives the focus selects at its release: the press sets the cursor.
 void TimeLine::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
@@ -102,22 +97,22 @@ bool TimeLine::BeginsAnew(const QKeyEvent& key) const {
            ReadTimeText(whole.toStdString()) && !ReadTimeText((whole + key.text()).toStdString());
 }
 
-void TimeLine::Step(int direction) {
+void TimeLine::Step(int steps) {
     constexpr int minutesInDay = 24 * 60;
     const QPointer<TimeLine> self(this);
     const int cursor = cursorPosition();
     const bool isMinute = !hasSelectedText() && cursor > text().indexOf(u':');
     Commit();
     if (!self || !field.Refusal().empty()) return;
-    const int stepped = field.Hour() * 60 + field.Minute() + direction * (isMinute ? 1 : 60) + minutesInDay;
-    Succeeds([&] { field.PickTime(stepped / 60 % 24, stepped % 60); });
+    const int moved = field.Hour() * 60 + field.Minute() + steps * (isMinute ? 1 : 60);
+    const int stepped = (moved % minutesInDay + minutesInDay) % minutesInDay;
+    Succeeds([&] { field.PickTime(stepped / 60, stepped % 60); });
     if (!self) return;
     isMinute ? setCursorPosition(cursor) : selectAll();
 }
 
 void TimeLine::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
-    if (key == Qt::Key_Up || key == Qt::Key_Down) return Step(key == Qt::Key_Up ? 1 : -1);
     if (key == Qt::Key_Return || key == Qt::Key_Enter) Commit();
     if (BeginsAnew(*event)) selectAll();
     QLineEdit::keyPressEvent(event);

@@ -33,11 +33,13 @@ class TypedLine : public QLineEdit {
     TypedField& field;
 };
 
-// A whole time is typed over the one that is shown. Enter and the loss of the focus take it; the arrow keys
-// step the hour, or the minute where the cursor stands in it.
+// A whole time is typed over the one that is shown. Enter and the loss of the focus take it; a step is an
+// hour, or a minute where the cursor stands in it.
 class TimeLine : public TypedLine {
   public:
-    TimeLine(DTPicker& fieldA, QWidget* parent);
+    TimeLine(DTPicker& fieldA, QWidget* parent) : TypedLine(fieldA, parent), field(fieldA) {}
+
+    void Step(int steps);
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
@@ -48,7 +50,6 @@ class TimeLine : public TypedLine {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    void Step(int direction);
     bool BeginsAnew(const QKeyEvent& key) const;
 
     DTPicker& field;

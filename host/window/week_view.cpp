@@ -53,10 +53,11 @@ class HourHeader : public QHeaderView {
   protected:
     void paintSection(QPainter* painter, const QRect& section, int hour) const override {
         if (hour % hoursTogether != 0) return;
-        QRect wide = section;
-        wide.setWidth(section.width() * hoursTogether);
+        const QRect wide(section.topLeft(), QSize(section.width() * hoursTogether, section.height()));
         painter->setPen(palette().color(QPalette::WindowText));
-        painter->drawText(wide, Qt::AlignLeft | Qt::AlignVCenter, TimeText(hour / 24.0).remove(u":00"_s));
+        style()->drawItemText(painter, QStyle::visualRect(layoutDirection(), section, wide),
+                              Qt::AlignLeft | Qt::AlignVCenter, palette(), true,
+                              TimeText(hour / 24.0).remove(u":00"_s));
     }
 
   private:

@@ -27,14 +27,15 @@ class Stream : public std::streambuf {
 };
 
 // What it says, with "t.db" for the store's address, and after it "[status N]" unless that is 0. No time: the
-// system's clock, and its user. Input of new and edit is their script.
+// system's clock, and its user. Dates are not those of the machine's region. Input of new and edit is their
+// script.
 inline std::string RunCommandLine(const std::string& address, std::vector<std::string> arguments,
                                   const std::string& input = {}, bool isInteractive = false,
                                   std::function<bool(std::chrono::milliseconds)> pause = {},
                                   const char* now = "2026-03-02T09:05") {
     const bool isEdited = !arguments.empty() && (arguments.front() == "new" || arguments.front() == "edit");
     if (isEdited && !input.empty() && !isInteractive && arguments.back() != "-") arguments.emplace_back("-");
-    arguments.insert(arguments.begin(), {"--db", address});
+    arguments.insert(arguments.begin(), {"--db", address, "--region", "us"});
     if (*now != '\0') arguments.insert(arguments.begin(), {"--now", now});
     std::string text;
     Stream first(text, ""), second(text, "! ");

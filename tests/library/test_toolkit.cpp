@@ -53,7 +53,7 @@ struct Panel : UserControl {
     Frame frame{outer, "frame", ""};
     CheckBox box{frame, "box", ""};
     TextBox text{frame, "text", 4};
-    XMarlet picker{frame, "picker"};
+    XMarlet picker{frame, "picker", "Scenario"};
     XAmbitPurge purge{frame, "purge"};
     XAmbitDownload download{frame, "download"};
 

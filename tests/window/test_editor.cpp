@@ -17,14 +17,20 @@ TEST_F(Windows, ARefusedSaveShowsThePageAndTheField) {
     Type(editor, {{"hom.chkOverride", " "}, {"hom.txtDuration", "9x"}});
     const QWidget& duration = Find(editor, "hom.txtDuration");
     answer = QMessageBox::Save;
+    onMessage = [&] { EXPECT_TRUE(duration.isVisible()) << "the page turns before the box"; };
     for (const char* keys : {"Return", "Escape", "Ctrl+S"}) {
         editor.ShowPage("general");
         told.clear();
         Press(editor, keys);
         EXPECT_TRUE(QTest::qWaitFor([&] { return duration.hasFocus() && duration.isVisible(); }));
         EXPECT_TRUE(told.ends_with("Study Duration must be between 10 and 1439 minutes inclusive.\n"));
+        EXPECT_EQ(toldUnder, "Nightly - HOM Study");
     }
     EXPECT_EQ(asked.size(), 1U) << "by Escape";
+    onMessage = {};
+    editor.findChild<QLineEdit*>(u"name"_s)->setText(u"  "_s);
+    EXPECT_FALSE(editor.Save());
+    EXPECT_TRUE(told.ends_with("An entry needs a name.\n"));
 }
 
 TEST_F(Windows, ARefusedTextStaysMarkedAndStopsEverySave) {
@@ -57,6 +63,57 @@ TEST_F(Windows, ARefusedTextStaysMarkedAndStopsEverySave) {
             EXPECT_FALSE(isMarked());
         }
     EXPECT_EQ(store.Sql("SELECT Version FROM NOL_Schedule"), "1\n");
+}
+
+TEST_F(Windows, AnOvertakenEntryIsReloadedOrSavedAsACopy) {
+    Store();
+    const std::string saved =
+        "The entry \"Nightly\" was saved by bob at 2026-03-03, after it was opened here.\n"
+        "\nSchedule, Run: \"Once\" is stored, \"Daily\" is here\n";
+    const std::tuple<const char*, std::string, QMessageBox::StandardButton, const char*, const char*>
+        cases[] = {{"UPDATE NOL_Schedule SET Version = 9, SavedBy = 'bob', SavedAt = '2026-03-03'", saved,
+                    QMessageBox::Cancel, "Daily", "Nightly O\n"},
+                   {"UPDATE NOL_Schedule SET Version = 10", saved, QMessageBox::Retry, "Once", "Nightly O\n"},
+                   {"UPDATE NOL_Schedule SET Version = 11", saved, QMessageBox::Save, "Daily",
+                    "Nightly O\nNightly (copy) D\n"},
+                   {"DELETE FROM NOL_Schedule WHERE Id = 1",
+                    "The entry \"Nightly\" was deleted by another user since it was opened.\n",
+                    QMessageBox::Save, "Daily", "Nightly (copy) D\nNightly (copy) D\n"}};
+    for (const auto& [others, question, given, shown, stored] : cases) {
+        auto& editor =
+            *editors.emplace_back(new EntryEditor(std::make_unique<EntrySession>(workspace, 1), dialogs));
+        Activate(editor);
+        Type(editor, {{"schedule.cboPeriod", "D"}});
+        store.Sql(others);
+        answer = given;
+        told.clear();
+        editor.Button(QDialogButtonBox::Apply)->click();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(told, question);
+        EXPECT_EQ(asked.back().buttons.testFlag(QMessageBox::Retry), question == saved);
+        EXPECT_EQ(Shown(Find(editor, "schedule.cboPeriod")), shown);
+        EXPECT_EQ(editor.isWindowModified(), given == QMessageBox::Cancel);
+        EXPECT_EQ(editor.windowTitle().startsWith(u"Nightly (copy)"), given == QMessageBox::Save);
+        EXPECT_EQ(store.Sql("SELECT EditorName || ' ' || Periodicity FROM NOL_Schedule ORDER BY Id"), stored);
+    }
+}
+
+TEST_F(Windows, WhatALoadHasChangedIsUnsaved) {
+    Store();
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"UPDATE NOL_Schedule SET PurgeInterval = 30", "", false},
+        {"UPDATE NOL_Schedule SET PurgeInterval = 999", "365", true},
+        {"UPDATE NOL_Schedule SET RptGrpId = 99", "365", true}};
+    for (const auto& [others, days, isUnsaved] : cases) {
+        store.Sql(others);
+        auto& editor =
+            *editors.emplace_back(new EntryEditor(std::make_unique<EntrySession>(workspace, 1), dialogs));
+        EXPECT_EQ(editor.isWindowModified(), isUnsaved) << others;
+        if (isUnsaved) editor.accept();
+        const std::string stored = store.Sql("SELECT PurgeInterval FROM NOL_Schedule");
+        EXPECT_TRUE(*days == 0 || stored == std::string(days) + '\n') << stored;
+    }
+    EXPECT_TRUE(told.ends_with("A Study Group is required.\n")) << told;
 }
 
 TEST_F(Windows, AnEditorMayCloseInsideAHandlerOfItsOwnWidget) {
@@ -109,6 +166,14 @@ TEST_F(Windows, APickerOffersWhatTheStoreHoldsWhenItOpens) {
     EXPECT_EQ(editor.Session().FindPage("general")->tab->Field<XMarlet>("fdocRptGroup").Text(),
               Shown(picker));
     EXPECT_EQ(picker.currentText(), u"South Cells"_s);
+    for (const auto& [part, taken] : {std::pair{"cells", "cells"}, std::pair{"core", "Core Sites"}}) {
+        picker.lineEdit()->selectAll();
+        Type(editor, {{"general.fdocRptGroup", part}});
+        picker.completer()->popup()->hide();
+        picker.setFocus();
+        editor.findChild<QTabBar*>()->setFocus();
+        EXPECT_EQ(Shown(picker), taken) << "what two have is not taken";
+    }
     picker.lineEdit()->selectAll();
     Type(editor, {{"general.fdocRptGroup", "\b"}});
     store.Sql("DELETE FROM NOL_Document WHERE Name = 'South Cells'");

@@ -7,6 +7,7 @@ namespace NolSchedCtls::Testing {
 
 class Lists : public Windows {
   protected:
+    using Windows::Windows;
     struct Step {
         const char* act;    // keys, and after a quote a text
         std::string trace;  // what is told and asked, and the window in front
@@ -95,6 +96,7 @@ TEST_F(Lists, StayAliveWhileTheStoreWaits) {
     Store();
     EntryEditor& editor = *window.OpenEntry(1);
     Activate(editor);
+    EXPECT_EQ(window.OpenEntry(1), &editor) << "two would overtake each other";
     const auto other = OpenDatabase(store.Address());
     std::optional<Transaction> lock(std::in_place, *other);
     QTimer::singleShot(700, [&] {
@@ -108,11 +110,33 @@ TEST_F(Lists, StayAliveWhileTheStoreWaits) {
     });
     QTest::keyClicks(editor.findChild<QWidget*>(u"name"_s), u"!"_s);
     EXPECT_FALSE(editor.Save());
-    EXPECT_EQ(told, "The store is busy; this waits until it is free.\n" + store.Address() +
-                        ": database is locked\n");
+    EXPECT_EQ(told, "Waiting for the store\n" + store.Address() + ": database is locked\n");
     EXPECT_TRUE(editor.isVisible() && editor.isWindowModified());
     lock.reset();
     EXPECT_TRUE(editor.Save());
+}
+
+class DayFirstLists : public Lists {
+  protected:
+    DayFirstLists() : Lists(*RegionNamed("eu")) {}
+};
+
+TEST_F(DayFirstLists, ShowAndTakeDatesAsTheRegionWritesThem) {
+    Store();
+    Activate(window);
+    Walk({{"F5", "1 entries: *Nightly"}});
+    EXPECT_EQ(table->model()->index(0, EntryRow::Start).data(), u"2/3/2026"_s);
+    EntryEditor& editor = OpenNew();
+    QWidget& date = Find(editor, "schedule.SSDStartDate");
+    Type(editor, {{"schedule.SSDStartDate", "5/3/2026\t"}});
+    EXPECT_EQ(Shown(date), "Thursday, March 05, 2026");
+    const auto& outlook = *editor.findChild<QLabel*>(u"outlook"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return outlook.text() == u"Next: Thu 5 Mar 12:00 AM"_s; }));
+    QTest::mouseClick(date.findChild<QLineEdit*>(), Qt::LeftButton);
+    EXPECT_EQ(Shown(date), "05/03/2026");
+    Press(date, "Alt+Down");
+    for (const QWidget* owner : {&date, static_cast<QWidget*>(&window)})
+        EXPECT_EQ(owner->findChild<QCalendarWidget*>()->firstDayOfWeek(), Qt::Monday);
 }
 
 TEST_F(Lists, SortByEachColumn) {

@@ -46,6 +46,16 @@ TEST_F(Windows, ALineTellsAfterEachActWhatTheEntryWouldRun) {
     }
 }
 
+TEST_F(Windows, APaneCountsTheWeekAlsoBeforeAnEntryIsChosen) {
+    OutlookPane pane(nullptr);
+    Activate(pane);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane.findChild<QTableWidget*>() != nullptr; }));
+    pane.ShowAll({});
+    pane.ShowChosen({}, {});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !pane.IsCounting(); }));
+    EXPECT_NE(pane.findChild<QTableWidget*>()->verticalHeaderItem(0), nullptr);
+}
+
 TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     for (const char* name : {"Day", "Six", "Fri"}) Store(name);
     store.Sql(
@@ -59,7 +69,6 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     auto& table = *window.findChild<QTableView*>();
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
-    EXPECT_NE(week.verticalHeaderItem(0), nullptr) << "the week was not counted";
     auto& runs = *window.Pane().findChild<QListWidget*>();
     const auto labels = window.Pane().widget()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
     const auto label = [&](int place) { return Shown(*labels[place]); };
@@ -120,6 +129,16 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     QCoreApplication::processEvents();
     EXPECT_EQ(window.size(), QSize(600, 440));
     EXPECT_GE(labels[0]->height(), labels[0]->heightForWidth(labels[0]->width()));
+    Activate(window);
+    for (const auto& [size, isShown] : {std::pair(QSize(400, 300), false), {QSize(1100, 800), true}}) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window.size(), size);
+        EXPECT_EQ(window.Pane().isVisible(), isShown);
+        Press(window, "F9");
+        EXPECT_EQ(window.Pane().isVisible(), !isShown);
+        Press(window, "F9");
+    }
     OutlookPane unfilled(nullptr);
     Activate(unfilled);
     EXPECT_TRUE(QTest::qWaitFor([&] { return unfilled.widget() != nullptr; }));

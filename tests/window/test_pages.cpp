@@ -1,3 +1,4 @@
+#include "host/window/appearance.h"
 #include "tests/window/windows.h"
 
 namespace NolSchedCtls::Testing {
@@ -31,9 +32,14 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
         {"schedule.SSDStartDate", "1/5/2036\t", "1/5/2036", 0},  // beyond the last day
         {"schedule.SSDStartDate", "1/5/2027\t", "Tuesday, January 05, 2027", 1},
         {"hom.txtDuration", "", "longer than the limit", 0},
-        {"hom.txtDuration", "x\b", "long", 1},
+        {"hom.txtDuration", "x\b", "longer than the limi", 1},
+        {"general.ctlPurgeOptions", "\b", "true Purge automatically after 123456 days (at most 1234567)", 1},
+        {"general.ctlPurgeOptions", "5\b", "true Purge automatically after 12345 days (at most 1234567)", 1},
     };
     for (const auto& [field, keys, shown, count] : cases) {
+        if (std::string_view(keys) == "\b")
+            general.ctlPurgeOptions.LoadPurgeOptions("Y", 1234567,
+                                                     {.Settings = {{"Max Purge Interval", "1234567"}}});
         events = 0;
         if (*keys != 0) Type(editor, {{field, keys}});
         EXPECT_EQ(Shown(Find(editor, field)), shown);
@@ -44,6 +50,50 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
     Press(time, "Up, End, Left, Left");
     Press(time, "Down");
     EXPECT_EQ(Shown(time), "7:59 AM");
+    editor.Session().FindPage("hom")->tab->Field<TextBox>("txtDuration").SetText("");
+    for (const auto& [keys, shown] : {std::pair{"Up", "1"}, std::pair{"PgUp", "11"}, std::pair{"PgDown", "1"},
+                                      std::pair{"PgDown", "0"}}) {
+        Press(Find(editor, "hom.txtDuration"), keys);
+        EXPECT_EQ(Shown(Find(editor, "hom.txtDuration")), shown);
+    }
+    Press(editor, "Ctrl+PgUp, Ctrl+Tab");
+    Press(editor, "Ctrl+Tab");
+    EXPECT_EQ(editor.findChild<QTabWidget*>()->currentIndex(), 3);
+}
+
+TEST_F(Windows, AltWritesNoLettersAndAltGrPassesTheFilter) {
+    EntryEditor& editor = OpenNew();
+    Type(editor, {{"hom.chkOverride", " "}});
+    const std::pair<QWidget*, const char*> cases[] = {{&Find(editor, "hom.txtDuration"), "7"},
+                                                      {&Find(editor, "hom.fdocCBScenario"), "x7"},
+                                                      {editor.findChild<QLineEdit*>(u"name"_s), "Nightlyx7"}};
+    for (const auto& [widget, written] : cases) {
+        widget->setFocus();
+        for (const auto key : {'x', '7'}) {
+            QTest::keyClick(widget, key, Qt::AltModifier);
+            QTest::keyClick(widget, key, Qt::ControlModifier | Qt::AltModifier);
+        }
+        EXPECT_EQ(Shown(*widget), written);
+    }
+}
+
+TEST_F(Windows, AWheelOverAFieldWithoutTheFocusTurnsThePage) {
+    EntryEditor& editor = OpenNew();
+    for (const auto& [name, shown] :
+         {std::pair{"schedule.cboPeriod", "Once"},
+          std::pair{"schedule.SSDStartDate", "Monday, March 02, 2026"},
+          std::pair{"schedule.dtpStartTime", "12:00 AM"}, std::pair{"general.fdocRptGroup", "North Cells"}}) {
+        QWidget& widget = Find(editor, name);
+        for (const bool hasFocus : {false, true}) {
+            hasFocus ? widget.setFocus() : editor.findChild<QTabBar*>()->setFocus();
+            const QPointF at(5, 5);
+            QWheelEvent notch(at, widget.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&widget, &notch);
+            EXPECT_TRUE(hasFocus || (!notch.isAccepted() && Shown(widget) == shown && !widget.hasFocus()));
+        }
+    }
+    EXPECT_NE(Shown(Find(editor, "schedule.cboPeriod")), "Once") << "with the focus it goes to the next";
 }
 
 TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {
@@ -109,19 +159,91 @@ TEST_F(Windows, TheSentenceStandsFlushAndCutsNoTextInAnyMode) {
     EntryEditor& editor = OpenNew();
     const QWidget& row = *Find(editor, "schedule.cboPeriod").parentWidget();
     auto& tab = dynamic_cast<XNolScheduleTab&>(*editor.Session().FindPage("schedule")->tab);
-    for (const int points : {7, 9, 11, 16, 24}) {
-        editor.setFont({editor.font().family(), points});
+    for (const int points : {7, 9, 11, -11, 16, 24}) {  // from right to left where it is negative
+        editor.setFont({editor.font().family(), std::abs(points)});
+        editor.setLayoutDirection(points < 0 ? Qt::RightToLeft : Qt::LeftToRight);
         QCoreApplication::processEvents();
         for (int mode = 0; tab.cboPeriod.PickIndex(mode); ++mode) {
             int edge = -1;
             for (const auto* widget : row.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
                 if (widget->isHidden()) continue;
                 SCOPED_TRACE(widget->objectName().toStdString() + " in mode " + std::to_string(mode));
-                EXPECT_TRUE(edge < 0 || edge == widget->x());
-                EXPECT_EQ(widget->size(), widget->size().expandedTo(widget->sizeHint()));
-                edge = widget->x() + widget->width();
+                const QRect place = QStyle::visualRect(row.layoutDirection(), row.rect(), widget->geometry());
+                EXPECT_TRUE(edge < 0 || edge == place.x());
+                EXPECT_EQ(place.size(), place.size().expandedTo(widget->sizeHint()));
+                edge = place.right() + 1;
             }
             EXPECT_LE(edge, row.width());
+        }
+    }
+}
+
+TEST_F(Windows, AnEditorFitsASmallScreenAndScrollsToTheFieldInUse) {
+    const auto all = [](const QWidget& widget) { return widget.visibleRegion() == widget.rect(); };
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        EntryEditor& editor = OpenNew();
+        EXPECT_EQ(std::ranges::count_if(editor.findChildren<QScrollBar*>(), &QWidget::isVisible), 0);
+        editor.setLayoutDirection(direction);
+        editor.resize(400, 300);
+        Type(editor, {{"hom.chkOverride", " "}});
+        EXPECT_EQ(editor.size(), QSize(400, 300));
+        for (const auto* button : editor.findChildren<QPushButton*>()) EXPECT_TRUE(all(*button));
+        for (const Page& page : editor.Session().Pages())
+            for (const ViewField* field : page.tab->Fields()) {
+                QWidget& widget = Find(editor, std::string(page.name) + '.' + field->Name());
+                for (QWidget* stop : TabStops(widget)) {
+                    if (!stop->isEnabled() || !stop->isVisible()) continue;
+                    stop->setFocus();
+                    QCoreApplication::processEvents();
+                    const QRect room(QPoint(), editor.PageOf(page).viewport()->size());
+                    const QRect seen =
+                        QStyle::visualRect(direction, stop->rect(), stop->visibleRegion().boundingRect());
+                    EXPECT_EQ(seen, stop->rect() & room) << field->Name();
+                }
+            }
+        const QRect screen = editor.screen()->availableGeometry();
+        editor.move(direction == Qt::LeftToRight ? screen.right() - 250 : -150, screen.bottom() - 200);
+        QWidget& date = Find(editor, "schedule.SSDStartDate");
+        Press(date, "Alt+Down");
+        const QRect popup = date.findChild<QCalendarWidget*>()->window()->geometry();
+        EXPECT_TRUE(screen.contains(popup));
+        EXPECT_FALSE(popup.intersects({date.mapToGlobal(QPoint()), date.size()}));
+    }
+}
+
+TEST_F(Windows, EnglishReadsFromLeftToRightWhereverItStands) {
+    QImage drawn[2];
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QImage& image = drawn[direction] = QImage(200, 30, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setLayoutDirection(direction);
+        qApp->style()->drawItemText(&painter, image.rect(), Qt::AlignCenter, {}, true, u"End Date:"_s);
+    }
+    EXPECT_EQ(drawn[0], drawn[1]);
+}
+
+TEST_F(Windows, EmptyBoxesAndFieldsHaveClearEdges) {
+    const auto luminance = [](QRgb color) {
+        const QColor linear = QColor(color).toRgb();
+        const auto part = [](double value) { return std::pow((value + 0.055) / 1.055, 2.4); };
+        return 0.2126 * part(linear.redF()) + 0.7152 * part(linear.greenF()) + 0.0722 * part(linear.blueF());
+    };
+    for (const bool isDark : {true, false}) {
+        SetAppearance(isDark);
+        for (QWidget* widget : std::initializer_list<QWidget*>{new QCheckBox, new QRadioButton, new QLineEdit,
+                                                               new QComboBox, new QSpinBox}) {
+            widget->resize(widget->sizeHint());
+            const QImage image = widget->grab().toImage();
+            const double ground = luminance(widget->palette().window().color().rgb()) + 0.05;
+            double most = 1;
+            for (int x = 0; x < image.width() / 4; ++x)
+                for (int y = 0; y < image.height(); ++y) {
+                    const double ratio = (luminance(image.pixel(x, y)) + 0.05) / ground;
+                    most = std::max({most, ratio, 1 / ratio});
+                }
+            EXPECT_GE(most, 3) << widget->metaObject()->className() << isDark;
+            delete widget;
         }
     }
 }

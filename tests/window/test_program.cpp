@@ -10,7 +10,7 @@ TEST_F(Windows, TheProgramObeysItsCommandLine) {
         arguments.replace(u'$', ToQt(store.Address()));
         const auto line =
             u"cd %1; mkdir -p taken/list.png; unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; "
-            u"XDG_RUNTIME_DIR=%1 XDG_CONFIG_HOME=%1 %2 exec " NOLSCHED_EDITOR u" %3"_s;
+            u"LC_ALL=C XDG_RUNTIME_DIR=%1 XDG_CONFIG_HOME=%1 %2 exec " NOLSCHED_EDITOR u" %3"_s;
         process.start(u"sh"_s, {u"-c"_s, line.arg(folder.path(), variables, arguments)});
     };
     const auto pictures = [&] {

@@ -40,7 +40,8 @@ void Act(DropDownList& field, QWidget& widget, Random& random) {
 void Act(TextBox& field, QWidget& widget, Random& random) {
     const char* const text = OneOf(random, std::array{"", "5", "9", "10", "60", "1439", "3000", "12a"});
     field.Paste(text);
-    Retype(dynamic_cast<QLineEdit&>(widget), text);
+    auto* const line = widget.findChild<QLineEdit*>();
+    Retype(line != nullptr ? *line : dynamic_cast<QLineEdit&>(widget), text);
     TypeKey(field, widget, random);
 }
 
@@ -64,7 +65,7 @@ void Act(XMarlet& field, QWidget& widget, Random& random) {
 void Act(XAmbitPurge& field, QWidget& widget, Random& random) {
     field.Click();
     QTest::keyClick(widget.findChild<QCheckBox*>(), Qt::Key_Space);
-    TypeKey(field, *widget.findChild<QLineEdit*>(), random);
+    TypeKey(field, *widget.findChild<QAbstractSpinBox*>(), random);
 }
 
 // Typed elsewhere, or not at all.

@@ -24,7 +24,8 @@ inline std::string Shown(const QWidget& widget) {
     for (const char* property : {"checked", "text", "currentText", "title"})
         if (widget.property(property).isValid()) shown.append(widget.property(property).toString());
     if (shown.isEmpty())
-        for (const auto* part : widget.findChildren<QWidget*>()) shown.append(ToQt(Shown(*part)));
+        for (const auto* part : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            shown.append(ToQt(Shown(*part)));
     return shown.join(u' ').toStdString();
 }
 
@@ -54,6 +55,8 @@ inline QString HeardAround(QWidget& widget) {
 
 class Windows : public testing::Test {
   protected:
+    explicit Windows(Region regionA = {}) : region(regionA) {}
+
     std::unique_ptr<EntrySession> NewSession(const std::string& name = "Nightly", int group = 1) {
         return std::make_unique<EntrySession>(workspace, EntrySession::NewEntry{false, group, name});
     }
@@ -88,8 +91,11 @@ class Windows : public testing::Test {
     }
     static void Press(QWidget& at, const char* keys) { QTest::keySequence(&at, {QString::fromUtf8(keys)}); }
 
+    const Region region;
     TemporaryStore store;
-    std::string told;  // messages and questions, each in a line
+    std::string told;       // messages and questions, each in a line
+    std::string toldUnder;  // the title of the last message
+    std::function<void()> onMessage;
     std::vector<Question> asked;
     QMessageBox::StandardButton answer = QMessageBox::Discard;
     DateTime now = 46083;  // 3/2/2026
@@ -102,8 +108,13 @@ class Windows : public testing::Test {
                           [this](QWidget*, const auto&, const auto&, const auto& offered, int) {
                               return offered.value(choice);
                           }};
-    Workspace workspace{{store.Address(), "tester", [this](const Message& m) { told += m.text + '\n'; },
-                         [this] { return now; }}};
+    Workspace workspace{{store.Address(), "tester",
+                         [this](const Message& m) {
+                             told += m.text + '\n';
+                             toldUnder = m.title;
+                             if (onMessage) onMessage();
+                         },
+                         [this] { return now; }, region}};
     std::string failing;  // statements that hold this fail
     int spared = 0;       // but for so many
     const ScopedConnection fault = workspace.Store().Statement.Connect([this](std::string_view statement) {

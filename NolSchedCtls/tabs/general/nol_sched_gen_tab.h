@@ -24,7 +24,7 @@ class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
     void SaveState() override;  // the picker remembers the chosen group
 
     Frame Frame2{*this, "Frame2", "Study Group  "};
-    XMarlet fdocRptGroup{Frame2, "fdocRptGroup"};
+    XMarlet fdocRptGroup{Frame2, "fdocRptGroup", "Study Group"};
     TextBox txtRptGrp{Frame2, "txtRptGrp"};  // an immediate entry's group, in the picker's place
     Frame Frame5{*this, "Frame5", "Purge  "};
     XAmbitPurge ctlPurgeOptions{Frame5, "ctlPurgeOptions"};

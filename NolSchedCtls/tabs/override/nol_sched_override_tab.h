@@ -35,7 +35,7 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
 
         Frame fraScenario;
         Label lblScenario{fraScenario, "lblScenario", "Sc&enario:"};
-        XMarlet fdocCBScenario{fraScenario, "fdocCBScenario"};
+        XMarlet fdocCBScenario{fraScenario, "fdocCBScenario", "Scenario"};
     };
 
     struct Number {
