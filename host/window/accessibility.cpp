@@ -151,7 +151,7 @@ void TellPurposeAtF1(QWidget& window) {
         QWidget* at = window.focusWidget();
         while (at != nullptr && at->whatsThis().isEmpty()) at = at->isWindow() ? nullptr : at->parentWidget();
         if (at == nullptr) return;
-        QWhatsThis::showText(at->mapToGlobal(QPoint(0, at->height())), at->whatsThis(), at);
+        QWhatsThis::showText(at->mapToGlobal(QPoint(at->width() / 2, at->height())), at->whatsThis(), at);
         Announce(window, at->whatsThis());
     };
     QObject::connect(new QShortcut(QKeySequence::HelpContents, &window), &QShortcut::activated, &window,
