@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QWhatsThis>
 #include <algorithm>
+#include <array>
 
 #include "host/window/calendar_interface.h"
 #include "host/window/qt_text.h"
@@ -105,10 +106,12 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
     return nullptr;
 }
 
-// Views tell of a current cell as if it had the focus, while another window is in use.
+// Views tell of their current cell as if it had the focus, while another window is in use.
 bool IsTrue(const QAccessibleEvent& event) {
+    constexpr std::array kinds = {QAccessible::Focus, QAccessible::Selection, QAccessible::SelectionAdd,
+                                  QAccessible::SelectionRemove, QAccessible::SelectionWithin};
     const auto* const view = qobject_cast<QAbstractItemView*>(event.object());
-    return event.type() != QAccessible::Focus || view == nullptr || view->hasFocus();
+    return view == nullptr || view->hasFocus() || std::ranges::find(kinds, event.type()) == kinds.end();
 }
 
 int silences = 0;
@@ -154,7 +157,7 @@ void TellPurposeAtF1(QWidget& window) {
         QWidget* at = window.focusWidget();
         while (at != nullptr && at->whatsThis().isEmpty()) at = at->isWindow() ? nullptr : at->parentWidget();
         if (at == nullptr) return;
-        QWhatsThis::showText(at->mapToGlobal(QPoint(0, at->height())), at->whatsThis(), at);
+        QWhatsThis::showText(at->mapToGlobal(QPoint(at->width() / 2, at->height())), at->whatsThis(), at);
         Announce(window, at->whatsThis());
     };
     QObject::connect(new QShortcut(QKeySequence::HelpContents, &window), &QShortcut::activated, &window,

@@ -75,7 +75,7 @@ class CalendarInterface : public QAccessibleWidget {
     QAccessibleInterface* child(int index) const override {
         if (index < 0 || index >= childCount()) return nullptr;
         ForgetOthers();
-        if (!places.contains(index))
+        if (!places.contains(index))  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): owned there
             places[index] = QAccessible::registerAccessibleInterface(MakePlace(index));
         return QAccessible::accessibleInterface(places[index]);
     }

@@ -14,6 +14,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "NolSchedCtls/base/app_constants.h"
@@ -216,11 +217,11 @@ void MainWindow::MakeStatus() {
 }
 
 void MainWindow::ShowProgress(int loaded, int total) {
-    constexpr int steps = 10;  // a screen reader is told of each
-    const int step = total == 0 ? steps : static_cast<int>(std::int64_t{loaded} * steps / total);
-    if (loaded > 0 && progress->maximum() == steps && progress->value() == step) return;
-    progress->setRange(0, steps);
-    progress->setValue(step);
+    const auto quarters = [total](int part) { return total == 0 ? 0 : std::int64_t{part} * 4 / total; };
+    std::optional<Silence> silence;  // a screen reader is told of each quarter
+    if (progress->maximum() == total && quarters(progress->value()) == quarters(loaded)) silence.emplace();
+    progress->setRange(0, total);
+    progress->setValue(loaded);
     ShowCount();
 }
 

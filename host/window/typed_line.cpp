@@ -57,7 +57,8 @@ void TypedLine::Commit() {
     if (!self) return;
     ShowField();
     if (field.Refusal().empty()) return;
-    hasFocus() ? selectAll() : Announce(*this, ToQt(field.Refusal()));
+    if (hasFocus()) selectAll();
+    Announce(*this, ToQt(field.Refusal()));
 }
 
 bool TypedLine::IsUntaken() const { return isModified() || (!field.Refusal().empty() && field.IsUsable()); }
