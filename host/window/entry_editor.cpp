@@ -8,6 +8,7 @@
 #include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <optional>
 
 #include "NolSchedCtls/toolkit/x_marlet.h"
@@ -197,7 +198,7 @@ bool EntryEditor::SettleOvertaken(const QString& text) {
                            (differences ? Box::Retry : Box::NoButton) | Box::Save | Box::Cancel,
                            Box::Cancel,
                            {{Box::Retry, u"Reload"_s}, {Box::Save, u"Save as a Copy"_s}}});
-    if (answer == Box::Retry) QMetaObject::invokeMethod(this, &EntryEditor::Reload, Qt::QueuedConnection);
+    if (answer == Box::Retry) QTimer::singleShot(0, this, &EntryEditor::Reload);
     return answer == Box::Save && SaveBy([this] { return session->SaveAsCopy(); });
 }
 
