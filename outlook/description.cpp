@@ -78,6 +78,11 @@ ExcludedDays WorthAWord(const Recurrence& recurrence) {
     return excluded;
 }
 
+std::string ExceptionsText(const Recurrence& recurrence) {
+    const ExcludedDays told = WorthAWord(recurrence);
+    return told.any() ? ExcludedNames(told, "s") : "";
+}
+
 // All but the exclusions and the end.
 std::string RunsText(const Recurrence& recurrence) {
     const int count = recurrence.frequency;
@@ -100,6 +105,15 @@ std::string RunsText(const Recurrence& recurrence) {
 }
 
 }  // namespace
+
+std::string ExceptionsText(const CNolSchedData& record, const OutlookSettings& settings) {
+    if (record.IsOverride()) return {};
+    try {
+        return ExceptionsText(ReadRecurrence(record, settings));
+    } catch (const NolSchedError&) {
+        return {};
+    }
+}
 
 std::string DayText(const Recurrence& recurrence) {
     std::string weekdayName = WeekdayName(recurrence.weekday.c_encoding());
@@ -124,8 +138,7 @@ std::string DescribeSchedule(const CNolSchedData& record, const OutlookSettings&
     try {
         const Recurrence recurrence = ReadRecurrence(record, settings);
         std::string text = RunsText(recurrence);
-        if (const ExcludedDays told = WorthAWord(recurrence); told.any())
-            text += ", not on " + ExcludedNames(told, "s");
+        if (const std::string days = ExceptionsText(recurrence); !days.empty()) text += ", not on " + days;
         const bool hasEnd = recurrence.last != latestMoment && recurrence.code != RecurrenceCode::Once;
         return hasEnd ? text + ", until " + DateText(recurrence.last) : text;
     } catch (const NolSchedError& error) {

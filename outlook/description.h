@@ -11,6 +11,10 @@ namespace NolSchedCtls {
 // entry is paused or ever runs is not told.
 std::string DescribeSchedule(const CNolSchedData& record, const OutlookSettings& settings = {});
 
+// "Saturdays, Sundays and holidays": the days of its rule on which the entry does not run. Empty where there
+// are none, and for a record without a recurrence.
+std::string ExceptionsText(const CNolSchedData& record, const OutlookSettings& settings = {});
+
 // "Friday", "15th", "2nd Monday", "last day": the day of a code that has one.
 std::string DayText(const Recurrence& recurrence);
 

@@ -65,12 +65,6 @@ void Agree(const CommandRun& run, std::size_t count) {
 
 }  // namespace
 
-std::vector<std::string> AllStates() {
-    std::vector<std::string> states{std::string(groupMissing)};
-    for (const RunState state : allRunStates) states.emplace_back(TextOf(state));
-    return states;
-}
-
 void ForEachChosen(const CommandRun& run, const Visit& visit) {
     const EntryStore& entries = run.workspace.Entries();
     const Visit visitChosen = Filtered(run, visit);

@@ -16,9 +16,6 @@ struct CommandRun {
     const Json& input;  // what was read before the store was opened
 };
 
-// Those that --state takes.
-std::vector<std::string> AllStates();
-
 // The entries that the line names, in its order; all of them by Id, page by page, where it names none; of
 // these what its filter leaves. Throws RequestError for one that is not there, before any is visited.
 void ForEachChosen(const CommandRun& run, const std::function<void(const ListedEntry&)>& visit);

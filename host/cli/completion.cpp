@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include "NolSchedCtls/base/text.h"
-#include "host/cli/command_run.h"
 #include "host/cli/words.h"
+#include "host/entries/entry_outlook.h"
 
 namespace NolSchedCtls {
 

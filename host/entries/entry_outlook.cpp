@@ -19,6 +19,12 @@ OutlookSettings ReadSettings(Workspace& workspace) {
 
 }  // namespace
 
+std::vector<std::string> AllStates() {
+    std::vector<std::string> states{std::string(groupMissing)};
+    for (const RunState state : allRunStates) states.emplace_back(TextOf(state));
+    return states;
+}
+
 EntryState StateAt(const Schedule& schedule, DateTime moment) {
     const ScheduleState state = schedule.StateAt(moment);
     EntryState told{std::string(TextOf(state.state)), state.reason, {}};

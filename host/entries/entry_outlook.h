@@ -20,6 +20,9 @@ inline bool IsRunnable(const ListedEntry& entry, const std::string& trouble) {
 
 inline constexpr std::string_view groupMissing = "Group missing";
 
+// Every text that a state can have.
+std::vector<std::string> AllStates();
+
 struct EntryState {
     std::string text;    // "Scheduled", "Never runs", ..., "Group missing"
     std::string reason;  // why an entry never runs or cannot be shown

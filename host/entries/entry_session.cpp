@@ -219,7 +219,8 @@ EntrySession::SaveResult EntrySession::StoreAfter(const std::function<void()>& f
     record->IsNew = false;
     savedChanges = changes;
     isLoadedOtherwise = false;
-    for (const Page& page : pages) page.tab->SaveState();
+    if (fill)
+        for (const Page& page : pages) page.tab->SaveState();
     return result;
 }
 

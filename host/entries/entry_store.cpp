@@ -97,6 +97,49 @@ void ReadKind(const ILintelRows& rows, ListedEntry& entry) {
     });
 }
 
+// No trouble of the entry, whatever stands there.
+void ReadSave(const ILintelRows& rows, ListedEntry& entry) {
+    ListedEntry unread;
+    entry.savedBy.clear();
+    entry.savedAt = 0;
+    Reads(unread, [&] {
+        entry.savedBy = FieldToText(rows.Fields("SavedBy"));
+        entry.savedAt = ParseIso(FieldToText(rows.Fields("SavedAt")));
+    });
+}
+
+EntryStore::Rows TakeRows(StoreRows& rows) {
+    EntryStore::Rows taken;
+    for (; !rows.AtEnd(); rows.MoveNext()) {
+        auto& row = taken.emplace_back();
+        for (int column = 0; column < rows.ColumnCount(); ++column)
+            row.push_back({std::string(rows.ColumnName(column)), rows.Value(column)});
+    }
+    return taken;
+}
+
+// Other programs may have given their columns any name.
+std::string QuotedName(const LintelField& column) {
+    std::string quoted = "\"";
+    for (const char letter : column.Name) quoted.append(letter == '"' ? 2 : 1, letter);
+    return quoted + '"';
+}
+
+// Gives what then stands.
+EntryStore::Rows InsertRows(Database& database, const std::string& table, const EntryStore::Rows& rows) {
+    EntryStore::Rows stand;
+    for (const auto& row : rows) {
+        Database::Values values;
+        for (const LintelField& column : row) values.push_back(column.Value);
+        const auto inserted =
+            database.Open("INSERT INTO " + table + " (" + Joined(row, QuotedName) + ") VALUES (" +
+                              Joined(row, [](const LintelField&) { return "?"; }) + ") RETURNING *",
+                          values);
+        for (auto& taken : TakeRows(*inserted)) stand.push_back(std::move(taken));
+    }
+    return stand;
+}
+
 std::int64_t IdOf(const ILintelRows& rows) {
     const auto id = rows.Fields("Id").Value;
     const auto* const number = std::get_if<std::int64_t>(&id);
@@ -249,18 +292,33 @@ void EntryStore::TellOvertaken(const CNolSchedData& record, std::int32_t version
                          FieldToText(rows->Fields("SavedAt")) + ", after it was opened here.");
 }
 
-void EntryStore::Delete(std::int32_t id) {
+KeptEntry EntryStore::Delete(std::int32_t id) {
     const Database::Values ofEntry{std::int64_t{id}};
     Transaction transaction(*database);
     const auto isThere = [&] {
         return !database->Open("SELECT 1 FROM NOL_Schedule WHERE Id = ?", ofEntry)->AtEnd();
     };
     if (!isThere()) TellMissing(id);
-    database->Execute("DELETE FROM NOL_Schedule WHERE Id = ?", ofEntry);
-    database->Execute("DELETE FROM NOL_Override WHERE NOL_OverrideId = ?", ofEntry);
+    KeptEntry kept{
+        id, TakeRows(*database->Open("DELETE FROM NOL_Schedule WHERE Id = ? RETURNING *", ofEntry)),
+        TakeRows(*database->Open("DELETE FROM NOL_Override WHERE NOL_OverrideId = ? RETURNING *", ofEntry))};
     if (isThere() || !OverrideRows(id).empty()) database->FailUntaken();
     database->Announce("deleted " + std::to_string(id));
     transaction.Commit();
+    return kept;
+}
+
+void EntryStore::Restore(const KeptEntry& kept) {
+    const auto rows =
+        database->Open("SELECT EditorName FROM NOL_Schedule WHERE Id = ?", {std::int64_t{kept.id}});
+    if (!rows->AtEnd())
+        throw RequestError("its Id is that of the entry " + Quoted(FieldToText(rows->Fields("EditorName"))) +
+                           " meanwhile.");
+    if (InsertRows(*database, "NOL_Schedule", kept.rows) != kept.rows ||
+        InsertRows(*database, "NOL_Override", kept.overrides) != kept.overrides)
+        database->FailUntaken();
+    ownId = std::max(ownId, kept.id);
+    database->Announce("saved " + std::to_string(kept.id));
 }
 
 // Under the names that the columns bear here: a server gives them back in small letters.
@@ -291,13 +349,15 @@ void EntryStore::ForEach(const std::function<void(ListedEntry&)>& visit, std::in
         "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
         "NOL_Override.Type",
         {afterId, limit});
-    ListedEntry entry{0, std::make_shared<CNolSchedData>(), {}, {}, {}};
+    ListedEntry entry;
+    entry.record = std::make_shared<CNolSchedData>();
     while (!rows->AtEnd()) {
         entry.id = IdOf(*rows);
         entry.trouble.clear();
         entry.group.clear();
         entry.kinds.clear();
         ReadListed(*rows, entry);
+        ReadSave(*rows, entry);
         Reads(entry, [&] { entry.group = FieldToText(rows->Fields("GroupName")); });
         do {
             ReadKind(*rows, entry);

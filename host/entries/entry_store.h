@@ -32,6 +32,15 @@ struct StoredEntry {
     StoredRow row;
 };
 
+// All that the store holds of an entry, in every column, those of other programs too.
+struct KeptEntry {
+    using Rows = std::vector<std::vector<LintelField>>;
+
+    std::int32_t id = 0;
+    Rows rows;  // one
+    Rows overrides;
+};
+
 // A row of the list. The record holds the entry's own columns, without overrides; of a row that no record can
 // hold it has EditorName alone, and trouble says why.
 struct ListedEntry {
@@ -40,6 +49,8 @@ struct ListedEntry {
     std::string trouble;
     std::string group;               // empty if the group is gone
     std::vector<std::string> kinds;  // the Type of each override row, in the order of the texts
+    std::string savedBy;
+    DateTime savedAt = 0;  // 0 for what is no date
 };
 
 // What an override row asks for.
@@ -68,11 +79,15 @@ class EntryStore {
     // Inside the same transaction, with the override rows written. Throws StoreError if the store does not
     // hold what was written.
     void Verify(const CNolSchedData& record, const StoredRow& row) const;
-    // The row and its override rows, in a transaction of its own. Throws RequestError.
-    void Delete(std::int32_t id);
+    // The row and its override rows, in a transaction of its own; gives them as they were. Throws
+    // RequestError.
+    KeptEntry Delete(std::int32_t id);
+    // Brings back what was deleted, to the letter. Throws RequestError if its Id is taken. Call inside a
+    // transaction, and SkipIds before its end.
+    void Restore(const KeptEntry& kept);
     // Whether the row has the record's values already.
     bool Holds(const CNolSchedData& record, const StoredRow& row) const;
-    using Rows = std::vector<std::vector<LintelField>>;
+    using Rows = KeptEntry::Rows;
     // Every column of the entry's override rows as it is stored, by Type.
     Rows OverrideRows(std::int32_t id) const;
     // Runs a step of opening a stored entry: what it throws becomes a StoreError that names store and entry

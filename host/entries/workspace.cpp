@@ -17,8 +17,8 @@ Workspace::Workspace(WorkspaceOptions options)
     const auto keepFirst = [kept = failure](const std::string& text) {
         if (!*kept) *kept = text;
     };
-    const auto show = [this, shown = std::move(options.showMessage), silent = isSilent](Message message) {
-        if (*silent) return;
+    const auto show = [this, shown = std::move(options.showMessage), kept = silence](Message message) {
+        if (*kept != nullptr) return (*kept)->Keep(message);
         Telling.Raise(message);
         shown(message);
     };

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "host/entries/entry_store.h"
 #include "host/entries/holiday_store.h"
@@ -37,14 +38,19 @@ class Workspace {
     class Silence {
       public:
         explicit Silence(Workspace& workspaceA)
-            : workspace(workspaceA), was(std::exchange(*workspace.isSilent, true)) {}
-        ~Silence() { *workspace.isSilent = was; }
+            : workspace(workspaceA), outer(std::exchange(*workspace.silence, this)) {}
+        ~Silence() { *workspace.silence = outer; }
         Silence(const Silence&) = delete;
         Silence& operator=(const Silence&) = delete;
 
+        // Those that were not.
+        const std::vector<Message>& Messages() const { return messages; }
+        void Keep(const Message& message) { messages.push_back(message); }
+
       private:
         Workspace& workspace;
-        bool was;
+        Silence* outer;
+        std::vector<Message> messages;
     };
 
     // What is about to be shown, which a handler may change.
@@ -65,7 +71,7 @@ class Workspace {
     std::shared_ptr<Database> database;
     std::shared_ptr<std::optional<std::string>> failure;
     std::shared_ptr<std::optional<DateTime>> asOf;
-    std::shared_ptr<bool> isSilent = std::make_shared<bool>(false);
+    std::shared_ptr<Silence*> silence = std::make_shared<Silence*>();
     EntryStore entries;
     DocumentStore documents;
     HolidayStore holidays;

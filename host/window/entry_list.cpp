@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <unordered_map>
 
 #include <QGuiApplication>
@@ -10,8 +11,10 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "host/entries/entry_sentence.h"
+#include "host/window/natural_order.h"
 #include "host/window/qt_text.h"
 #include "host/window/run_text.h"
+#include "outlook/description.h"
 
 namespace NolSchedCtls {
 
@@ -21,12 +24,16 @@ using IsBefore = bool (*)(const EntryRow&, const EntryRow&);
 
 template <EntryRow::Column column>
 bool TextIsBefore(const EntryRow& left, const EntryRow& right) {
-    return QString::compare(left.texts[column], right.texts[column], Qt::CaseInsensitive) < 0;
+    return CompareNaturally(left.texts[column], right.texts[column]) < 0;
 }
 
 template <auto member>
 bool NumberIsBefore(const EntryRow& left, const EntryRow& right) {
     return left.*member < right.*member;
+}
+
+bool TimeIsBefore(const EntryRow& left, const EntryRow& right) {
+    return left.start - std::floor(left.start) < right.start - std::floor(right.start);
 }
 
 // What does not run comes last.
@@ -46,9 +53,12 @@ constexpr std::array<ColumnKind, EntryRow::columnCount> columns = {
     ColumnKind{"Schedule", TextIsBefore<EntryRow::Sentence>},
     ColumnKind{"Next run", NextIsBefore},
     ColumnKind{"State", TextIsBefore<EntryRow::State>},
+    ColumnKind{"At", TimeIsBefore},
+    ColumnKind{"Not on", TextIsBefore<EntryRow::Except>},
     ColumnKind{"Overrides", TextIsBefore<EntryRow::Overrides>},
     ColumnKind{"Start", NumberIsBefore<&EntryRow::start>},
     ColumnKind{"End", NumberIsBefore<&EntryRow::end>},
+    ColumnKind{"Saved", NumberIsBefore<&EntryRow::savedAt>},
 };
 
 const ColumnKind& KindOf(int column) { return columns[static_cast<std::size_t>(column)]; }
@@ -61,6 +71,11 @@ QString KindsText(const ListedEntry& entry) {
 
 QString EndText(DateTime end) {
     return DateOf(end) == MAppConstants::NoEndDate ? u"No end"_s : ToQt(ShortDateText(end));
+}
+
+QString SavedText(const ListedEntry& entry) {
+    const QString who = ToVisible(entry.savedBy);
+    return entry.savedAt == 0 ? who : who + u", "_s + ShortRunText(entry.savedAt);
 }
 
 void SetState(EntryRow& row, const EntryState& state) {
@@ -88,6 +103,17 @@ QString SpokenRow(const EntryRow& row) {
     return overrides.isEmpty() ? spoken : spoken + u". Overrides: "_s + overrides;
 }
 
+// A text that is cut, and what stands in columns of its own.
+QString TipOf(const EntryRow& row, int column) {
+    const auto& texts = row.texts;
+    QString tip = texts[static_cast<std::size_t>(column)];
+    if (column == EntryRow::State && !row.reason.isEmpty()) tip += u": "_s + row.reason;
+    if (column != EntryRow::Sentence) return tip;
+    if (!texts[EntryRow::Time].isEmpty()) tip += u" at "_s + texts[EntryRow::Time];
+    if (!texts[EntryRow::Except].isEmpty()) tip += u", not on "_s + texts[EntryRow::Except];
+    return tip;
+}
+
 QVariant ColorOf(const QString& state) {
     const QPalette palette = QGuiApplication::palette();
     if (IsTrouble(state)) return palette.color(QPalette::BrightText);
@@ -101,16 +127,24 @@ EntryRow RowOf(const ListedEntry& entry, const EntryOutlook& outlook) {
     const CNolSchedData& record = *entry.record;
     const bool isRead = entry.trouble.empty();
     const Sentence sentence = SentenceOf(entry);
-    EntryRow row{.id = entry.id, .start = record.FirstDateTime, .end = record.FinalDateTime};
+    const bool hasTime = sentence.trouble.empty() && !record.IsOverride();
+    EntryRow row{.id = entry.id,
+                 .start = record.FirstDateTime,
+                 .end = record.FinalDateTime,
+                 .savedAt = entry.savedAt,
+                 .isActive = record.ScheduleActive == "Y"};
     row.texts = {QString::number(entry.id),
                  ToVisible(record.EditorName),
                  ToVisible(entry.group),
                  ToVisible(sentence.text),
                  {},
                  {},
+                 hasTime ? TimeText(row.start) : QString(),
+                 ToQt(ExceptionsText(record, outlook.Settings())),
                  KindsText(entry),
                  isRead ? ToQt(ShortDateText(row.start)) : QString(),
-                 isRead ? EndText(row.end) : QString()};
+                 isRead ? EndText(row.end) : QString(),
+                 SavedText(entry)};
     if (IsRunnable(entry, sentence.trouble)) row.schedule = outlook.ScheduleOf(record);
     SetState(row, row.schedule ? outlook.StateOf(*row.schedule) : outlook.StateOf(entry, sentence.trouble));
     return row;
@@ -123,8 +157,9 @@ bool IsTrouble(const QString& state) {
 }
 
 bool EntryList::Passes(const EntryRow& row) const {
-    return std::all_of(filter.begin(), filter.end(),
-                       [&row](const QString& word) { return row.searched.contains(word); });
+    const auto isHeld = [&row](const QString& word) { return row.searched.contains(word); };
+    return (filterState.isEmpty() || row.texts[EntryRow::State] == filterState) &&
+           std::all_of(filter.begin(), filter.end(), isHeld);
 }
 
 void EntryList::Clear() {
@@ -161,16 +196,25 @@ void EntryList::Put(const EntryRow& row) {
     const int place = PlaceOf(row.id);
     if (place < 0) return Passes(row) ? Show({*found}) : void();
     shown[static_cast<std::size_t>(place)] = *found;
+    if (!Passes(row)) return Hide(place), Q_EMIT Left(row.texts[EntryRow::Name]);
     Q_EMIT dataChanged(index(place, 0), index(place, EntryRow::columnCount - 1));
+}
+
+void EntryList::Hide(int place) {
+    beginRemoveRows({}, place, place);
+    shown.erase(shown.begin() + place);
+    endRemoveRows();
+}
+
+void EntryList::HideFailing() {
+    for (int place = rowCount() - 1; place >= 0; --place)
+        if (!Passes(*RowAt(place))) Hide(place);
 }
 
 void EntryList::Remove(std::int64_t id) {
     std::erase_if(rows, [id](const auto& row) { return row->id == id; });
     const int place = PlaceOf(id);
-    if (place < 0) return;
-    beginRemoveRows({}, place, place);
-    shown.erase(shown.begin() + place);
-    endRemoveRows();
+    if (place >= 0) Hide(place);
 }
 
 void EntryList::Await(const EntryRow& row) { due = std::min(due, row.next.value_or(never)); }
@@ -179,15 +223,21 @@ bool EntryList::Advance(DateTime now) {
     if (now < due) return false;
     due = never;
     std::unordered_map<std::int64_t, RowPointer> advanced;
+    EntryRows appearing;
     for (RowPointer& row : rows) {
-        if (row->next && *row->next <= now)
+        if (row->next && *row->next <= now) {
+            const bool isShown = Passes(*row);
             row = advanced[row->id] = std::make_shared<EntryRow>(Advanced(*row, now));
+            if (!isShown && Passes(*row)) appearing.push_back(row);
+        }
         Await(*row);
     }
     for (RowPointer& row : shown)
         if (const auto found = advanced.find(row->id); found != advanced.end()) row = found->second;
     if (!shown.empty())
         Q_EMIT dataChanged(index(0, EntryRow::NextRun), index(rowCount() - 1, EntryRow::State));
+    HideFailing();
+    Show(appearing);
     return true;
 }
 
@@ -198,8 +248,9 @@ auto EntryList::Before() const {
     };
 }
 
-void EntryList::SetFilter(const QString& words) {
+void EntryList::SetFilter(const QString& words, const QString& state) {
     beginResetModel();
+    filterState = state;
     filter = words.toCaseFolded().split(u' ', Qt::SkipEmptyParts);
     shown.clear();
     std::copy_if(rows.begin(), rows.end(), std::back_inserter(shown),
@@ -214,6 +265,10 @@ int EntryList::PlaceOf(std::int64_t id) const {
     return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
 }
 
+bool EntryList::IsGone(std::int64_t id) const {
+    return std::none_of(rows.begin(), rows.end(), [id](const auto& row) { return row->id == id; });
+}
+
 int EntryList::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(shown.size());
 }
@@ -223,13 +278,12 @@ int EntryList::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant EntryList::data(const QModelIndex& index, int role) const {
-    const EntryRow& row = RowAt(index.row());
+    const EntryRow& row = *RowAt(index.row());
+    if (role == Qt::ToolTipRole) return TipOf(row, index.column());
     const QString& text = row.texts[static_cast<std::size_t>(index.column())];
-    const bool isState = index.column() == EntryRow::State;
-    if (role == Qt::ToolTipRole && isState && !row.reason.isEmpty()) return text + u": "_s + row.reason;
     if (role == Qt::AccessibleTextRole && index.column() == EntryRow::Name) return SpokenRow(row);
-    if (role == Qt::ForegroundRole && isState) return ColorOf(text);
-    return role == Qt::DisplayRole || role == Qt::ToolTipRole ? text : QVariant();
+    if (role == Qt::ForegroundRole && index.column() == EntryRow::State) return ColorOf(text);
+    return role == Qt::DisplayRole ? text : QVariant();
 }
 
 QVariant EntryList::headerData(int section, Qt::Orientation orientation, int role) const {

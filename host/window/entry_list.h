@@ -14,11 +14,27 @@ namespace NolSchedCtls {
 
 // What the list shows of one entry.
 struct EntryRow {
-    enum Column { Id, Name, Group, Sentence, NextRun, State, Overrides, Start, End, columnCount };
+    enum Column {
+        Id,
+        Name,
+        Group,
+        Sentence,
+        NextRun,
+        State,
+        Time,
+        Except,
+        Overrides,
+        Start,
+        End,
+        Saved,
+        columnCount
+    };
 
     std::int64_t id = 0;
     DateTime start = 0;
     DateTime end = 0;
+    DateTime savedAt = 0;
+    bool isActive = false;
     std::array<QString, columnCount> texts = {};
     QString searched = {};                  // all texts, their case folded
     std::optional<Schedule> schedule = {};  // none of an entry that has no runs, whatever its fields say
@@ -47,17 +63,18 @@ class EntryList : public QAbstractTableModel {
     void Remove(std::int64_t id);
     // Tells of each entry whose next run has come what comes after it. False if there is none.
     bool Advance(DateTime now);
-    // Shows the rows that hold each of the words somewhere. Resets the model.
-    void SetFilter(const QString& words);
+    // Shows the rows that hold each of the words somewhere, and are in that state, if there is one. Resets
+    // the model.
+    void SetFilter(const QString& words, const QString& state = {});
     // Where a row stands out of its order.
     void Sort();
 
     const EntryRows& All() const { return rows; }
-    const EntryRow& RowAt(int place) const { return *shown[static_cast<std::size_t>(place)]; }
-    EntryRows RowsAt(int first, int last) const { return {shown.begin() + first, shown.begin() + last + 1}; }
+    const EntryRows::value_type& RowAt(int place) const { return shown[static_cast<std::size_t>(place)]; }
     std::size_t Size() const { return rows.size(); }
-    std::int64_t IdAt(int place) const { return RowAt(place).id; }
+    std::int64_t IdAt(int place) const { return RowAt(place)->id; }
     int PlaceOf(std::int64_t id) const;  // -1 for a row that is not shown
+    bool IsGone(std::int64_t id) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -65,12 +82,18 @@ class EntryList : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     void sort(int column, Qt::SortOrder order) override;
 
+  Q_SIGNALS:
+    // A row that was shown has changed and no longer passes the filter.
+    void Left(const QString& name);
+
   private:
     using RowPointer = std::shared_ptr<const EntryRow>;
     static constexpr DateTime never = std::numeric_limits<DateTime>::infinity();
 
     bool Passes(const EntryRow& row) const;
     void Show(const EntryRows& added);
+    void Hide(int place);
+    void HideFailing();
     auto Before() const;
     void Order();
     void Await(const EntryRow& row);
@@ -79,6 +102,7 @@ class EntryList : public QAbstractTableModel {
     EntryRows shown;
     DateTime due = never;  // when the first of the next runs comes
     QStringList filter;
+    QString filterState;
     int sortColumn = EntryRow::Id;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;
 };

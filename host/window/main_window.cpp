@@ -2,25 +2,20 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
 #include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
-#include <QStyledItemDelegate>
-#include <QTableView>
-#include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
 
-#include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
 #include "host/window/accessibility.h"
 #include "host/window/appearance.h"
+#include "host/window/group_choice.h"
 #include "host/window/outlook_pane.h"
 #include "host/window/outlook_splitter.h"
 #include "host/window/qt_text.h"
@@ -30,24 +25,12 @@ namespace NolSchedCtls {
 namespace {
 
 constexpr int blinkMilliseconds = 300;
-constexpr int filterMilliseconds = 150;
+constexpr int millisecondsShown = 20'000;
 constexpr int watchMilliseconds = 1000;
 constexpr int troubledWatchMilliseconds = 10'000;
 constexpr std::size_t mostReloaded = 50;  // entries one by one; of more the list is loaded anew
 
 double HourOf(DateTime moment) { return std::floor(moment * hoursOfDay); }
-
-// The choice is a whole row; no cell of it is marked on its own.
-class RowDelegate : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-  protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->state.setFlag(QStyle::State_HasFocus, false);
-    }
-};
 
 }  // namespace
 
@@ -59,17 +42,16 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
       watch(workspace.Store()) {
     setWindowTitle(u"Schedule Entries - %1"_s.arg(ToQt(workspace.Store().Name())));
     FitToScreen(*this, {1240, 860});
-    MakeFilter();
-    MakeTable();
-    MakeActions();
-    MakePane();
+    MakeParts();
+    MakeActs();
+    MakeMenus();
     MakeStatus();
     connect(&loader, &EntryLoader::Progress, this, &MainWindow::ShowProgress);
     connect(&loader, &EntryLoader::Finished, this, [this] {
         progress->hide();
         ShowCount();
         ShowTroubles();
-        SelectOrFirst(CurrentRowId() == 0 ? wantedId : CurrentRowId());
+        table->ChooseOrFirst(table->CurrentId() == 0 ? wantedId : table->CurrentId());
         ShowOutlook();
     });
     connect(&watchTimer, &QTimer::timeout, this, &MainWindow::FollowOthers);
@@ -81,120 +63,37 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
 
 MainWindow::~MainWindow() { qDeleteAll(editors); }
 
-void MainWindow::MakeActions() {
-    struct Command {
-        const char* text;
-        const char* shortcut;
-        const char* tip;
-        void (MainWindow::*run)();
-        bool isForEntry;
-        bool isInToolBar;
-    };
-    static constexpr Command commands[] = {
-        {"&New", "Ctrl+N", "Makes a scheduled entry", &MainWindow::New, false, true},
-        {"New &Immediate", "Ctrl+Shift+N", "Makes an entry that runs at once", &MainWindow::NewImmediate,
-         false, true},
-        {"&Edit", "Ctrl+E", "Opens the chosen entry (also Enter, or a double click)", &MainWindow::Edit, true,
-         true},
-        {"&Duplicate", "Ctrl+D", "Opens a copy of the chosen entry", &MainWindow::Duplicate, true, true},
-        {"De&lete", "Del", "Deletes the chosen entry", &MainWindow::Delete, true, true},
-        {"&Find", "Ctrl+F", "Goes to the filter", &MainWindow::FindEntry, false, false},
-        {"Choose N&one", "Ctrl+Shift+A", "Shows the runs of all entries", &MainWindow::ChooseNone, false,
-         false},
-        {"&Refresh", "F5", "Reads the list anew", &MainWindow::Refresh, false, false},
-        {"&Quit", "Ctrl+Q", "Closes all windows", &MainWindow::Quit, false, false},
-    };
-
-    QMenu* const menu = menuBar()->addMenu(u"&Entry"_s);
-    QToolBar* const bar = addToolBar(u"Entry"_s);
-    bar->setObjectName(u"entryBar"_s);
-    bar->setMovable(false);
-    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    for (const Command& command : commands) {
-        auto* const action = new QAction(QString::fromUtf8(command.text), this);
-        action->setShortcut(QKeySequence(QString::fromUtf8(command.shortcut)));
-        action->setStatusTip(QString::fromUtf8(command.tip));
-        action->setToolTip(action->statusTip());  // described so to a screen reader
-        connect(action, &QAction::triggered, this, [this, &command] { (this->*command.run)(); });
-        menu->addAction(action);
-        if (command.isInToolBar) bar->addAction(action);
-        if (command.isForEntry) entryActions.append(action);
-    }
-    auto* const spacer = new QWidget(bar);
-    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    bar->addWidget(spacer);
-    bar->addWidget(filter);
-}
-
-void MainWindow::MakeFilter() {
-    filter = new QLineEdit(this);
-    filter->setPlaceholderText(u"Filter"_s);
-    Explain(*filter, u"Filter"_s, u"Shows the entries that hold all of these words."_s);
-    filter->setClearButtonEnabled(true);
-    filter->setFixedWidth(filter->fontMetrics().averageCharWidth() * 36);
-    filterDelay.setSingleShot(true);
-    filterDelay.setInterval(filterMilliseconds);
-    connect(filter, &QLineEdit::textChanged, &filterDelay, qOverload<>(&QTimer::start));
-    connect(&filterDelay, &QTimer::timeout, this, &MainWindow::ApplyFilter);
-    connect(filter, &QLineEdit::returnPressed, this, [this] { table->setFocus(); });
-}
-
-void MainWindow::MakeTable() {
-    table = new QTableView(this);
-    table->setModel(&list);
-    table->setItemDelegate(new RowDelegate(table));
-    Explain(*table, u"Entries"_s, u"The entries; Enter opens the chosen one."_s);
-    table->setSelectionBehavior(QTableView::SelectRows);
-    table->setSelectionMode(QTableView::ExtendedSelection);
-    table->setEditTriggers(QTableView::NoEditTriggers);
-    table->setAlternatingRowColors(true);
-    table->setShowGrid(false);
-    table->setTabKeyNavigation(false);
-    table->setWordWrap(false);
-    table->setFrameShape(QFrame::NoFrame);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 9 / 5);
-    QHeaderView* const header = table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setMinimumHeight(table->verticalHeader()->defaultSectionSize());
-    header->setSortIndicator(EntryRow::Id, Qt::AscendingOrder);
-    const int character = table->fontMetrics().averageCharWidth();
-    constexpr int widths[] = {8, 22, 17, 48, 23, 20, 24, 14};
-    for (int column = 0; column < EntryRow::End; ++column)
-        table->setColumnWidth(column, character * widths[column]);
-    header->setStretchLastSection(true);
-    table->setSortingEnabled(true);
-    connect(table, &QTableView::activated, this, &MainWindow::Edit);
-    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &MainWindow::ShowSelection);
-    hint = new QLabel(table);
-    hint->setAlignment(Qt::AlignCenter);
-    hint->setEnabled(false);
-    auto* const over = new QVBoxLayout(table);
-    over->addWidget(hint);
-    hint->setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void MainWindow::MakePane() {
-    auto* const splitter = new OutlookSplitter(*MakeOutlookAction(), this);
+// The filter stands over the list, not in the tool bar, which can be hidden and hides what has no place.
+void MainWindow::MakeParts() {
+    auto* const splitter = new OutlookSplitter(*(outlook = new QAction(u"&Outlook"_s, this)), this);
+    auto* const left = new QWidget(splitter);
+    left->setMinimumWidth(1);  // the window may become narrow: the pane goes first then
+    auto* const column = new QVBoxLayout(left);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(filter = new FilterBar(left));
+    column->addWidget(table = new EntryTable(list, left));
     pane = new OutlookPane(splitter);
-    splitter->addWidget(table);
+    splitter->addWidget(left);
     splitter->addWidget(pane);
     splitter->setStretchFactor(0, 1);
     splitter->setSizes({width(), pane->fontMetrics().averageCharWidth() * 56});
     setCentralWidget(splitter);
+    connect(filter, &FilterBar::Changed, this, &MainWindow::ApplyFilter);
+    connect(filter, &FilterBar::Accepted, table, qOverload<>(&QWidget::setFocus));
+    connect(&list, &EntryList::Left, this, [this](const QString& name) { departed.append(name); });
+    connect(table, &QTableView::activated, this, &MainWindow::Edit);
+    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &MainWindow::ShowSelection);
     connect(pane, &OutlookPane::Opened, this, &MainWindow::OpenEntry);
     choiceDelay.setSingleShot(true);
     connect(&choiceDelay, &QTimer::timeout, this, &MainWindow::ShowChosen);
 }
 
-QAction* MainWindow::MakeOutlookAction() {
-    QAction* const outlook = menuBar()->addMenu(u"&View"_s)->addAction(u"&Outlook"_s);
-    outlook->setShortcut(QKeySequence(u"F9"_s));
-    outlook->setStatusTip(u"Shows when the entries run, beside the list"_s);
-    outlook->setCheckable(true);
-    outlook->setChecked(true);
-    return outlook;
+void MainWindow::MakeActs() {
+    acts = std::make_unique<RowActs>(workspace, dialogs, *table);
+    acts->isOpen = [this](std::int32_t id) { return EditorOf(id) != nullptr; };
+    connect(acts.get(), &RowActs::Changed, this, &MainWindow::ShowActed);
 }
 
 void MainWindow::MakeStatus() {
@@ -232,10 +131,9 @@ void MainWindow::ShowCount() {
     count->setText(visible == all
                        ? u"%1 entries"_s.arg(locale.toString(all))
                        : u"%1 of %2 entries"_s.arg(locale.toString(visible), locale.toString(all)));
-    hint->setVisible(visible == 0 && !loader.IsLoading());
-    hint->setText(all == 0 ? u"There are no entries yet. Press Ctrl+N to make one."_s
-                           : u"No entry holds all of these words."_s);
-    Describe(*table, !hint->isHidden() ? hint->text() : table->whatsThis());
+    const QString hint = all == 0 ? u"There are no entries yet. Press Ctrl+N to make one."_s
+                                  : u"No entry passes the filter."_s;
+    table->ShowHint(visible == 0 && !loader.IsLoading() ? hint : QString());
 }
 
 // A holiday that is none of a calendar's days lets entries run on the day that was meant.
@@ -247,18 +145,13 @@ void MainWindow::ShowTroubles() {
 }
 
 void MainWindow::ShowSelection() {
-    for (QAction* action : entryActions) action->setEnabled(CurrentId() != 0);
-    if (table->selectionModel()->hasSelection()) isNoneChosen = false;
+    const EntryRows chosen = table->ChosenRows();
+    const auto isActive = [](const auto& row) { return row->isActive; };
+    const auto active = std::count_if(chosen.begin(), chosen.end(), isActive);
+    const bool can[] = {true,       table->OnlyId() != 0,        !chosen.empty(),
+                        active > 0, active < std::ssize(chosen), acts->CanUndoDelete()};
+    for (const auto& [action, need] : actions) action->setEnabled(can[static_cast<std::size_t>(need)]);
     choiceDelay.start(0);
-}
-
-EntryRows MainWindow::ChosenRows() const {
-    EntryRows chosen;
-    for (const QItemSelectionRange& range : table->selectionModel()->selection()) {
-        const EntryRows rows = list.RowsAt(range.top(), range.bottom());
-        chosen.insert(chosen.end(), rows.begin(), rows.end());
-    }
-    return chosen;
 }
 
 QString MainWindow::ChosenText(const EntryRows& chosen) const {
@@ -271,7 +164,7 @@ QString MainWindow::ChosenText(const EntryRows& chosen) const {
 }
 
 void MainWindow::ShowChosen() {
-    const EntryRows chosen = ChosenRows();
+    const EntryRows chosen = table->ChosenRows();
     if (chosen.empty() && loader.IsLoading()) return;  // not yet all
     pane->ShowChosen(chosen.empty() ? list.All() : chosen, ChosenText(chosen));
 }
@@ -285,50 +178,16 @@ void MainWindow::ShowOutlook() {
 // A run that has come is no longer the next one.
 void MainWindow::FollowClock() {
     const DateTime now = Clock().Now();
-    if (list.Advance(now)) {
-        list.Sort();
-        choiceDelay.start(0);
-    }
+    if (list.Advance(now)) ShowRows();
     if (HourOf(now) != shownHour) ShowOutlook();
 }
 
 void MainWindow::ApplyFilter() {
-    const std::int64_t current = CurrentRowId();
-    list.SetFilter(filter->text());
-    SelectOrFirst(current);
-    ShowCount();
-}
-
-std::int64_t MainWindow::CurrentRowId() const {
-    const QModelIndex current = table->currentIndex();
-    return current.isValid() ? list.IdAt(current.row()) : 0;
-}
-
-std::int32_t MainWindow::CurrentId() const {
-    const QItemSelection chosen = table->selectionModel()->selection();
-    if (chosen.size() != 1 || chosen.front().height() != 1) return 0;
-    const std::int64_t id = list.IdAt(chosen.front().top());
-    return std::in_range<std::int32_t>(id) ? static_cast<std::int32_t>(id) : 0;
-}
-
-void MainWindow::SelectEntry(std::int64_t id) {
-    const int place = list.PlaceOf(id);
-    using Model = QItemSelectionModel;  // the table's own way obeys the keys that are held down
-    if (place >= 0)
-        table->selectionModel()->setCurrentIndex(list.index(place, EntryRow::Name),
-                                                 Model::ClearAndSelect | Model::Rows);
+    const std::int64_t current = table->CurrentId();
+    list.SetFilter(filter->Words(), filter->State());
+    table->ChooseOrFirst(current);
     ShowSelection();
-}
-
-void MainWindow::SelectOrFirst(std::int64_t id) {
-    const bool isNoneWanted = isNoneChosen;
-    SelectEntry(list.PlaceOf(id) < 0 && list.rowCount() > 0 ? list.IdAt(0) : id);
-    if (isNoneWanted) ChooseNone();
-}
-
-void MainWindow::ChooseNone() {
-    table->clearSelection();
-    isNoneChosen = true;
+    ShowCount();
 }
 
 void MainWindow::Reload(std::int32_t id) {
@@ -336,16 +195,55 @@ void MainWindow::Reload(std::int32_t id) {
     ShowChanges();
 }
 
-void MainWindow::ShowChanges() {
+void MainWindow::ShowRows() {
     list.Sort();
     ShowCount();
-    if (!table->selectionModel()->hasSelection()) SelectOrFirst(CurrentRowId());
+    if (!table->selectionModel()->hasSelection()) table->ChooseOrFirst(table->CurrentId());
+    ShowSelection();
+}
+
+void MainWindow::ShowChanges(const QString& done) {
+    ShowRows();
     ShowOutlook();
+    Tell({done, TakeDeparted()});
+}
+
+void MainWindow::Tell(QStringList texts) {
+    texts.removeAll(QString());
+    if (texts.empty()) return;
+    statusBar()->showMessage(texts.join(u' '), millisecondsShown);
+    Announce(*this, texts.join(u' '));
+}
+
+// A row that has gone from under the eyes would look lost.
+QString MainWindow::TakeDeparted() {
+    const QStringList names = std::exchange(departed, {});
+    if (names.empty()) return {};
+    const QString who = names.size() == 1 ? u"\"%1\""_s.arg(names.front())
+                                          : u"%1 entries"_s.arg(QLocale().toString(names.size()));
+    return u"No longer in the list: %1."_s.arg(who);
+}
+
+void MainWindow::ShowActed(const std::vector<std::int32_t>& ids, const QString& done) {
+    if (ids.size() > mostReloaded) {
+        Refresh();
+        Tell({done});
+    } else {
+        const bool isRead = Succeeds([&] {
+            for (const std::int32_t id : ids) loader.Reload(id);
+        });
+        ShowChanges(done);
+        if (isRead && ids.size() == 1) table->Choose(ids.front());
+    }
+    if (loader.IsLoading()) return;  // it is not known yet which are gone
+    for (const std::int32_t id : ids)
+        if (EntryEditor* const editor = EditorOf(id))
+            if (list.IsGone(id) && !editor->isWindowModified()) editor->close();
 }
 
 // Without a word to the user but in the status bar: they have asked for nothing.
 void MainWindow::FollowOthers() {
-    if (loader.IsLoading()) return;
+    if (loader.IsLoading() || acts->IsBusy()) return;
     const Patience::Short isShort(patience);
     int interval = watchMilliseconds;
     try {
@@ -376,7 +274,7 @@ EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>(
     editors.append(editor);
     connect(editor, &EntryEditor::Saved, this, [this](int id) {
         Reload(id);
-        SelectEntry(id);
+        table->Choose(id);
         TellSaved(id);
     });
     editor->show();
@@ -384,18 +282,16 @@ EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>(
 }
 
 void MainWindow::TellSaved(std::int32_t id) {
-    constexpr int millisecondsShown = 20'000;
     const int place = list.PlaceOf(id);
-    if (place < 0) return Announce(*this, u"Saved"_s);
-    const EntryRow& row = list.RowAt(place);
-    if (!IsTrouble(row.texts[EntryRow::State])) return Announce(*this, u"Saved"_s);
-    const QString text = u"Saved. "_s + ChosenText(list.RowsAt(place, place));
-    statusBar()->showMessage(text, millisecondsShown);
-    Announce(*this, text);
+    const bool isShown = place >= 0 && IsTrouble(list.RowAt(place)->texts[EntryRow::State]);
+    if (!isShown) return Announce(*this, u"Saved"_s);
+    Tell({u"Saved."_s, ChosenText({list.RowAt(place)})});
 }
 
 EntryEditor* MainWindow::EditorOf(std::int32_t id) const {
-    const auto isOfEntry = [id](const auto& editor) { return editor && editor->Session().Record().Id == id; };
+    const auto isOfEntry = [id](const auto& editor) {
+        return editor && editor->isVisible() && editor->Session().Record().Id == id;
+    };
     const auto found = std::find_if(editors.begin(), editors.end(), isOfEntry);
     return found == editors.end() ? nullptr : *found;
 }
@@ -421,66 +317,39 @@ EntryEditor* MainWindow::OpenNew() {
 // The group of an immediate entry stands from the start: its page offers none to pick.
 void MainWindow::NewImmediate() {
     Open([this]() -> std::unique_ptr<EntrySession> {
-        const auto groups =
-            CaddisStore().DocumentsOfType(DocumentTypes().TypeByName(MAppConstants::nolGroup));
-        if (groups.empty()) throw RequestError("There is no study group to run; make one first.");
-        QStringList names;
-        for (const auto& group : groups) names.append(ToQt(group->Name));
-        const QString chosen =
-            dialogs.choose(this, u"New Immediate Entry"_s, u"Study group to run:"_s, names, 0);
-        const qsizetype place = names.indexOf(chosen);
-        if (place < 0) return nullptr;
-        const auto groupId = groups[static_cast<std::size_t>(place)]->Id;
+        const auto group = ChooseGroup(this, dialogs, u"New Immediate Entry"_s, u"Study group to run:"_s);
+        if (!group) return nullptr;
         return std::make_unique<EntrySession>(workspace,
-                                              EntrySession::NewEntry{true, groupId, "New Immediate Entry"});
+                                              EntrySession::NewEntry{true, group->id, "New Immediate Entry"});
     });
 }
 
 void MainWindow::Edit() {
-    if (const std::int32_t id = CurrentId()) OpenEntry(id);
+    if (const std::int32_t id = table->OnlyId()) OpenEntry(id);
 }
 
 void MainWindow::Duplicate() {
-    const EntrySession::CopyOf original{CurrentId()};
-    if (original.id != 0) Open([&] { return std::make_unique<EntrySession>(workspace, original); });
-}
-
-bool MainWindow::Confirm(std::int32_t id) {
-    const QModelIndex row = list.index(list.PlaceOf(id), EntryRow::Name);
-    using Box = QMessageBox;
-    return dialogs.ask(this, {u"Delete Entry"_s,
-                              u"Do you want to delete the entry \"%1\"?"_s.arg(row.data().toString()),
-                              Box::Yes | Box::Cancel, Box::Cancel}) == Box::Yes;
-}
-
-void MainWindow::Delete() {
-    const std::int32_t id = CurrentId();
-    if (id == 0 || !Confirm(id)) return;
-    Succeeds([&] { workspace.Entries().Delete(id); });
-    Reload(id);
+    const EntrySession::CopyOf original{table->OnlyId()};
+    if (original.id == 0) return acts->Duplicate();
+    Open([&] { return std::make_unique<EntrySession>(workspace, original); });
 }
 
 void MainWindow::Refresh() {
-    wantedId = CurrentRowId();
+    wantedId = table->CurrentId();
     loader.Start();
     blink.start();
     for (const auto& editor : editors)
         if (editor) editor->RereadOutlook();
 }
 
-void MainWindow::FindEntry() {
-    filter->setFocus(Qt::ShortcutFocusReason);
-    filter->selectAll();
-}
-
 void MainWindow::RestoreLayout(const QSettings& settings) {
     restoreGeometry(settings.value(u"geometry"_s).toByteArray());
-    table->horizontalHeader()->restoreState(settings.value(u"listColumns"_s).toByteArray());
+    table->RestoreColumns(settings);
 }
 
 void MainWindow::SaveLayout(QSettings& settings) const {
     settings.setValue(u"geometry"_s, saveGeometry());
-    settings.setValue(u"listColumns"_s, table->horizontalHeader()->saveState());
+    table->SaveColumns(settings);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -4,19 +4,22 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
+#include <span>
 
 #include "host/entries/entry_watch.h"
 #include "host/window/dialogs.h"
 #include "host/window/entry_editor.h"
 #include "host/window/entry_list.h"
 #include "host/window/entry_loader.h"
+#include "host/window/entry_table.h"
+#include "host/window/filter_bar.h"
 #include "host/window/patience.h"
+#include "host/window/row_acts.h"
 
 class QLabel;
-class QLineEdit;
 class QProgressBar;
 class QSettings;
-class QTableView;
+class QToolBar;
 
 namespace NolSchedCtls {
 
@@ -40,7 +43,7 @@ class MainWindow : public QMainWindow {
     bool IsLoading() const { return loader.IsLoading(); }
     OutlookPane& Pane() { return *pane; }
     // The outlook is then that of all entries.
-    void ChooseNone();
+    void ChooseNone() { table->ChooseNone(); }
     // Reads the list anew; the open editors follow what the store keeps beside the entries.
     void Refresh();
 
@@ -48,42 +51,44 @@ class MainWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void MakeActions();
-    void MakeTable();
-    void MakeFilter();
-    void MakePane();
-    QAction* MakeOutlookAction();
+    // What an action needs to be of use.
+    enum class Need { Nothing, OneChosen, SomeChosen, ActiveChosen, PausedChosen, Deletion };
+    struct Command;
+    struct NeedyAction {
+        QAction* action;
+        Need need;
+    };
+
+    void MakeParts();
+    void MakeActs();
+    void MakeMenus();
+    void MakeMenu(const QString& title, std::span<const Command> commands, QToolBar& bar);
+    void MakeViewMenu(QToolBar& bar);
     void MakeStatus();
-    void New() { OpenNew(); }
     void NewImmediate();
     void Edit();
     void Duplicate();
-    void Delete();
-    void FindEntry();
-    void Quit() { close(); }
     void ShowCount();
     void ShowTroubles();
     void ShowProgress(int loaded, int total);
     void ShowSelection();
     void ApplyFilter();
-    EntryRows ChosenRows() const;
     QString ChosenText(const EntryRows& chosen) const;
     void ShowChosen();
     void ShowOutlook();
     void FollowClock();
     void TellSaved(std::int32_t id);
-    // Nothing if no session came of it: the user has changed their mind, or has been told of a failure.
     EntryEditor* EditorOf(std::int32_t id) const;  // nothing if it is not open
+    // Nothing if no session came of it: the user has changed their mind, or has been told of a failure.
     EntryEditor* Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession);
-    std::int64_t CurrentRowId() const;  // 0 for none
-    std::int32_t CurrentId() const;     // of the one that is chosen; 0 for one that no record can have
-    void SelectEntry(std::int64_t id);
-    void SelectOrFirst(std::int64_t id);  // the first one if that one is not shown
     void Reload(std::int32_t id);
-    void ShowChanges();
+    void ShowRows();
+    void ShowChanges(const QString& done = {});
     void FollowOthers();
     void Show(const std::vector<EntryChange>& changes);
-    bool Confirm(std::int32_t id);
+    void ShowActed(const std::vector<std::int32_t>& ids, const QString& done);
+    QString TakeDeparted();
+    void Tell(QStringList texts);  // in the status bar
 
     Workspace& workspace;
     Dialogs dialogs;
@@ -92,20 +97,20 @@ class MainWindow : public QMainWindow {
     EntryLoader loader;
     EntryWatch watch;
     QTimer watchTimer;
-    QTimer filterDelay;
     QTimer choiceDelay;
     double shownHour = 0;       // from which on the week load tells what is busiest
     QTimer blink;               // the progress bar shows when it ends
     std::int64_t wantedId = 0;  // to choose when the list is loaded
-    bool isNoneChosen = false;  // by the user's wish
-    QTableView* table = nullptr;
-    QLineEdit* filter = nullptr;
+    QStringList departed;       // the list since the filter's last word
+    EntryTable* table = nullptr;
+    FilterBar* filter = nullptr;
+    std::unique_ptr<RowActs> acts;
     OutlookPane* pane = nullptr;
+    QAction* outlook = nullptr;  // shows the pane
     QLabel* count = nullptr;
     QLabel* troubles = nullptr;
-    QLabel* hint = nullptr;
     QProgressBar* progress = nullptr;
-    QList<QAction*> entryActions;  // need a chosen entry
+    std::vector<NeedyAction> actions;
     QList<QPointer<EntryEditor>> editors;
 };
 

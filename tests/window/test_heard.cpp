@@ -71,7 +71,7 @@ TEST_F(Windows, RowsHoursAndDaysAreHeardWhole) {
         return HeardAt(table->tableInterface()->cellAt(row, column));
     };
     EXPECT_EQ(
-        cell(QAccessible::queryAccessibleInterface(window.findChild<QTableView*>()), 0, EntryRow::Name),
+        cell(QAccessible::queryAccessibleInterface(window.findChild<EntryTable*>()), 0, EntryRow::Name),
         "Nightly, North Cells: Daily every 2 day(s). Scheduled, next run 3/2/2026 2:00 AM. Overrides: HOM");
     EXPECT_EQ(cell(QAccessible::queryAccessibleInterface(window.findChild<QTableWidget*>()), 2, 2),
               "Wed Mar 4 2:00 AM: 1 run - North Cells 1");

@@ -50,7 +50,7 @@ class Lists : public Windows {
     }
 
     MainWindow window{workspace, dialogs};
-    QTableView* table = window.findChild<QTableView*>();
+    QTableView* table = window.findChild<EntryTable*>();
     QAbstractItemModelTester tester{table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -62,14 +62,14 @@ TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
     Activate(window);
     Walk({{"Home", "120 entries: Entry 1, Entry 2, Entry 3"}});
     table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);
-    Walk({{"F5", "120 entries: Entry 99, Entry 98, Entry 97"},
-          {"Ctrl+F'once ENTRY 7 3/2/2026 north", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
-          {"Return", "21 of 120 entries: *Entry 97, Entry 87, Entry 79"},
-          {"Down, Down, F5", "21 of 120 entries: Entry 97, Entry 87, *Entry 79"},
-          {"Ctrl+F'7 9", "2 of 120 entries: Entry 97, *Entry 79"},
-          {"Ctrl+F'x", "0 of 120 entries: No entry holds all of these words."}});
+    Walk({{"F5", "120 entries: *Entry 120, Entry 119, Entry 118"},
+          {"Ctrl+F'once ENTRY 7 3/2/2026 north", "21 of 120 entries: *Entry 117, Entry 107, Entry 97"},
+          {"Return", "21 of 120 entries: *Entry 117, Entry 107, Entry 97"},
+          {"Down, Down, F5", "21 of 120 entries: Entry 117, Entry 107, *Entry 97"},
+          {"Ctrl+F'7 9", "2 of 120 entries: *Entry 97, Entry 79"},
+          {"Ctrl+F'x", "0 of 120 entries: No entry passes the filter."}});
     spared = 1;
-    Walk({{"F5", "The store fails.\n0 of 50 entries: No entry holds all of these words.", "LIMIT"}});
+    Walk({{"F5", "The store fails.\n0 of 50 entries: No entry passes the filter.", "LIMIT"}});
 }
 
 TEST_F(Lists, FollowWhatOthersDo) {
@@ -82,10 +82,12 @@ TEST_F(Lists, FollowWhatOthersDo) {
         store.Sql("UPDATE NOL_Schedule SET Version = Version + 1, EditorName = " + changed);
         return QTest::qWaitFor([&] { return InFront() == trace; });
     };
-    EXPECT_TRUE(shows("'x' || char(8238) WHERE Id = 2", "60 entries: *x\\u202e, E9, E8")) << InFront();
-    EXPECT_TRUE(shows("'z' WHERE Id = 5", "60 entries: z, *x\\u202e, E9")) << InFront();
-    Walk({{"Ctrl+F'y", "0 of 60 entries: No entry holds all of these words."}});
+    EXPECT_TRUE(shows("'x' || char(8238) WHERE Id = 2", "60 entries: *x\\u202e, E60, E59")) << InFront();
+    EXPECT_TRUE(shows("'z' WHERE Id = 5", "60 entries: z, *x\\u202e, E60")) << InFront();
+    Walk({{"Ctrl+F'y", "0 of 60 entries: No entry passes the filter."}});
     EXPECT_TRUE(shows("'y' WHERE Id = 3", "1 of 60 entries: *y")) << InFront();
+    EXPECT_TRUE(shows("'b' WHERE Id = 3", "0 of 60 entries: No entry passes the filter.")) << InFront();
+    EXPECT_EQ(window.statusBar()->currentMessage(), u"No longer in the list: \"b\"."_s);
     store.Sql("DELETE FROM NOL_Schedule WHERE Id = 3");
     EXPECT_TRUE(shows("'yy' WHERE Id = 4", "1 of 59 entries: *yy")) << InFront();
     EXPECT_TRUE(shows("(99 - Id) || 'y'", "59 entries: 98y, 97y, *95y")) << InFront();
@@ -145,7 +147,9 @@ TEST_F(Lists, SortByEachColumn) {
     store.Sql(
         "UPDATE NOL_Schedule SET RptGrpId = 4 - Id, ScheduleActive = substr('YNY', Id, 1), Periodicity = "
         "substr('ODH', Id, 1), "
-        "FirstDateTime = substr('2026-10-012027-01-052026-03-02', Id * 10 - 9, 10), "
+        "FirstDateTime = substr('2026-10-01 09:302027-01-05 22:152026-03-02 07:45', Id * 16 - 15, 16), "
+        "IncludeSundays = substr('YNY', Id, 1), IncludeHolidays = substr('YYN', Id, 1), "
+        "SavedAt = substr('2026-03-022026-02-022026-04-02', Id * 10 - 9, 10), "
         "FinalDateTime = substr('2030-01-012029-12-312036-12-31', Id * 10 - 9, 10)");
     Walk({{"F5", "3 entries: *b, A, C"}});
     QString orders;
@@ -153,16 +157,97 @@ TEST_F(Lists, SortByEachColumn) {
         table->sortByColumn(sorting / 2, sorting % 2 == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
         for (int row : {0, 1, 2}) orders += table->model()->index(row, EntryRow::Id).data().toString();
     }
-    EXPECT_EQ(orders.toStdString(), "123321213312132231231132312213213132231132312213213312");
+    EXPECT_EQ(orders.toStdString(),
+              "123321213312132231231132312213213132312213132231231132312213213312213312");
+}
+
+TEST_F(Lists, ActOnSeveralRowsAllOrNone) {
+    for (const char* name : {"A 10", "A 2", "C"}) Store(name);
+    store.Sql("ALTER TABLE NOL_Schedule ADD COLUMN \"My \"\"note\" TEXT");
+    store.Sql("UPDATE NOL_Schedule SET \"My \"\"note\" = 'it''s ' || Id, ScheduleActive = 'Y'");
+    store.Sql("INSERT INTO NOL_Override (NOL_OverrideId, Type, Duration) VALUES (1, 'PLM Study', 60)");
+    const std::string before = store.Dump();
+    store.Sql("CREATE TABLE Kept AS SELECT * FROM NOL_Schedule WHERE Id = 2");
+    window.OpenEntry(2);
+    Activate(window);
+    Walk({{"F5", "3 entries: *A 10, A 2, C"}});
+    table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);  // the one that is refused comes last
+    choice = 2;
+    struct Act {
+        const char* keys;
+        std::string told;         // also in the status bar
+        std::string rows;         // group, whether active, first run of each; all else is as before for "."
+        const char* change = "";  // by others, before
+        QMessageBox::StandardButton answer = QMessageBox::Yes;
+    };
+    const std::string asks = "Do you want to delete 3 entries?", second = "The entry 2 \"A 2\": ";
+    const std::string open = " One of them is open in an editor.\n", paused = "1|N|2026-03-02 00:00:00\n";
+    const std::string active = "1|Y|2026-03-02 00:00:00\n";
+    const std::string deleted = "Deleted 3 entries; Ctrl+Z brings back what is gone.";
+    const std::string moved = "2|Y|2026-03-02 00:00:00\n", late = "2|Y|2026-03-12 05:00:00\n";
+    const auto thrice = [](const std::string& row) { return row + row + row; };
+    const Act acts[] = {
+        {"Ctrl+A, Del", asks + open, ".", "", QMessageBox::Cancel},
+        {"Del", asks + open + deleted, ""},
+        {"Ctrl+Z", "Brought back 3 entries.", "."},
+        {"Ctrl+A, Del", asks + '\n' + deleted, ""},
+        {"Ctrl+Z", second + "its Id is that of the entry \"A 2\" meanwhile.\n", active,
+         "INSERT INTO NOL_Schedule SELECT * FROM Kept"},
+        {"Ctrl+Z", "Brought back 3 entries.", ".", "DELETE FROM NOL_Schedule"},
+        {"Ctrl+Z", "", "."},
+        {"Ctrl+A, Ctrl+P", "Do you want to pause 3 entries?\n", ".", "", QMessageBox::Cancel},
+        {"Ctrl+P", "Do you want to pause 3 entries?\nPaused 3 entries.", thrice(paused)},
+        {"Ctrl+Shift+P", "Do you want to activate 3 entries?\nActivated 3 entries.", thrice(active)},
+        {"Ctrl+G", second + "its study group stays as it was made.\n", thrice(active),
+         "UPDATE NOL_Schedule SET RunMode = 'I' WHERE Id = 2"},
+        {"Ctrl+G", "Changed the group of 3 entries.", thrice(moved),
+         "UPDATE NOL_Schedule SET RunMode = 'S' WHERE Id = 2"},
+        {"Ctrl+T", "Shifted the start of 3 entries.", thrice(late)},
+        {"Ctrl+T", second + "Start Date is after End Date.  Report group can never be run\n", thrice(late),
+         "UPDATE NOL_Schedule SET Periodicity = 'D', FinalDateTime = '2026-03-15 00:00:00' WHERE Id = 2"},
+        {"Ctrl+D", "Do you want to duplicate 3 entries?\nDuplicated 3 entries.", thrice(late) + thrice(late)},
+    };
+    for (const auto& [keys, trace, rows, change, reply] : acts) {
+        if (*change != '\0') store.Sql(change);
+        Activate(window);
+        told.clear();
+        answer = reply;
+        QTimer::singleShot(100, [] {
+            if (QApplication::activeModalWidget() == nullptr) return;
+            QTest::keyClicks(QApplication::focusWidget(), u"10\t"_s);
+            QTest::keyClicks(QApplication::focusWidget(), u"5\r"_s);
+        });
+        Press(*table, keys);
+        EXPECT_EQ(told + window.statusBar()->currentMessage().toStdString(), trace) << keys;
+        EXPECT_EQ(rows == "." ? store.Dump()
+                              : store.Sql("SELECT RptGrpId, ScheduleActive, FirstDateTime FROM NOL_Schedule"),
+                  rows == "." ? before : rows)
+            << keys;
+        window.statusBar()->clearMessage();
+    }
+    for (int column = 0; column < EntryRow::columnCount; ++column)
+        table->setColumnHidden(column, column != EntryRow::Name && column != EntryRow::Time);
+    table->selectRow(1);
+    Press(*table, "Up, Shift+Down, Ctrl+C");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+              "Name\tAt\nC (copy)\t5:00 AM\nC\t5:00 AM\n");
+    window.findChild<QComboBox*>()->setCurrentText(u"Scheduled"_s);
+    Walk({{"Ctrl+F'copy", "3 of 6 entries: *C (copy), A 10 (copy), A 2 (copy)"}});
+    now += 11;  // the others have had their only run
+    EXPECT_TRUE(QTest::qWaitFor([this] { return InFront() == "1 of 6 entries: *A 2 (copy)"; })) << InFront();
+    Press(*table, "Ctrl+P");
+    EXPECT_EQ(InFront() + window.statusBar()->currentMessage().toStdString(),
+              "0 of 6 entries: No entry passes the filter.Paused the entry \"A 2 (copy)\". No longer in the "
+              "list: \"A 2 (copy)\".");
 }
 
 TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
     const std::string asks = "The entry has unsaved changes. Do you want to save them?\n";
     const std::string asksToDelete = "Do you want to delete the entry \"One!\"?\n";
-    const std::string fails = "The store fails.\n";
+    const std::string fails = "The store fails.\n", one = "The entry 1 \"One!\": ";
     const std::string both = "2 entries: *One!, One (copy)";
     const auto actions = window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
-    EXPECT_EQ(std::ranges::count_if(actions, &QAction::isEnabled), 6) << "need no entry";
+    EXPECT_EQ(std::ranges::count_if(actions, &QAction::isEnabled), 8) << "need no entry";
     EXPECT_EQ(std::ranges::count(actions, QString(), &QAction::statusTip), 0);
     Walk({{"F5", "0 entries: There are no entries yet. Press Ctrl+N to make one."},
           {"Ctrl+N", "New Schedule Entry - Schedule Entry"},
@@ -182,12 +267,12 @@ TEST_F(Lists, MakeOpenCopyDeleteAndQuitByKeys) {
           {"F5", fails + both, "COUNT"},
           {"Return", fails + both, "SELECT"},
           {"Del", asksToDelete + both},
-          {"Del", asksToDelete + fails + both, "FROM NOL_Override", QMessageBox::Yes},
+          {"Del", asksToDelete + one + fails + both, "FROM NOL_Override", QMessageBox::Yes},
           {"Del", asksToDelete + fails + fails + both, " ", QMessageBox::Yes}});
     EXPECT_TRUE(asked[0].preferred == QMessageBox::Save && asked.back().preferred == QMessageBox::Cancel);
     store.Sql("DELETE FROM NOL_Document");
     store.Sql("UPDATE NOL_Schedule SET Id = 3 WHERE Id = 1");
-    const std::string gone = "There is no entry 1 in " + store.Address() + ".\n";
+    const std::string gone = one + "There is no entry 1 in " + store.Address() + ".\n";
     Walk({{"Ctrl+Shift+N", "There is no study group to run; make one first.\n" + both},
           {"Del", asksToDelete + gone + "1 entries: *One (copy)", "", QMessageBox::Yes},
           {"F5", "2 entries: *One (copy), One!"},

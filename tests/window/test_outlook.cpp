@@ -66,7 +66,7 @@ TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
     MainWindow window{workspace, dialogs};
     Activate(window);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !window.Pane().IsCounting(); }));
-    auto& table = *window.findChild<QTableView*>();
+    auto& table = *window.findChild<EntryTable*>();
     auto& calendar = dynamic_cast<RunCalendar&>(*window.Pane().findChild<QCalendarWidget*>());
     auto& week = *window.Pane().findChild<QTableWidget*>();
     auto& runs = *window.Pane().findChild<QListWidget*>();
