@@ -56,6 +56,7 @@ void InsertNolOverride(const CNolOverride& override, std::int32_t nId) {
 void LoadNolOverrides(CNolSchedData& record) {
     const auto rows = LintelDb().OpenRows(
         {.sQuery = "SELECT * FROM NOL_Override WHERE NOL_OverrideId = " + std::to_string(record.Id)});
+    if (!rows) throw NolSchedError("The database gave no rows of overrides, not even an empty set.");
     for (; !rows->AtEnd(); rows->MoveNext()) {
         auto item = OverrideOfRow(*rows);
         std::string type = item->OverrideType;

@@ -44,7 +44,8 @@ using ProviderFactory = std::function<std::unique_ptr<ServiceProvider>()>;
 NOLSCHED_API void InstallServices(ProviderFactory factory);
 
 // The calling thread's services, good until the next InstallServices. Each throws NolSchedError while none
-// are installed.
+// are installed, while the factory makes their provider, and where the provider gives none. A service may use
+// others as it ends: those that stand before it in this list.
 NOLSCHED_API ILintelDb& LintelDb();
 NOLSCHED_API ICaddisStore& CaddisStore();
 NOLSCHED_API IMessageService& MessageService();

@@ -175,11 +175,12 @@ std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
 }
 
 void NolSchedOverrideTab::SaveData() {
+    CNolSchedData& data = Record();
     if (!fOverrideOn) return;
     auto item = OverrideOfView();
-    (*cSchedData).*kind.study.pFlag = "Y";
-    cSchedData->RemoveNolOverride(sOverrideKey);
-    cSchedData->AddNolOverride(std::move(item), sOverrideKey);
+    data.*kind.study.pFlag = "Y";
+    data.RemoveNolOverride(sOverrideKey);
+    data.AddNolOverride(std::move(item), sOverrideKey);
 }
 
 }  // namespace NolSchedCtls
