@@ -7,6 +7,8 @@
 
 namespace NolSchedCtls {
 
+const char NOLSCHED_CONTAINERS = 0;
+
 namespace {
 
 struct Installation {

@@ -16,7 +16,18 @@
 #include "NolSchedCtls/services/lintel.h"
 #include "NolSchedCtls/services/message_service.h"
 
+// A host whose standard containers are checked (_GLIBCXX_DEBUG) has others than this library was built with:
+// that ends at the link, not in the middle of a run.
+#ifdef _GLIBCXX_DEBUG
+#define NOLSCHED_CONTAINERS containersWithChecks
+#else
+#define NOLSCHED_CONTAINERS containersWithoutChecks
+#endif
+
 namespace NolSchedCtls {
+
+extern NOLSCHED_API const char NOLSCHED_CONTAINERS;
+[[gnu::used]] inline const char* const sameContainers = &NOLSCHED_CONTAINERS;
 
 // Makes the services of one thread. Those with a body here serve any host as they are.
 class NOLSCHED_API ServiceProvider {

@@ -1,7 +1,8 @@
 #include "NolSchedCtls/toolkit/text_box.h"
 
 #include <algorithm>
-#include <ranges>
+
+#include "NolSchedCtls/toolkit/text_edit.h"
 
 namespace NolSchedCtls {
 
@@ -51,10 +52,12 @@ std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limi
 }
 
 std::string TextAfterEdit(const std::string& text, std::string_view edited, std::size_t limit) {
-    const auto sameStart = std::ranges::mismatch(text, edited).in2 - edited.begin();
+    const auto sameStart =
+        std::mismatch(text.begin(), text.end(), edited.begin(), edited.end()).second - edited.begin();
     const auto sameEnd =
-        std::ranges::mismatch(text | std::views::reverse, edited | std::views::reverse).in2 - edited.rbegin();
-    const bool takesAway = sameStart + sameEnd >= std::ssize(edited) && edited.size() <= text.size();
+        std::mismatch(text.rbegin(), text.rend(), edited.rbegin(), edited.rend()).second - edited.rbegin();
+    const bool takesAway =
+        sameStart + sameEnd >= static_cast<std::ptrdiff_t>(edited.size()) && edited.size() <= text.size();
     return takesAway ? std::string(edited) : CutToLength(edited, limit);
 }
 

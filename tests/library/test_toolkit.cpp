@@ -2,6 +2,7 @@
 
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "NolSchedCtls/toolkit/fields.h"
+#include "NolSchedCtls/toolkit/text_edit.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {
