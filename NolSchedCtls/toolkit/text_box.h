@@ -33,7 +33,7 @@ class NOLSCHED_API TextBox : public ViewField {
     char32_t FilterKey(char32_t key);
     bool Edit(std::string_view edited);
 
-    Event<char32_t&> KeyPress;  // a handler that sets the key to 0 swallows it
+    Event<char32_t&> KeyTyped;  // a handler that sets the key to 0 swallows it
     Event<> Changed;
 
   private:
