@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -22,8 +23,8 @@ constexpr bool EqualKeys(std::string_view left, std::string_view right) noexcept
                       [](char a, char b) { return a == b || FoldedLetter(a) == FoldedLetter(b); });
 }
 
-// Keys compare without regard to case; an empty key is no key. Positions count from 1. References stay good
-// until the next Add or Remove.
+// Keys compare without regard to case; an empty one is a key like others. Positions count from 1. References
+// stay good until the next Add or Remove.
 template <class T>
 class KeyedCollection {
   public:
@@ -32,11 +33,13 @@ class KeyedCollection {
         T item;
     };
 
-    // Throws DuplicateKeyError if the key is present; the collection is then unchanged.
-    void Add(T item, std::string key = {}) {
-        if (!key.empty() && Find(key) != nullptr)
+    // Without a key. Throws NolSchedError for a pointer to nothing; the collection is then unchanged.
+    void Add(T item) { Put({{}, std::move(item)}, false); }
+    // That, and DuplicateKeyError if the key is present.
+    void Add(T item, std::string key) {
+        if (Find(key) != nullptr)
             throw DuplicateKeyError("The key " + Quoted(key) + " is already in the collection.");
-        entries.push_back({std::move(key), std::move(item)});
+        Put({std::move(key), std::move(item)}, true);
     }
 
     // Nothing if the key is absent.
@@ -62,6 +65,7 @@ class KeyedCollection {
     void Remove(std::string_view key) {
         const auto found = Position(key);
         if (found == entries.end()) throw MissingKeyError("The collection has no key " + Quoted(key) + ".");
+        hasKey.erase(hasKey.begin() + (found - entries.begin()));
         entries.erase(found);
     }
 
@@ -70,13 +74,25 @@ class KeyedCollection {
     auto end() const noexcept { return entries.end(); }
 
   private:
+    void Put(Entry entry, bool isKeyed) {
+        if constexpr (std::equality_comparable_with<T, std::nullptr_t>)
+            if (entry.item == nullptr) throw NolSchedError("A collection takes no pointer to nothing.");
+        hasKey.reserve(entries.size() + 1);
+        entries.push_back(std::move(entry));
+        hasKey.push_back(isKeyed);
+    }
+
     auto Position(std::string_view key) const noexcept {
-        return std::find_if(entries.begin(), entries.end(), [key](const Entry& entry) {
-            return !entry.key.empty() && EqualKeys(entry.key, key);
-        });
+        auto place = entries.begin();
+        for (const bool isKeyed : hasKey) {
+            if (isKeyed && EqualKeys(place->key, key)) break;
+            ++place;
+        }
+        return place;
     }
 
     std::vector<Entry> entries;
+    std::vector<bool> hasKey;
 };
 
 }  // namespace NolSchedCtls

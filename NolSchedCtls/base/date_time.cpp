@@ -24,13 +24,15 @@ struct DayAndSecond {
 
 DayAndSecond RoundToSecond(DateTime dateTime) {
     if (!(dateTime >= firstDay && dateTime < lastDay + 1))
-        throw NolSchedError("The date-time " + std::to_string(dateTime) +
-                            " lies outside the years 100 to 9999.");
+        throw ValueError("The date-time " + std::to_string(dateTime) +
+                         " lies outside the years 100 to 9999.");
     double day = std::floor(dateTime);
     double second = std::round((dateTime - day) * secondsPerDay);
     if (second >= secondsPerDay) {
         day += 1;
         second = 0;
+        if (day > lastDay)
+            throw ValueError("The date-time " + std::to_string(dateTime) + " rounds past the year 9999.");
     }
     return {static_cast<int>(day), static_cast<int>(second)};
 }
@@ -75,9 +77,9 @@ DateTime ComposeDateTime(const DateTimeParts& parts) {
                                            std::chrono::month{static_cast<unsigned>(parts.month)},
                                            std::chrono::day{static_cast<unsigned>(parts.day)}};
     if (parts.year < 100 || parts.year > 9999 || !date.ok())
-        throw NolSchedError("There is no day " + Named({parts.year, parts.month, parts.day}, "-") + ".");
+        throw ValueError("There is no day " + Named({parts.year, parts.month, parts.day}, "-") + ".");
     if (!IsClockTime(parts))
-        throw NolSchedError("There is no time " + Named({parts.hour, parts.minute, parts.second}, ":") + ".");
+        throw ValueError("There is no time " + Named({parts.hour, parts.minute, parts.second}, ":") + ".");
     const auto days = (std::chrono::sys_days{date} - dayZero).count();
     const int seconds = (parts.hour * 60 + parts.minute) * 60 + parts.second;
     return static_cast<double>(days) + seconds / secondsPerDay;
@@ -107,7 +109,7 @@ std::string IsoText(DateTime dateTime) {
 DateTime ParseIso(std::string_view text) {
     DateTimeParts parts;
     if (!ReadIso(text, parts))
-        throw NolSchedError("The text " + Quoted(text) + " is no date-time of the form YYYY-MM-DDTHH:MM:SS.");
+        throw ValueError("The text " + Quoted(text) + " is no date-time of the form YYYY-MM-DDTHH:MM:SS.");
     return ComposeDateTime(parts);
 }
 

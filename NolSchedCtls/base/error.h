@@ -27,6 +27,12 @@ class NOLSCHED_API DuplicateKeyError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
+// A value that cannot be shown, chosen or converted.
+class NOLSCHED_API ValueError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
+};
+
 // The text in double quotes, cut after 60 bytes at a character's border, so that a message stays a line.
 NOLSCHED_API std::string Quoted(std::string_view text);
 

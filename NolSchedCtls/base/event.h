@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -80,8 +81,12 @@ class Event {
     };
 
     struct Handlers {
+        // What a handler holds may use this event as it ends, so it ends after the list is whole again.
         void Sweep() {
-            std::erase_if(list, [](const auto& place) { return !place->isConnected; });
+            const auto isConnected = [](const auto& place) { return place->isConnected; };
+            const auto first = std::stable_partition(list.begin(), list.end(), isConnected);
+            const std::vector ended(std::make_move_iterator(first), std::make_move_iterator(list.end()));
+            list.erase(first, list.end());
         }
 
         std::vector<std::shared_ptr<Place>> list;

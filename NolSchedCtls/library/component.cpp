@@ -3,23 +3,13 @@
 #include <atomic>
 #include <vector>
 
+#include "NolSchedCtls/base/live_objects.h"
+
 namespace NolSchedCtls {
 
 namespace {
 
 std::atomic<bool> isRegistered = false;
-std::atomic<int> liveObjects = 0;
-
-// The same object under a holder that counts.
-template <class T>
-std::shared_ptr<T> Counted(std::shared_ptr<T> object) {
-    T* const plain = object.get();
-    ++liveObjects;
-    return {plain, [held = std::move(object)](T*) mutable {
-                held.reset();
-                --liveObjects;
-            }};
-}
 
 class CatalogueClassObject final : public IClassObject {
   public:

@@ -2,7 +2,8 @@
 //
 // A host opens the shared library, looks up DllGetClassObject and asks for a class by its name; once
 // DllRegisterServer has run in the process, by its program identifier too. It may close the library again
-// while DllCanUnloadNow gives componentOk.
+// while DllCanUnloadNow gives componentOk: every object that was made inside counts, the overrides of a save,
+// too.
 #pragma once
 
 #include <cstdint>

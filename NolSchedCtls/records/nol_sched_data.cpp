@@ -71,9 +71,13 @@ void CNolSchedData::AddNolOverride(std::shared_ptr<CNolOverride> CData, std::str
     if (kind != nullptr) this->*kind->pFlag = "Y";
 }
 
-std::shared_ptr<CNolOverride> CNolSchedData::GetOverride(std::string_view sOverride) const {
+std::shared_ptr<CNolOverride> CNolSchedData::GetOverride(std::string_view sOverride) {
     const auto* found = overrides.Find(sOverride);
     return found == nullptr ? nullptr : *found;
+}
+
+std::shared_ptr<const CNolOverride> CNolSchedData::GetOverride(std::string_view sOverride) const {
+    return const_cast<CNolSchedData*>(this)->GetOverride(sOverride);
 }
 
 void CNolSchedData::RemoveNolOverride(std::string_view Key) {
@@ -82,7 +86,8 @@ void CNolSchedData::RemoveNolOverride(std::string_view Key) {
 
 CNolSchedData& CNolSchedData::SaveNolOverrides() {
     if (!IsNew) MSQL::DeleteNolOverrides(Id);
-    for (const auto& [key, item] : overrides) {
+    const OverrideCollection saved = overrides;  // a failure's report may change them
+    for (const auto& [key, item] : saved) {
         const StudyKind* kind = FindStudyKind(item->OverrideType);
         if (kind != nullptr && this->*kind->pFlag == "Y") MSQL::InsertNolOverride(*item, Id);
     }

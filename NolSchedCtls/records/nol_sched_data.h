@@ -117,8 +117,9 @@ class NOLSCHED_API CNolSchedData {
     // Under a study kind's exact name the kind's flag becomes "Y". Throws DuplicateKeyError if the key is
     // present (in any letter case) and NolSchedError for nothing; no flag changes then.
     void AddNolOverride(std::shared_ptr<CNolOverride> CData, std::string Key);
-    std::shared_ptr<CNolOverride> GetOverride(std::string_view sOverride) const;  // nothing if it is absent
-    void RemoveNolOverride(std::string_view Key);                                 // the flag stays
+    std::shared_ptr<CNolOverride> GetOverride(std::string_view sOverride);  // nothing if it is absent
+    std::shared_ptr<const CNolOverride> GetOverride(std::string_view sOverride) const;
+    void RemoveNolOverride(std::string_view Key);  // the flag stays
 
     // Replaces the override rows of Id by those that are on; a new entry (IsNew) has none to delete. Throws
     // if the delete fails. A failing insert is told through LintelFailureReport alone and the next is tried:

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "NolSchedCtls/base/live_objects.h"
 #include "NolSchedCtls/records/nol_sched_data.h"
 #include "NolSchedCtls/services/provider.h"
 
@@ -22,7 +23,7 @@ std::shared_ptr<CNolOverride> OverrideOfRow(const ILintelRows& rows) {
     const auto nDuration = number("Duration");
     const auto nPolling = number("Polling_Interval");
     const auto nDelay = number("Retrieve_Delay");
-    auto item = std::make_shared<CNolOverride>();
+    auto item = Counted(std::make_shared<CNolOverride>());
     item->Initialize(nId, std::move(sType), nScenarioId, nDuration, nPolling, nDelay, text("ClearLog"));
     return item;
 }
@@ -56,6 +57,7 @@ void InsertNolOverride(const CNolOverride& override, std::int32_t nId) {
 void LoadNolOverrides(CNolSchedData& record) {
     const auto rows = LintelDb().OpenRows(
         {.sQuery = "SELECT * FROM NOL_Override WHERE NOL_OverrideId = " + std::to_string(record.Id)});
+    if (!rows) throw NolSchedError("The database gave no rows of overrides, not even an empty set.");
     for (; !rows->AtEnd(); rows->MoveNext()) {
         auto item = OverrideOfRow(*rows);
         std::string type = item->OverrideType;

@@ -9,7 +9,7 @@
 
 namespace NolSchedCtls {
 
-// 1 is "Sunday", 7 "Saturday". Both throw NolSchedError for what is no weekday.
+// 1 is "Sunday", 7 "Saturday". Both throw ValueError for what is no weekday.
 class NOLSCHED_API IDayConversion {
   public:
     virtual ~IDayConversion() = default;

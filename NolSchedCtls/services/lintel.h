@@ -67,10 +67,10 @@ class NOLSCHED_API ILintelDb {
     virtual LintelDateTime ImmediateDateTime() const = 0;
 
     // No value if the number equals `nNoValue`.
-    LintelValue NumberToValue(std::int32_t nNumber, std::int32_t nNoValue) const;
+    virtual LintelValue NumberToValue(std::int32_t nNumber, std::int32_t nNoValue) const;
     // The fallback if the field has no value. Throws NolSchedError for what is no 32-bit number.
-    std::int32_t FieldToNumber(const LintelField& field, std::int32_t nFallback) const;
-    LintelDateTime DateTimeOf(DateTime dDateTime) const { return {dDateTime, false}; }
+    virtual std::int32_t FieldToNumber(const LintelField& field, std::int32_t nFallback) const;
+    virtual LintelDateTime DateTimeOf(DateTime dDateTime) const { return {dDateTime, false}; }
 };
 
 // The text of a field, empty without a value; numbers in plain digits.

@@ -2,11 +2,12 @@
 
 #include <atomic>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <utility>
 
 namespace NolSchedCtls {
+
+const char NOLSCHED_CONTAINERS = 0;
 
 namespace {
 
@@ -23,49 +24,93 @@ Installation& TheInstallation() {
 
 template <class Service>
 struct Holder {
+    void End() {
+        hasEnded = true;
+        service.reset();
+    }
+
     std::unique_ptr<Service> service;
+    bool hasEnded = false;  // while all of them end
 };
 
-// Ends the services from the last to the first, so that each may still use the database.
 template <class... Services>
-struct Made : Holder<Services>... {};
+struct Made : Holder<Services>... {
+    // From the last to the first, so that each may still use those before it: of an assignment the right side
+    // is done first.
+    void End() {
+        int order = 0;
+        ((Holder<Services>::End(), order) = ... = 0);
+        ((Holder<Services>::hasEnded = false), ...);
+    }
+};
 
-// The provider stands first, so that it ends after the services that it made.
 struct ThreadServices {
+    ThreadServices() = default;
+    ThreadServices(const ThreadServices&) = delete;
+    ThreadServices& operator=(const ThreadServices&) = delete;
+    ~ThreadServices() { End(); }
+
+    // What a service uses at its end is the services of its own provider, not of the next one.
+    void End() {
+        isEnding = true;
+        made.End();
+        provider.reset();
+        isEnding = false;
+        generation = 0;
+    }
+
     std::unique_ptr<ServiceProvider> provider;
-    std::uint64_t generation = 0;
+    std::uint64_t generation = 0;  // of the installation; 0: none yet
+    bool isMaking = false;
+    bool isEnding = false;
     Made<ILintelDb, ICaddisStore, IMessageService, ICaddisPickerStates, ICaddisScenarios, IDocumentTypes,
          ICodeTables, IDayConversion, IClock, IDateSettings>
         made;
 };
 
-thread_local std::optional<ThreadServices> threadServices;
+thread_local ThreadServices threadServices;
 
-ThreadServices& Services() {
+[[noreturn]] void TellMissing(const char* service, const char* why) {
+    throw NolSchedError(std::string("The service ") + service + " is not there: " + why);
+}
+
+// The factory is the host's: it may take its time, use other threads and fail, and holds up nobody else.
+void MakeProvider(const char* service) {
     Installation& installation = TheInstallation();
-    if (!threadServices || threadServices->generation != installation.generation) {
+    threadServices.End();
+    ProviderFactory factory;
+    std::uint64_t generation = 0;
+    {
         const std::lock_guard lock(installation.mutex);
-        threadServices.reset();
-        auto provider = installation.factory ? installation.factory() : nullptr;
-        threadServices.emplace().provider = std::move(provider);
-        threadServices->generation = installation.generation;
+        factory = installation.factory;
+        generation = installation.generation;
     }
-    return *threadServices;
+    if (!factory) TellMissing(service, "no services are installed (InstallServices).");
+    struct Making {
+        Making() { threadServices.isMaking = true; }
+        ~Making() { threadServices.isMaking = false; }
+    } const making;
+    auto provider = factory();
+    if (!provider) TellMissing(service, "the installed factory made no provider.");
+    threadServices.provider = std::move(provider);
+    threadServices.generation = generation;
 }
 
 ServiceProvider& Provider(const char* service) {
-    ThreadServices& services = Services();
-    if (!services.provider)
-        throw NolSchedError(std::string("The service ") + service +
-                            " is not there: no services are installed (InstallServices).");
-    return *services.provider;
+    if (threadServices.isMaking) TellMissing(service, "its provider is being made.");
+    if (!threadServices.isEnding && threadServices.generation != TheInstallation().generation)
+        MakeProvider(service);
+    if (!threadServices.provider) TellMissing(service, "its provider has ended.");
+    return *threadServices.provider;
 }
 
 template <class Service>
 Service& Used(const char* name, std::unique_ptr<Service> (ServiceProvider::*create)()) {
     ServiceProvider& provider = Provider(name);
-    auto& service = static_cast<Holder<Service>&>(threadServices->made).service;
+    auto& [service, hasEnded] = static_cast<Holder<Service>&>(threadServices.made);
+    if (hasEnded) TellMissing(name, "it has ended.");
     if (!service) service = (provider.*create)();
+    if (!service) TellMissing(name, "the provider made none.");
     return *service;
 }
 
@@ -78,7 +123,7 @@ void InstallServices(ProviderFactory factory) {
         installation.factory = std::move(factory);
         ++installation.generation;
     }
-    threadServices.reset();
+    threadServices.End();
 }
 
 using Makes = ServiceProvider;
@@ -97,7 +142,10 @@ IClock& Clock() { return Used("Clock", &Makes::CreateClock); }
 IDateSettings& DateSettings() { return Used("DateSettings", &Makes::CreateDateSettings); }
 
 std::unique_ptr<ILintelFailureReport> LintelFailureReport() {
-    return Provider("LintelFailureReport").CreateLintelFailureReport();
+    constexpr const char* name = "LintelFailureReport";
+    auto report = Provider(name).CreateLintelFailureReport();
+    if (!report) TellMissing(name, "the provider made none.");
+    return report;
 }
 
 }  // namespace NolSchedCtls

@@ -16,7 +16,18 @@
 #include "NolSchedCtls/services/lintel.h"
 #include "NolSchedCtls/services/message_service.h"
 
+// A host whose standard containers are checked (_GLIBCXX_DEBUG) has others than this library was built with:
+// that ends at the link, not in the middle of a run.
+#ifdef _GLIBCXX_DEBUG
+#define NOLSCHED_CONTAINERS containersWithChecks
+#else
+#define NOLSCHED_CONTAINERS containersWithoutChecks
+#endif
+
 namespace NolSchedCtls {
+
+extern NOLSCHED_API const char NOLSCHED_CONTAINERS;
+[[gnu::used]] inline const char* const sameContainers = &NOLSCHED_CONTAINERS;
 
 // Makes the services of one thread. Those with a body here serve any host as they are.
 class NOLSCHED_API ServiceProvider {
@@ -44,7 +55,8 @@ using ProviderFactory = std::function<std::unique_ptr<ServiceProvider>()>;
 NOLSCHED_API void InstallServices(ProviderFactory factory);
 
 // The calling thread's services, good until the next InstallServices. Each throws NolSchedError while none
-// are installed.
+// are installed, while the factory makes their provider, and where the provider gives none. A service may use
+// others as it ends: those that stand before it in this list.
 NOLSCHED_API ILintelDb& LintelDb();
 NOLSCHED_API ICaddisStore& CaddisStore();
 NOLSCHED_API IMessageService& MessageService();

@@ -93,7 +93,7 @@ class DayListConversion : public IDayConversion {
     std::string DayNameOfNumber(std::int32_t nNumber) override {
         const auto& names = CodeTables().DayNames();
         if (nNumber < 1 || static_cast<std::size_t>(nNumber) >= names.Count())
-            throw NolSchedError("There is no weekday " + std::to_string(nNumber) + "; weekdays are 1 to 7.");
+            throw ValueError("There is no weekday " + std::to_string(nNumber) + "; weekdays are 1 to 7.");
         return names.Item(static_cast<std::size_t>(nNumber) + 1).Item("UIVal");
     }
 
@@ -101,7 +101,7 @@ class DayListConversion : public IDayConversion {
         const auto& names = CodeTables().DayNames();
         for (std::size_t position = 2; position <= names.Count(); ++position)
             if (names.Item(position).Item("UIVal") == sName) return static_cast<std::int32_t>(position) - 1;
-        throw NolSchedError("There is no weekday " + Quoted(sName) + ".");
+        throw ValueError("There is no weekday " + Quoted(sName) + ".");
     }
 };
 

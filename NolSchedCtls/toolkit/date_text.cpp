@@ -224,6 +224,19 @@ void CheckDatePattern(std::string_view pattern) {
     }
 }
 
+void CheckWholeDatePattern(std::string_view pattern) {
+    CheckDatePattern(pattern);
+    constexpr std::array parts = {std::pair{'D', "day"}, std::pair{'M', "month"}, std::pair{'Y', "year"}};
+    for (const auto& [letter, part] : parts) {
+        bool isThere = pattern.empty();
+        for (std::string_view left = pattern; !left.empty();) {
+            const std::string_view piece = TakePiece(left);
+            isThere = isThere || (piece.front() == letter && piece != "DDDD");
+        }
+        if (!isThere) throw NolSchedError("The date format " + Quoted(pattern) + " lacks the " + part + ".");
+    }
+}
+
 std::string ShortDateText(DateTime date, IDateSettings& settings) {
     return DateText(date, ShortFormat(settings));
 }

@@ -20,6 +20,9 @@ std::string DateText(DateTime date, std::string_view pattern);
 // Throws NolSchedError for a pattern that DateText cannot write by.
 void CheckDatePattern(std::string_view pattern);
 
+// That, and for one that lacks the day, the month or the year; none at all is whole.
+void CheckWholeDatePattern(std::string_view pattern);
+
 // The regional short form: "3/2/2026" with the month first.
 std::string ShortDateText(DateTime date, IDateSettings& settings = DateSettings());
 

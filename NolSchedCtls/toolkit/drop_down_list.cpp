@@ -36,7 +36,7 @@ std::string DropDownList::Offer() const {
 
 void DropDownList::SetListIndex(int index) {
     if (!IsInList(index))
-        throw NolSchedError("The list " + Name() + " has no index " + std::to_string(index) + "; " + Offer());
+        throw ValueError("The list " + Name() + " has no index " + std::to_string(index) + "; " + Offer());
     if (Assign(listIndex, index)) Clicked.Raise();
 }
 
@@ -47,8 +47,7 @@ const std::string& DropDownList::Text() const {
 
 void DropDownList::SetText(std::string_view text) {
     const int index = IndexOf(text);
-    if (index < 0)
-        throw NolSchedError("The list " + Name() + " has no entry " + Quoted(text) + "; " + Offer());
+    if (index < 0) throw ValueError("The list " + Name() + " has no entry " + Quoted(text) + "; " + Offer());
     SetListIndex(index);
 }
 

@@ -10,8 +10,8 @@ bool IsBelow(int number, int limit) { return number >= 0 && number < limit; }
 
 void Check(const std::string& name, const char* part, int number, int limit) {
     if (IsBelow(number, limit)) return;
-    throw NolSchedError("The " + std::string(part) + " of " + name + " cannot be " + std::to_string(number) +
-                        "; it is 0 to " + std::to_string(limit - 1) + ".");
+    throw ValueError("The " + std::string(part) + " of " + name + " cannot be " + std::to_string(number) +
+                     "; it is 0 to " + std::to_string(limit - 1) + ".");
 }
 
 }  // namespace

@@ -22,8 +22,7 @@ std::optional<DateTime> SSDateCombo::Read(std::string_view text) const {
 
 void SSDateCombo::SetText(std::string_view text) {
     const auto read = Read(text);
-    if (!read)
-        throw NolSchedError("The field " + Name() + " cannot show " + Quoted(text) + ": it is no date.");
+    if (!read) throw ValueError("The field " + Name() + " cannot show " + Quoted(text) + ": it is no date.");
     SetDate(DateOf(*read));
 }
 
@@ -43,13 +42,13 @@ DateTime SSDateCombo::DateValue() const {
 
 void SSDateCombo::SetDisplayFormat(std::string_view format) {
     if (format == displayFormat) return;
-    CheckDatePattern(format);
+    CheckWholeDatePattern(format);
     Assign(displayFormat, std::string(format));
 }
 
 void SSDateCombo::SetDefaultDate(const std::string& text) {
     if (text != today && !ReadDateText(text))
-        throw NolSchedError("The default date " + Quoted(text) + " of the field " + Name() + " is no date.");
+        throw ValueError("The default date " + Quoted(text) + " of the field " + Name() + " is no date.");
     Assign(defaultDate, text);
 }
 

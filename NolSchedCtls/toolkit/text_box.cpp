@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "NolSchedCtls/toolkit/text_edit.h"
+
 namespace NolSchedCtls {
 
 namespace {
@@ -64,7 +66,7 @@ void TextBox::SetText(const std::string& textA) {
 }
 
 char32_t TextBox::FilterKey(char32_t key) {
-    KeyPress.Raise(key);
+    KeyTyped.Raise(key);
     return key;
 }
 

@@ -11,17 +11,6 @@ namespace NolSchedCtls {
 
 inline constexpr char32_t keyBackspace = 8;
 
-// The text without what lies beyond `limit` characters; 0 is no limit. A byte that is no UTF-8 counts as one.
-std::string CutToLength(std::string_view text, std::size_t limit);
-
-// The text after a key at its end: backspace takes the last character away, any other key is added if it
-// fits.
-std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limit);
-
-// What is left of an edit: a text within the limit, or what only takes characters away from a longer one;
-// else its beginning.
-std::string TextAfterEdit(const std::string& text, std::string_view edited, std::size_t limit);
-
 // The limit binds users alone: what code writes stands as it is, so that no stored value is cut.
 class NOLSCHED_API TextBox : public ViewField {
   public:
@@ -44,7 +33,7 @@ class NOLSCHED_API TextBox : public ViewField {
     char32_t FilterKey(char32_t key);
     bool Edit(std::string_view edited);
 
-    Event<char32_t&> KeyPress;  // a handler that sets the key to 0 swallows it
+    Event<char32_t&> KeyTyped;  // a handler that sets the key to 0 swallows it
     Event<> Changed;
 
   private:

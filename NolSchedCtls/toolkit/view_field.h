@@ -40,7 +40,7 @@ using FieldKind = std::variant<CheckBox*, DropDownList*, TextBox*, Label*, Frame
 // Where a field stands: on the control itself or in one of its frames.
 struct FieldPlace {
     FieldPlace(UserControl& controlA) : control(controlA) {}
-    FieldPlace(Frame& frameA);
+    NOLSCHED_API FieldPlace(Frame& frameA);
 
     UserControl& control;
     Frame* frame = nullptr;

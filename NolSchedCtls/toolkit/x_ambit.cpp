@@ -7,6 +7,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/toolkit/text_box.h"
+#include "NolSchedCtls/toolkit/text_edit.h"
 
 namespace NolSchedCtls {
 

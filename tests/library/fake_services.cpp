@@ -40,6 +40,7 @@ struct TracedReport : Traced<ILintelFailureReport> {
     using Traced::Traced;
     void ReportFailure(std::string_view sText) override {
         world.trace += "report" + std::string(sText) + "; ";
+        if (world.onReport) world.onReport();
     }
 };
 

@@ -1,6 +1,7 @@
 // The services in memory, which here write down what was asked of them.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -22,6 +23,7 @@ struct World : MemoryStore {
     int failingStatement = 0;  // this one, counted from 1, fails; 0 for none
     int statements = 0;
     int providers = 0;  // how many were made
+    std::function<void()> onReport;
     std::string trace;  // "DELETE ...; report; Nightly[16]: text; "
 
     std::string TakeTrace() { return std::exchange(trace, {}); }

@@ -96,6 +96,16 @@ TEST(Library, HandsOutClassObjects) {
         }
         EXPECT_EQ(DllCanUnloadNow(), componentOk);
     }
+    const auto record = std::make_shared<CNolSchedData>();
+    {
+        const auto tab = std::get<std::shared_ptr<PaviseTab>>(PublishedClasses()[4].create());
+        tab->LoadData(record, "", nullptr);
+        tab->Field<CheckBox>("chkOverride").Click();
+        tab->SaveData();
+    }
+    EXPECT_EQ(DllCanUnloadNow(), componentNo) << "the override that the save has made";
+    record->RemoveNolOverride("HOM Study");
+    EXPECT_EQ(DllCanUnloadNow(), componentOk);
 }
 
 }  // namespace

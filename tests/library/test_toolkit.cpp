@@ -2,6 +2,7 @@
 
 #include "NolSchedCtls/toolkit/date_text.h"
 #include "NolSchedCtls/toolkit/fields.h"
+#include "NolSchedCtls/toolkit/text_edit.h"
 #include "tests/library/fake_services.h"
 
 namespace NolSchedCtls::Testing {
@@ -128,7 +129,7 @@ TEST(TextBoxes, CountCharactersAndKeepWhatIsNoUtf8) {
     Panel panel;
     panel.text.Paste(megabyte);
     EXPECT_EQ(panel.text.Text(), "7777");
-    panel.text.KeyPress.Connect([](char32_t& key) { key = key == U'a' ? U'A' : key == U'b' ? 0 : key; });
+    panel.text.KeyTyped.Connect([](char32_t& key) { key = key == U'a' ? U'A' : key == U'b' ? 0 : key; });
     for (const char32_t key : {keyBackspace, U'b', U'a', U'c'}) panel.text.Key(key);
     EXPECT_EQ(panel.text.Text(), "777A");
 }
@@ -231,8 +232,7 @@ TEST(TypedTexts, AreDatesAsPeopleWriteThem) {
          " is no date; it is typed as 12/24/2026, 2026-12-24 or 24 Dec 2026."},
         {"", "1/1/2031|1989-12-31|24 Dec 2036", " cannot be chosen; a date is from 1/1/1990 to 12/31/2030."},
         {"DD.MM.YYYY", "07.12.2028|2028-12-07|7 Dec 2028", "07.12.2028"},
-        {"DD MMMM", "24 December|24 Dec|12/24/2028|24 Dec 2028", "24 December"},
-        {"YYYY", "2029", "2029"},
+        {"DD MMMM YYYY", "24 December 2028|24 Dec|12/24/2028|24 Dec 2028", "24 December 2028"},
         {"", "12/24/2029", "12/24/2029"}};
     UserControl control;
     SSDateCombo date(control, "date");
@@ -244,6 +244,10 @@ TEST(TypedTexts, AreDatesAsPeopleWriteThem) {
         EXPECT_TRUE(*shown != ' ' || date.DateValue() == former) << texts;
         EXPECT_TRUE(*format != 'D' || SplitDateTime(date.DateValue()).year == 2028) << "shown or not";
     }
+    for (const auto& [format, lacking] :
+         {std::pair{"DD MMMM", "year"}, std::pair{"MM/YYYY", "day"}, std::pair{"DDDD, DD YYYY", "month"}})
+        EXPECT_EQ(FailureOf([&] { date.SetDisplayFormat(format); }),
+                  "The date format " + Quoted(format) + " lacks the " + lacking + ".");
     date.TypeText("soon");
     EXPECT_EQ(control.RefusedField(), &date);
     date.SetVisible(false);

@@ -11,6 +11,12 @@ void PaviseTab::Keep(std::shared_ptr<CNolSchedData> v, std::shared_ptr<CPaviseNo
     if (!v) throw NolSchedError("There is no record to load.");
     cpvnNotify = std::move(dtN);
     cSchedData = std::move(v);
+    isLoaded = true;
+}
+
+CNolSchedData& PaviseTab::Record() const {
+    if (!isLoaded) throw NolSchedError("The tab has no record; LoadData comes first.");
+    return *cSchedData;
 }
 
 void PaviseTab::NotifyChanged() const {
@@ -22,10 +28,13 @@ void PaviseTab::ShowError(const std::string& sText, const std::string& sTitle) {
 }
 
 void PaviseTab::SetFocusIfShown(ViewField& ctl) const {
-    if (!Visible()) return;
+    if (Visible()) TrySetFocus(ctl);
+}
+
+void PaviseTab::TrySetFocus(ViewField& ctl) {
     try {
         ctl.SetFocus();
-    } catch (const NolSchedError&) {
+    } catch (...) {
         // A box has told the user already; a field out of reach just does not get the focus.
     }
 }

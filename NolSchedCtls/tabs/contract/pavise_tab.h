@@ -18,15 +18,22 @@ class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
   protected:
     // The first step of a load. Throws NolSchedError for no record.
     void Keep(std::shared_ptr<CNolSchedData> v, std::shared_ptr<CPaviseNotify> dtN);
+    // Throws NolSchedError before the load.
+    CNolSchedData& Record() const;
     // Tells the host of an edit; nothing without a notifier.
     void NotifyChanged() const;
     // The tab's own error box with a stop sign.
     static void ShowError(const std::string& sText, const std::string& sTitle);
-    // Nothing happens if the tab is hidden or the field cannot take the focus.
+    // Nothing happens where the field cannot take the focus, or the host fails as it hears of it; nor, of the
+    // first, if the tab is hidden.
     void SetFocusIfShown(ViewField& ctl) const;
+    static void TrySetFocus(ViewField& ctl);
 
     std::shared_ptr<CPaviseNotify> cpvnNotify;
     std::shared_ptr<CNolSchedData> cSchedData;
+
+  private:
+    bool isLoaded = false;
 };
 
 }  // namespace NolSchedCtls

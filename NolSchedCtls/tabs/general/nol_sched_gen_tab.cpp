@@ -124,9 +124,9 @@ bool XNolSchedGenTab::IsTabValid(const std::string& sMsgBoxTitle) {
 }
 
 void XNolSchedGenTab::SaveData() {
+    const CNolSchedData& data = Record();
     const auto& group = fdocRptGroup.Document();
-    if (!group)
-        throw NolSchedError("The entry " + Quoted(cSchedData->EditorName) + " has no study group to save.");
+    if (!group) throw NolSchedError("The entry " + Quoted(data.EditorName) + " has no study group to save.");
     cSchedData->RptGrpId = group->Id;
     cSchedData->AutoPurge = ctlPurgeOptions.AutoPurge();
     cSchedData->PurgeInterval = ctlPurgeOptions.PurgeDays();

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "NolSchedCtls/base/live_objects.h"
 #include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/tabs/override/numeric_text.h"
 #include "NolSchedCtls/tabs/override/override_kind.h"
@@ -71,7 +72,7 @@ void NolSchedOverrideTab::ConnectFields() {
     for (Number& number : numbers) {
         TextBox& text = number.text;
         text.Changed.Connect([this] { NotifyChanged(); });
-        text.KeyPress.Connect([&text](char32_t& key) { MNolSchedCtls::FilterDigitKey(text, key); });
+        text.KeyTyped.Connect([&text](char32_t& key) { MNolSchedCtls::FilterDigitKey(text, key); });
     }
 }
 
@@ -161,7 +162,7 @@ bool NolSchedOverrideTab::IsNumberValid(Number& number, const std::string& sMsgB
 }
 
 std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
-    auto item = std::make_shared<CNolOverride>();
+    auto item = Counted(std::make_shared<CNolOverride>());
     item->NOL_OverrideId = cSchedData->Id;
     item->OverrideType = sOverrideKey;
     if (scenario && scenario->fdocCBScenario.Document()) {
@@ -175,11 +176,12 @@ std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
 }
 
 void NolSchedOverrideTab::SaveData() {
+    CNolSchedData& data = Record();
     if (!fOverrideOn) return;
     auto item = OverrideOfView();
-    (*cSchedData).*kind.study.pFlag = "Y";
-    cSchedData->RemoveNolOverride(sOverrideKey);
-    cSchedData->AddNolOverride(std::move(item), sOverrideKey);
+    data.*kind.study.pFlag = "Y";
+    data.RemoveNolOverride(sOverrideKey);
+    data.AddNolOverride(std::move(item), sOverrideKey);
 }
 
 }  // namespace NolSchedCtls

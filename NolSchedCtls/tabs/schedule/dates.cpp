@@ -1,6 +1,9 @@
 // The entry's duration and time of day between record and view.
+#include <cmath>
+
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/tabs/schedule/load_step.h"
+
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/tabs/schedule/schedule_texts.h"
 #include "NolSchedCtls/toolkit/date_text.h"
@@ -45,7 +48,8 @@ void XNolScheduleTab::ShowStart() {
 
 void XNolScheduleTab::ShowEnd() {
     const DateTime lastDay = DateOf(Record().FinalDateTime);
-    const bool hasEnd = lastDay != MAppConstants::NoEndDate;
+    const bool isOnNoEnd = std::floor(Record().FinalDateTime) == MAppConstants::NoEndDate;  // rounds past it
+    const bool hasEnd = lastDay != MAppConstants::NoEndDate && !isOnNoEnd;
     if (hasEnd) SSDEndDate.SetText(DateOnlyText(lastDay));
     chkEndDate.SetValue(hasEnd ? 1 : 0);
     if (!hasEnd) SSDEndDate.SetText(DateOnlyText(Clock().Now()));

@@ -54,16 +54,11 @@ std::string_view PeriodTextToCode(std::string_view sText, bool fDay) {
 // 0 stands for the last entry. The number after the highest would select that entry too, and be stored as 0.
 int IndexOfNumber(std::int32_t nNumber, int nLastIndex) {
     if (nNumber < 0 || nNumber > nLastIndex)
-        throw NolSchedError("it is 1 to " + std::to_string(nLastIndex) + ", or 0 for the last.");
+        throw ValueError("it is 1 to " + std::to_string(nLastIndex) + ", or 0 for the last.");
     return nNumber == 0 ? nLastIndex : nNumber - 1;
 }
 
 }  // namespace
-
-CNolSchedData& XNolScheduleTab::Record() const {
-    if (!cSchedData) throw NolSchedError("The schedule tab has no record; LoadData comes first.");
-    return *cSchedData;
-}
 
 void XNolScheduleTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::string& /*sName*/,
                                std::shared_ptr<CPaviseNotify> dtN) {
@@ -73,6 +68,7 @@ void XNolScheduleTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::stri
 
 // A refused text stands for no value.
 void XNolScheduleTab::SaveData() {
+    Record();  // before anything is asked of the view
     if (const ViewField* const field = RefusedField()) throw NolSchedError(field->Refusal());
     SetDataFromCtls();
 }
@@ -92,7 +88,7 @@ void XNolScheduleTab::SetCtlsFromData() {
 void XNolScheduleTab::ShowPeriod() {
     const std::string_view sText = PeriodCodeToText(Record().Periodicity);
     const auto codeOf = [](const PeriodCode& row) { return Quoted(row.sCode); };
-    if (sText.empty()) throw NolSchedError("it is one of " + Joined(periodCodes, codeOf) + ".");
+    if (sText.empty()) throw ValueError("it is one of " + Joined(periodCodes, codeOf) + ".");
     cboPeriod.SetText(sText);
 }
 
@@ -101,8 +97,8 @@ void XNolScheduleTab::ShowFrequency() {
     const std::string sFrequency = std::to_string(Record().Frequency);
     if (!cboFrequency.Offers(sFrequency)) {
         if (cboPeriod.Text() == periodOnce) return;
-        throw NolSchedError("it is 1 to " + std::to_string(cboFrequency.Entries().size()) +
-                            " where Periodicity is " + Quoted(Record().Periodicity) + ".");
+        throw ValueError("it is 1 to " + std::to_string(cboFrequency.Entries().size()) +
+                         " where Periodicity is " + Quoted(Record().Periodicity) + ".");
     }
     cboFrequency.SetText(sFrequency);
 }

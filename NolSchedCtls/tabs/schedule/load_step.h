@@ -11,13 +11,16 @@ namespace NolSchedCtls {
 inline std::string ValueText(const std::string& sValue) { return Quoted(sValue); }
 inline std::string ValueText(auto number) { return std::to_string(number); }
 
-// Runs the step that shows a property. A view field's failure names what the view lacks; this puts the
-// record's property and value before it.
+// Runs the step that shows a property. A value that the view cannot show is told with the record's property
+// before it; a failure of the host, in a service or a handler, stays what it is.
 template <class Value, class Step>
 void ShowProperty(std::string_view sProperty, const Value& value, Step step) {
-    Explained(step, [&] {
-        return "The entry's " + std::string(sProperty) + " " + ValueText(value) + " cannot be shown: ";
-    });
+    try {
+        step();
+    } catch (const ValueError& error) {
+        throw ValueError("The entry's " + std::string(sProperty) + " " + ValueText(value) +
+                         " cannot be shown: " + error.what());
+    }
 }
 
 }  // namespace NolSchedCtls

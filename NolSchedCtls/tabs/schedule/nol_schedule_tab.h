@@ -72,7 +72,6 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     enum class DayNumbers : std::int32_t { Long = 4, Short = 5 };
 
     // encoding
-    CNolSchedData& Record() const;
     void SetCtlsFromData();
     void SetDataFromCtls() const;
     void ShowPeriod();

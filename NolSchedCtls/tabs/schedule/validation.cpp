@@ -32,13 +32,13 @@ bool XNolScheduleTab::ValidateSchedule(std::string& sMessage) const {
 bool XNolScheduleTab::IsTabValid(const std::string& sMsgBoxTitle) {
     if (ViewField* const field = RefusedField()) {
         ShowError(field->Refusal(), sMsgBoxTitle);
-        field->SetFocus();
+        TrySetFocus(*field);
         return false;
     }
     std::string sMessage;
     if (ValidateSchedule(sMessage)) return true;
     ShowError(sMessage, sMsgBoxTitle);
-    SSDStartDate.SetFocus();
+    TrySetFocus(SSDStartDate);
     return false;
 }
 

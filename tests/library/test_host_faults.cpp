@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/library/catalogue.h"
+#include "NolSchedCtls/tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
+#include "tests/library/fake_services.h"
+
+namespace NolSchedCtls::Testing {
+namespace {
+
+class HostError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
+};
+
+// Services of which some are not there, fail, or use others as they end.
+class FaultyProvider : public MemoryProvider {
+  public:
+    explicit FaultyProvider(std::string& traceA)
+        : MemoryProvider(std::make_shared<MemoryStore>()), trace(traceA) {}
+    std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override { return nullptr; }
+    std::unique_ptr<IDocumentTypes> CreateDocumentTypes() override { return nullptr; }
+    std::unique_ptr<ILintelDb> CreateLintelDb() override {
+        struct WithoutRows : ILintelDb {
+            void ExecuteStatement(std::string_view /*sStatement*/) override {}
+            std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& /*arguments*/) override {
+                return {};
+            }
+            std::string JoinValues(const std::vector<LintelValue>& /*values*/) const override { return {}; }
+            LintelDateTime ImmediateDateTime() const override { return {}; }
+        };
+        return std::make_unique<WithoutRows>();
+    }
+    std::unique_ptr<IClock> CreateClock() override {
+        struct Failing : IClock {
+            explicit Failing(std::string& traceA) : trace(traceA) {}
+            ~Failing() override {
+                CaddisStore();
+                trace = FailureOf([] { DateSettings(); });
+            }
+            DateTime Now() override { throw HostError("the clock stands still"); }
+            std::string& trace;
+        };
+        return std::make_unique<Failing>(trace);
+    }
+    std::string& trace;
+};
+
+TEST(HostFaults, InServicesAreNamed) {
+    std::string trace;
+    InstallServices([] { return std::unique_ptr<ServiceProvider>(); });
+    EXPECT_EQ(FailureOf([] { Clock(); }),
+              "The service Clock is not there: the installed factory made no provider.");
+    InstallServices([&]() -> std::unique_ptr<ServiceProvider> {
+        CaddisStore();
+        return {};
+    });
+    EXPECT_EQ(FailureOf([] { Clock(); }),
+              "The service CaddisStore is not there: its provider is being made.");
+    InstallServices([&] { return std::make_unique<FaultyProvider>(trace); });
+    EXPECT_EQ(FailureOf([] { DocumentTypes(); }),
+              "The service DocumentTypes is not there: the provider made none.");
+    EXPECT_EQ(FailureOf([] { LintelFailureReport(); }),
+              "The service LintelFailureReport is not there: the provider made none.");
+    EXPECT_EQ(FailureOf([] { CNolSchedData().InitEdit({}); }),
+              "The database gave no rows of overrides, not even an empty set.");
+    Clock();
+    InstallServices({});
+    EXPECT_EQ(trace, "The service DateSettings is not there: it has ended.") << "the store had not";
+}
+
+TEST(HostFaults, KeepTheirTypeWhileATabLoads) {
+    std::string trace;
+    InstallServices([&] { return std::make_unique<FaultyProvider>(trace); });
+    const auto record = std::make_shared<CNolSchedData>();
+    record->FirstDateTime = 46083;
+    record->Periodicity = "D";
+    record->Frequency = 1;
+    record->FinalDateTime = MAppConstants::NoEndDate + 86399.6 / 86400;  // no end to the last half second
+    XNolScheduleTab tab;
+    EXPECT_THROW(tab.LoadData(record, "", nullptr), HostError);
+    InstallServices({});
+}
+
+TEST(HostFaults, DoNoHarmToATab) {
+    const OpenEntry open;
+    for (const auto& published : PublishedClasses().subspan(2)) {
+        const auto tab = CreateControl(published.sProgId);
+        EXPECT_EQ(FailureOf([&] { tab->LoadData(nullptr, "", nullptr); }), "There is no record to load.");
+        EXPECT_EQ(FailureOf([&] { tab->SaveData(); }), "The tab has no record; LoadData comes first.");
+    }
+    XNolScheduleTab tab;
+    open.record->InitNew(nullptr, false, 5, "Nightly");
+    tab.LoadData(open.record, "", nullptr);
+    for (CheckBox& box : tab.cbExcludeDay) box.SetValue(1);
+    tab.Frame1.SetEnabled(false);
+    EXPECT_FALSE(tab.IsTabValid("T")) << "the start date cannot take the focus";
+    tab.Frame1.SetEnabled(true);
+    tab.FocusMoved.Connect([](ViewField&) { throw std::runtime_error("no such widget"); });
+    EXPECT_FALSE(tab.IsTabValid("T"));
+}
+
+TEST(HostFaults, AReportMayChangeTheOverridesThatAreSaved) {
+    OpenEntry open;
+    CNolSchedData& record = *open.record;
+    for (const char* kind : {"PLM Study", "HOM Study", "VCSA Study"}) {
+        record.RemoveNolOverride(kind);
+        record.AddNolOverride(MakeOverride(kind), kind);
+    }
+    open.onReport = [&] { record.RemoveNolOverride("HOM Study"); };
+    open.failingStatement = open.statements + 2;  // the first one that is inserted
+    open.TakeTrace();
+    record.SaveNolOverrides();
+    EXPECT_EQ(record.GetOverride("HOM Study"), nullptr);
+    EXPECT_NE(open.TakeTrace().find("HOM Study"), std::string::npos) << "what was on at the save is saved";
+    EXPECT_EQ(FailureOf([&] { record.Overrides().Add(nullptr, "K"); }),
+              "A collection takes no pointer to nothing.");
+    record.AddNolOverride(MakeOverride("HOM Study"), "");
+    EXPECT_EQ(FailureOf([&] { record.AddNolOverride(MakeOverride("HOM Study"), ""); }),
+              "The key \"\" is already in the collection.");
+}
+
+TEST(HostFaults, AHandlerThatGoesMayUseItsEvent) {
+    Event<> event;
+    std::string trace;
+    struct Last {
+        explicit Last(std::function<void()> actA) : act(std::move(actA)) {}
+        ~Last() { act(); }
+        std::function<void()> act;
+    };
+    auto last = std::make_shared<Last>([&] {
+        trace += "gone; ";
+        event.Connect([&] { trace += "new; "; });
+    });
+    Connection connection = event.Connect([kept = last] {});
+    event.Connect([&] { trace += "other; "; });
+    last.reset();
+    connection.Disconnect();
+    event.Raise();
+    event.Raise();
+    EXPECT_EQ(trace, "other; gone; other; new; ");
+}
+
+}  // namespace
+}  // namespace NolSchedCtls::Testing
