@@ -244,10 +244,11 @@ TEST(TypedTexts, AreDatesAsPeopleWriteThem) {
         EXPECT_TRUE(*shown != ' ' || date.DateValue() == former) << texts;
         EXPECT_TRUE(*format != 'D' || SplitDateTime(date.DateValue()).year == 2028) << "shown or not";
     }
-    for (const auto& [format, lacking] :
-         {std::pair{"DD MMMM", "year"}, std::pair{"MM/YYYY", "day"}, std::pair{"DDDD, DD YYYY", "month"}})
-        EXPECT_EQ(FailureOf([&] { date.SetDisplayFormat(format); }),
-                  "The date format " + Quoted(format) + " lacks the " + lacking + ".");
+    const std::pair<const char*, const char*> lacking[] = {
+        {"DD MMMM", "year"}, {"MM/YYYY", "day"}, {"DDDD, DD YYYY", "month"}};
+    for (const auto& row : lacking)
+        EXPECT_EQ(FailureOf([&] { date.SetDisplayFormat(row.first); }),
+                  "The date format " + Quoted(row.first) + " lacks the " + row.second + ".");
     date.TypeText("soon");
     EXPECT_EQ(control.RefusedField(), &date);
     date.SetVisible(false);
