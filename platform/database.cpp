@@ -53,6 +53,7 @@ std::int64_t Database::Execute(std::string_view statement, const Values& values)
 }
 
 std::unique_ptr<StoreRows> Database::Open(std::string_view query, const Values& values) {
+    if (isAsking) Fail("the store is waiting for another act; nothing was done.", StoreError::Kind::Busy);
     Check(query, values);
     Statement.Raise(query);
     try {
@@ -109,7 +110,11 @@ bool Database::WaitsOn(std::chrono::steady_clock::time_point since) {
     using namespace std::chrono;
     hasWaited = true;
     const auto waited = duration_cast<milliseconds>(steady_clock::now() - since);
-    return onWait ? onWait(waited) : waited < patience;
+    if (!onWait) return waited < patience;
+    isAsking = true;
+    const bool goesOn = onWait(waited);
+    isAsking = false;
+    return goesOn;
 }
 
 void Database::EndWait() {

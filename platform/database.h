@@ -128,6 +128,7 @@ class Database {
     std::string name;
     bool isInTransaction = false;
     bool hasWaited = false;  // the statement that runs
+    bool isAsking = false;   // onWait: another statement would break into that one
 };
 
 // What becomes of a store that is not there.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "NolSchedCtls/base/app_constants.h"
+#include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 
@@ -40,6 +42,13 @@ CaddisUser DocumentStore::CurrentUser() {
     return user;
 }
 
+std::string WordOf(const CaddisDocumentType& type) {
+    if (type.Name == MAppConstants::nolGroup) return "study group";
+    std::string word = type.Name;
+    std::ranges::transform(word, word.begin(), FoldedLetter);
+    return word;
+}
+
 DocumentStore::Documents DocumentStore::AllDocuments() { return Read("", {}); }
 
 std::shared_ptr<const CaddisDocument> DocumentStore::DocumentNamed(const CaddisDocumentType& type,
@@ -49,13 +58,13 @@ std::shared_ptr<const CaddisDocument> DocumentStore::DocumentNamed(const CaddisD
         if (document->Name == name) return document;
     const auto nameOf = [](const auto& document) { return Quoted(document->Name); };
     const std::string offered = documents.empty() ? "is none at all" : "are " + Joined(documents, nameOf);
-    throw RequestError("There is no " + type.Name + " named " + Quoted(name) + "; there " + offered + ".");
+    throw RequestError("There is no " + WordOf(type) + " named " + Quoted(name) + "; there " + offered + ".");
 }
 
 void DocumentStore::RefuseNamesake(const CaddisDocumentType& type, const std::string& name) {
     const auto isNamesake = [&name](const auto& document) { return document->Name == name; };
     if (std::ranges::any_of(DocumentsOfType(type), isNamesake))
-        throw RequestError("There is already a " + type.Name + " named " + Quoted(name) + ".");
+        throw RequestError("There is already a " + WordOf(type) + " named " + Quoted(name) + ".");
 }
 
 void DocumentStore::Add(const CaddisDocumentType& type, const std::string& name) {

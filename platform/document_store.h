@@ -6,6 +6,9 @@
 
 namespace NolSchedCtls {
 
+// What a message calls a document of that type: "study group", "scenario".
+std::string WordOf(const CaddisDocumentType& type);
+
 // Needs an installed LintelDb and a store with its tables. All throw StoreError where the store fails.
 class DocumentStore : public ICaddisStore {
   public:

@@ -5,9 +5,10 @@
 namespace NolSchedCtls {
 
 void CheckDocumentName(const std::string& name) {
-    if (name.empty()) throw RequestError("A document takes a name that is not empty.");
+    if (name.empty()) throw RequestError("A study group or a scenario takes a name that is not empty.");
     if (name == noDocument)
-        throw RequestError("A document cannot be named none: the word stands for no document.");
+        throw RequestError(
+            "A study group or a scenario cannot be named none: the word stands for none of them.");
 }
 
 void AddDocument(Workspace& workspace, const CaddisDocumentType& type, const std::string& name) {
@@ -27,7 +28,7 @@ void DeleteDocument(Workspace& workspace, const CaddisDocumentType& type, const 
     const auto document = workspace.Documents().DocumentNamed(type, name);
     const auto users = workspace.Entries().UsersOf(document->Id);
     if (!users.empty() && inUse == InUse::Refused)
-        throw InUseError("The " + type.Name + ' ' + Quoted(name) + " is used by " + Joined(users), users);
+        throw InUseError("The " + WordOf(type) + ' ' + Quoted(name) + " is used by " + Joined(users), users);
     workspace.Documents().Delete(type, name);
     transaction.Commit();
 }

@@ -1,5 +1,7 @@
 #include "host/entries/entry_acts.h"
 
+#include <cmath>
+
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
@@ -14,9 +16,15 @@ Tab& TabOf(EntrySession& session, std::string_view page) {
     return dynamic_cast<Tab&>(*session.FindPage(page)->tab);
 }
 
-void SaveOrRefuse(EntrySession& session) {
+// What a page has to say while it loads is for an editor.
+void LoadSilently(EntrySession& session) {
     const Workspace::Silence silence(session.Home());
-    const Page* const refusal = session.Save(EntrySession::PastEnd::Stands).refusedBy;
+    session.Load();
+}
+
+void Refuse(EntrySession& session) {
+    const Workspace::Silence silence(session.Home());
+    const Page* const refusal = session.FirstRefusal(EntrySession::PastEnd::Stands);
     if (refusal == nullptr) return;
     throw RequestError(silence.Messages().empty() ? "the page " + std::string(refusal->title) + " refuses it."
                                                   : silence.Messages().front().text);
@@ -59,17 +67,18 @@ void SetActive(Workspace& workspace, std::int32_t id, bool isActive) {
 
 void SetGroup(Workspace& workspace, std::int32_t id, const std::string& group) {
     EntrySession session(workspace, id);
-    session.Load();
+    LoadSilently(session);
     XMarlet& picker = TabOf<XNolSchedGenTab>(session, "general").fdocRptGroup;
     if (picker.Text() == group) return;
     if (!picker.IsUsable()) throw RequestError("its study group stays as it was made.");
     if (!picker.Pick(group)) throw RequestError("there is no study group " + Quoted(group) + '.');
-    SaveOrRefuse(session);
+    session.Record().RptGrpId = picker.Document()->Id;  // and nothing else that the pages show otherwise
+    session.SaveOwn();
 }
 
 void ShiftStart(Workspace& workspace, std::int32_t id, DateTime days) {
     EntrySession session(workspace, id);
-    session.Load();
+    LoadSilently(session);
     auto& tab = TabOf<XNolScheduleTab>(session, "schedule");
     if (session.Record().IsOverride()) throw RequestError("an immediate entry has no start.");
     const DateTimeParts time{.hour = tab.dtpStartTime.Hour(), .minute = tab.dtpStartTime.Minute()};
@@ -77,13 +86,19 @@ void ShiftStart(Workspace& workspace, std::int32_t id, DateTime days) {
     const std::size_t timePlace = start.find('T');
     Take(tab.SSDStartDate, start.substr(0, timePlace));
     Take(tab.dtpStartTime, start.substr(timePlace + 1, 5));
-    SaveOrRefuse(session);
+    Refuse(session);
+    CNolSchedData& record = session.Record();
+    record.FirstDateTime += days;
+    // The last run is at the time of day of all.
+    if (days != std::floor(days)) record.FinalDateTime = session.ViewedRecord()->FinalDateTime;
+    session.SaveOwn();
 }
 
 std::int32_t Duplicate(Workspace& workspace, std::int32_t id) {
     EntrySession copy(workspace, EntrySession::CopyOf{id});
-    copy.Load();
-    SaveOrRefuse(copy);
+    LoadSilently(copy);
+    Refuse(copy);
+    copy.Save(EntrySession::PastEnd::Stands);
     return copy.Record().Id;
 }
 

@@ -29,13 +29,23 @@ std::vector<FieldDifference> DifferencesFromStored(EntrySession& session) {
         stored.Load();
     }
     std::vector<FieldDifference> found;
+    const CNolSchedData& here = session.Record();
+    const CNolSchedData& there = stored.Record();
+    const auto stateOf = [](const CNolSchedData& record) {
+        return record.ScheduleActive == "Y" ? "active" : "paused";
+    };
+    if (here.EditorName != there.EditorName)
+        found.push_back({nullptr, nullptr, "Name", here.EditorName, there.EditorName});
+    if (here.ScheduleActive != there.ScheduleActive)
+        found.push_back({nullptr, nullptr, "State", stateOf(here), stateOf(there)});
     for (std::size_t place = 0; place < stored.Pages().size(); ++place) {
         const Page& page = session.Pages()[place];
         for (const ViewField* field : page.tab->Fields()) {
             const ViewField& other = *stored.Pages()[place].tab->FindField(field->Name());
             if (!field->IsShown() || !other.IsShown()) continue;
-            if (const std::string here = ShownText(*field), there = ShownText(other); here != there)
-                found.push_back({&page, field, here, there});
+            const std::string shown = ShownText(*field);
+            if (const std::string text = ShownText(other); shown != text)
+                found.push_back({&page, field, nullptr, shown, text});
         }
     }
     return found;

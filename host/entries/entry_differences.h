@@ -9,8 +9,9 @@
 namespace NolSchedCtls {
 
 struct FieldDifference {
-    const Page* page = nullptr;  // of the session
+    const Page* page = nullptr;  // of the session; nothing for what is the entry's own: its name, or a pause
     const ViewField* field = nullptr;
+    const char* own = nullptr;
     std::string shown;   // here
     std::string stored;  // as the page would show it
 };

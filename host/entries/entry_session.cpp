@@ -182,6 +182,11 @@ EntrySession::SaveResult EntrySession::Save(PastEnd pastEnd) {
     });
 }
 
+bool EntrySession::IsOvertaken() const {
+    const std::int64_t version = record->IsNew ? 0 : workspace.Entries().VersionOf(record->Id);
+    return version != 0 && version != row.version;
+}
+
 EntrySession::SaveResult EntrySession::SaveOwn() { return StoreAfter({}); }
 
 EntrySession::SaveResult EntrySession::SaveAsCopy() {

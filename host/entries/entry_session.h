@@ -64,6 +64,8 @@ class EntrySession {
     enum class PastEnd { Refused, Stands };
     // Asks the pages in their order; the first that refuses has shown why. Nothing if all are valid.
     const Page* FirstRefusal(PastEnd pastEnd = PastEnd::Refused);
+    // Whether the stored entry stands in another version than the one that is open. Throws StoreError.
+    bool IsOvertaken() const;
     // The page that is asked at this moment; nothing at any other.
     const Page* AskedPage() const { return asked; }
 

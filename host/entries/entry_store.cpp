@@ -335,6 +335,11 @@ EntryStore::Rows EntryStore::OverrideRows(std::int32_t id) const {
     return found;
 }
 
+std::int64_t EntryStore::VersionOf(std::int32_t id) const {
+    const auto rows = database->Open("SELECT Version FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}});
+    return rows->AtEnd() ? 0 : LintelDb().FieldToNumber(rows->Fields("Version"), 0);
+}
+
 std::int64_t EntryStore::Count() const {
     const auto rows = database->Open("SELECT COUNT(*) AS Entries FROM NOL_Schedule");
     return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);

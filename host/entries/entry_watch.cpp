@@ -22,6 +22,14 @@ std::vector<EntryWatch::IdAndVersion> EntryWatch::Read() const {
     return read;
 }
 
+void EntryWatch::Note(std::int64_t id) {
+    const auto place = std::ranges::lower_bound(seen, id, {}, &IdAndVersion::first);
+    if (place == seen.end() || place->first != id)
+        seen.insert(place, {id, 0});
+    else
+        place->second = 0;
+}
+
 void EntryWatch::Look(const Visit& visit) {
     mayDiffer = database.HearsChange() || mayDiffer;
     if (!mayDiffer) return;

@@ -28,6 +28,8 @@ class EntryWatch {
     // in the store may have changed. Throws StoreError, and what the visit throws; the next look then finds
     // it again.
     void Look(const Visit& visit);
+    // An entry that was saved here, of whose end the next looks then tell, too.
+    void Note(std::int64_t id);
 
   private:
     using IdAndVersion = std::pair<std::int64_t, std::int64_t>;

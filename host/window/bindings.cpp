@@ -14,6 +14,8 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 
+#include <limits>
+
 #include "NolSchedCtls/toolkit/fields.h"
 #include "host/window/accessibility.h"
 #include "host/window/date_combo.h"
@@ -27,8 +29,23 @@ namespace NolSchedCtls {
 
 namespace {
 
+// Its letter clicks it at once. Qt's own way shows the click for a while first, and the keys that come
+// meanwhile go to another field.
+class LetteredBox : public QCheckBox {
+  public:
+    using QCheckBox::QCheckBox;
+
+  protected:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::Shortcut) return QCheckBox::event(event);
+        setFocus(Qt::ShortcutFocusReason);
+        click();
+        return true;
+    }
+};
+
 QWidget* Bind(CheckBox& field, QWidget* parent) {
-    auto* const box = new QCheckBox(Trimmed(field.Caption()), parent);
+    auto* const box = new LetteredBox(Trimmed(field.Caption()), parent);
     auto* const link = FieldLink::Tie(field, *box, [&field, box] { box->setChecked(field.Value() != 0); });
     QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
     return box;
@@ -94,11 +111,13 @@ void ShowText(const QString& text, std::size_t limit, QLineEdit& edit) {
     if (edit.text() != text) edit.setText(text);
 }
 
-// Steps a whole number, of no text from 0 on; another text stays.
-std::string Stepped(const std::string& text, int steps) {
+// Steps a whole number, of no text from 0 on, within so many letters and so much; another text stays.
+std::string Stepped(const std::string& text, int steps, std::size_t letters,
+                    qint64 most = std::numeric_limits<qint64>::max()) {
     bool isNumber = true;
-    const int number = text.empty() ? 0 : ToQt(text).toInt(&isNumber);
-    return isNumber ? std::to_string(std::max(0, number + steps)) : text;
+    const qint64 number = text.empty() ? 0 : ToQt(text).toLongLong(&isNumber);
+    const std::string stepped = std::to_string(std::clamp<qint64>(number + steps, 0, std::max(most, number)));
+    return isNumber && stepped.size() <= letters ? stepped : text;
 }
 
 // A field that refuses letters is a number's.
@@ -107,7 +126,10 @@ QWidget* Bind(TextBox& field, QWidget* parent) {
     QWidget* widget = edit;
     if (field.FilterKey(U'x') == 0)
         widget = new StepBox(
-            edit, [&field](int steps) { Succeeds([&] { field.Edit(Stepped(field.Text(), steps)); }); },
+            edit,
+            [&field](int steps) {
+                Succeeds([&] { field.Edit(Stepped(field.Text(), steps, field.MaxLength())); });
+            },
             parent);
     auto* const link = FieldLink::Tie(field, *widget, [&field, edit] {
         edit->setReadOnly(field.Locked());
@@ -205,6 +227,15 @@ class PickerCombo : public QComboBox {
         setCurrentIndex(-1);
     }
 
+    // What cannot be read is told where the user asks for it.
+    void TryFill() {
+        try {
+            Fill();
+        } catch (const NolSchedError&) {
+            clear();
+        }
+    }
+
     // The line shows the offer by itself; another write to it would end the way through the offers.
     void TakeOffer(const QString& offer) {
         const QPointer<QObject> self(this);  // a handler may close the page
@@ -217,7 +248,7 @@ class PickerCombo : public QComboBox {
         if (isOffering) return;
         const QString text = ToQt(field.Text());
         const auto place = [this] { return field.Document() ? findData(field.Document()->Id) : -1; };
-        if (count() == 0 || (field.Document() && itemText(place()) != text)) Fill();
+        if (count() == 0 || (field.Document() && itemText(place()) != text)) TryFill();
         const int index = place();
         if (currentIndex() != index) setCurrentIndex(index);
         if (lineEdit()->text() != text) setEditText(text);
@@ -245,7 +276,12 @@ QWidget* Bind(XAmbitPurge& field, QWidget* parent) {
     auto* const box = new QCheckBox(u"Purge automatically after"_s, widget);
     auto* const days = new QLineEdit;
     auto* const daysBox = new StepBox(
-        days, [&field](int steps) { Succeeds([&] { field.EditDays(Stepped(field.DaysText(), steps)); }); },
+        days,
+        [&field](int steps) {
+            Succeeds([&] {
+                field.EditDays(Stepped(field.DaysText(), steps, XAmbitPurge::maxLength, field.MaximumDays()));
+            });
+        },
         widget);
     auto* const unit = new QLabel(widget);
     daysBox->setObjectName(u"days"_s);
@@ -261,6 +297,7 @@ QWidget* Bind(XAmbitPurge& field, QWidget* parent) {
     });
     link->AddFocusPart(*box);
     link->AddFocusPart(*daysBox);
+    LeaveWheelToPage(*daysBox);
     new KeyFilter(*daysBox, [&field](char32_t key) { return field.FilterKey(key) != 0; });
     QObject::connect(box, &QCheckBox::clicked, link, [&field, link] { link->Act([&] { field.Click(); }); });
     QObject::connect(days, &QLineEdit::textEdited, link, [&field, link](const QString& text) {

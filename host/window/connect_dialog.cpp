@@ -37,7 +37,7 @@ ConnectDialog::ConnectDialog(QWidget* parent) : QDialog(parent) {
     told = new QLabel(this);
     told->setTextFormat(Qt::PlainText);
     told->setWordWrap(true);
-    told->setMinimumHeight(told->fontMetrics().lineSpacing() * 3);
+    told->setMinimumHeight(told->fontMetrics().lineSpacing() * 6);
     told->setMinimumWidth(told->fontMetrics().averageCharWidth() * 40);
     told->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     form->addRow(told);

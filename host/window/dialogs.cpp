@@ -22,14 +22,16 @@ QMessageBox::StandardButton Ask(QWidget* parent, const Question& question) {
     QMessageBox box(QMessageBox::Question, question.title, question.text, question.buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(question.preferred);
-    for (const auto& [button, text] : question.texts) box.button(button)->setText(text);
+    for (const auto& [button, text] : question.texts)
+        if (auto* const shown = box.button(button)) shown->setText(text);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 QString Choose(QWidget* parent, const QString& title, const QString& label, const QStringList& offered,
                int current) {
     bool chosen = false;
-    const QString text = QInputDialog::getItem(parent, title, label, offered, current, false, &chosen);
+    const QString text = QInputDialog::getItem(parent, title, u"<p>%1</p>"_s.arg(label.toHtmlEscaped()),
+                                               offered, current, false, &chosen);
     return chosen ? text : QString();
 }
 

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <optional>
+#include <utility>
 
 #include "NolSchedCtls/toolkit/x_marlet.h"
 #include "host/entries/entry_differences.h"
@@ -29,19 +30,30 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::Window);
     session->Load();
-    Fill();
+    Make();
     // The outlook may take two lines.
     FitToScreen(*this, sizeHint() + QSize(0, fontMetrics().lineSpacing()));
 }
 
-void EntryEditor::Fill() {
+void EntryEditor::Make() {
     auto* const column = new QVBoxLayout(this);
     MakeHeader();
-    MakePages();
+    column->addWidget(pages = MakePages(*session).release());
     column->addWidget(outlook = new OutlookLine(*session, this));
     MakeButtons();
     column->setSpacing(column->spacing() * 3 / 2);
     TellPurposeAtF1(*this);
+    for (const auto& [keys, step] : {std::pair{u"Ctrl+Tab"_s, 1}, std::pair{u"Ctrl+Shift+Tab"_s, -1},
+                                     std::pair{u"Ctrl+PgDown"_s, 1}, std::pair{u"Ctrl+PgUp"_s, -1}}) {
+        const auto turn = [this, by = step] {
+            pages->setCurrentIndex((pages->currentIndex() + by + pages->count()) % pages->count());
+        };
+        new QShortcut(QKeySequence(keys), this, this, turn);
+    }
+    Follow();
+}
+
+void EntryEditor::Follow() {
     CPaviseNotify& notifier = session->Notifier();
     connections.emplace_back(notifier.Changed.Connect([this] { ShowState(); }));
     connections.emplace_back(
@@ -67,27 +79,21 @@ void EntryEditor::MakeHeader() {
         session->Record().EditorName = text.toStdString();
         session->Notifier().MarkChanged();
     });
+    if (session->Record().IsNew) name->selectAll();
     auto* const form = new QFormLayout;
     form->addRow(u"&Name:"_s, name);
     static_cast<QVBoxLayout*>(layout())->addLayout(form);
 }
 
-void EntryEditor::MakePages() {
-    pages = new QTabWidget(this);
-    Explain(*pages->tabBar(), u"Pages"_s, u"The pages of the entry; the arrow keys turn them."_s);
-    for (const Page& page : session->Pages()) pages->addTab(new PageView(*page.tab, pages), ToQt(page.title));
-    layout()->addWidget(pages);
-    for (const auto& [keys, step] : {std::pair{u"Ctrl+Tab"_s, 1}, std::pair{u"Ctrl+Shift+Tab"_s, -1},
-                                     std::pair{u"Ctrl+PgDown"_s, 1}, std::pair{u"Ctrl+PgUp"_s, -1}}) {
-        const auto turn = [this, by = step] {
-            pages->setCurrentIndex((pages->currentIndex() + by + pages->count()) % pages->count());
-        };
-        new QShortcut(QKeySequence(keys), pages, this, turn);
-    }
-    for (const auto* const line : findChildren<TypedLine*>()) {
+std::unique_ptr<QTabWidget> EntryEditor::MakePages(EntrySession& of) {
+    auto made = std::make_unique<QTabWidget>();
+    Explain(*made->tabBar(), u"Pages"_s, u"The pages of the entry; the arrow keys turn them."_s);
+    for (const Page& page : of.Pages()) made->addTab(new PageView(*page.tab, made.get()), ToQt(page.title));
+    for (const auto* const line : made->findChildren<TypedLine*>()) {
         connect(line, &TypedLine::textEdited, this, &EntryEditor::ShowState);
         connect(line, &TypedLine::Shown, this, &EntryEditor::ShowState);
     }
+    return made;
 }
 
 // Without mnemonics: the pages use the letters.
@@ -121,6 +127,7 @@ bool EntryEditor::IsUnsaved() const {
 
 void EntryEditor::ShowState() {
     const CNolSchedData& record = session->Record();
+    if (const QString text = ToQt(record.EditorName); name->text() != text) name->setText(text);
     const QString title = ToVisible(record.EditorName).replace(u"[*]"_s, u"[*][*]"_s);
     setWindowTitle(
         (record.IsOverride() ? u"%1[*] - Immediate Entry"_s : u"%1[*] - Schedule Entry"_s).arg(title));
@@ -128,6 +135,12 @@ void EntryEditor::ShowState() {
     Describe(*this, isWindowModified() ? u"Unsaved changes"_s : QString());
     Button(QDialogButtonBox::Apply)->setEnabled(IsUnsaved() || record.IsNew);
     outlook->Follow();
+}
+
+void EntryEditor::FollowStored() {
+    bool isOvertaken = false;
+    if (!IsUnsaved()) Succeeds([&] { isOvertaken = session->IsOvertaken(); });
+    if (isOvertaken) Reload();
 }
 
 void EntryEditor::RereadOutlook() {
@@ -175,9 +188,10 @@ QString EntryEditor::DifferencesText() const {
     const auto differences = DifferencesFromStored(*session);
     QString text;
     for (std::size_t i = 0; i < differences.size() && i < mostTold; ++i) {
-        const auto& [page, field, shown, stored] = differences[i];
-        text += u"\n%1, %2: \"%3\" is stored, \"%4\" is here"_s.arg(ToQt(page->title), TextOf(*field).name,
-                                                                    ToVisible(stored), ToVisible(shown));
+        const auto& [page, field, own, shown, stored] = differences[i];
+        const QString place =
+            own != nullptr ? QString::fromUtf8(own) : ToQt(page->title) + u", "_s + TextOf(*field).name;
+        text += u"\n%1: \"%2\" is stored, \"%3\" is here"_s.arg(place, ToVisible(stored), ToVisible(shown));
     }
     if (differences.size() > mostTold) text += u"\n... and %1 more"_s.arg(differences.size() - mostTold);
     return text.isEmpty() ? text : u"\n"_s + text;
@@ -202,17 +216,30 @@ bool EntryEditor::SettleOvertaken(const QString& text) {
     return answer == Box::Save && SaveBy([this] { return session->SaveAsCopy(); });
 }
 
+// What may fail comes first: the editor stays as it is then. The buttons follow the pages in the order of
+// Tab.
 void EntryEditor::Reload() {
     Succeeds([this] {
         auto stored = std::make_unique<EntrySession>(session->Home(), session->Record().Id);
         stored->Load();
+        auto made = MakePages(*stored);
         const int front = pages->currentIndex();
+        const QWidget* const focused = focusWidget();
+        const QString field = focused == nullptr ? QString() : focused->objectName();
         connections.clear();
-        qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
-        delete layout();
+        delete layout()->replaceWidget(pages, made.get());
+        delete std::exchange(pages, made.release());
+        auto* const line = new OutlookLine(*stored, this);
+        delete layout()->replaceWidget(outlook, line);
+        delete std::exchange(outlook, line);
+        delete buttons;
+        MakeButtons();
         session = std::move(stored);
-        Fill();
+        Follow();
         pages->setCurrentIndex(front);
+        for (QWidget* const place : {pages->currentWidget(), static_cast<QWidget*>(this)})
+            if (auto* const widget = field.isEmpty() ? nullptr : place->findChild<QWidget*>(field))
+                return widget->setFocus();
     });
 }
 

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QTabWidget>
 #include <functional>
 #include <memory>
 
@@ -10,7 +11,6 @@
 #include "host/window/dialogs.h"
 
 class QLineEdit;
-class QTabWidget;
 
 namespace NolSchedCtls {
 
@@ -39,6 +39,9 @@ class EntryEditor : public QDialog {
     void reject() override { close(); }
     // The line tells by the holidays and settings as they are now, the pickers by the documents.
     void RereadOutlook();
+    bool IsUnsaved() const;
+    // Shows the entry as others have saved it meanwhile, unless the user has changed it here.
+    void FollowStored();
 
   Q_SIGNALS:
     void Saved(int id);
@@ -49,9 +52,10 @@ class EntryEditor : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
-    void Fill();
+    void Make();
+    void Follow();  // the session
     void MakeHeader();
-    void MakePages();
+    std::unique_ptr<QTabWidget> MakePages(EntrySession& of);
     void MakeButtons();
     void ShowState();
     // What `save` does, or the user's way out where another user was faster.
@@ -63,7 +67,6 @@ class EntryEditor : public QDialog {
     // What the user entered is gone then.
     void Reload();
     bool MayClose();
-    bool IsUnsaved() const;
 
     std::unique_ptr<EntrySession> session;
     Dialogs dialogs;

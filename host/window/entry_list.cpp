@@ -279,7 +279,7 @@ int EntryList::columnCount(const QModelIndex& parent) const {
 
 QVariant EntryList::data(const QModelIndex& index, int role) const {
     const EntryRow& row = *RowAt(index.row());
-    if (role == Qt::ToolTipRole) return TipOf(row, index.column());
+    if (role == Qt::ToolTipRole) return u"<p>%1</p>"_s.arg(TipOf(row, index.column()).toHtmlEscaped());
     const QString& text = row.texts[static_cast<std::size_t>(index.column())];
     if (role == Qt::AccessibleTextRole && index.column() == EntryRow::Name) return SpokenRow(row);
     if (role == Qt::ForegroundRole && index.column() == EntryRow::State) return ColorOf(text);

@@ -37,6 +37,7 @@ void EntryLoader::Start() {
 bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {
     const auto take = [&](const ListedEntry& entry) { piece.push_back(RowOf(entry, *outlook)); };
     const bool isRead = Succeeds([&] { workspace.Entries().ForEach(take, lastId, pieceSize); });
+    isPartial = !isRead;
     return isRead && piece.size() == static_cast<std::size_t>(pieceSize);
 }
 

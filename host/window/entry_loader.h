@@ -23,6 +23,8 @@ class EntryLoader : public QObject {
     void Reload(std::int64_t id);
     // Whether holidays or settings are others than at the last start. Throws StoreError.
     bool IsOutlookOld() const { return !outlook || !outlook->IsLike(EntryOutlook(workspace)); }
+    // Whether the last loading ended where the store failed.
+    bool IsPartial() const { return isPartial; }
     // As of the last start.
     const HolidayDays& Days() const { return outlook->Days(); }
 
@@ -43,6 +45,7 @@ class EntryLoader : public QObject {
     std::int64_t lastId = 0;
     int total = 0;
     int pieceSize = 0;
+    bool isPartial = false;
     QSet<std::int64_t> early;  // in the list before the loading has come to them
 };
 

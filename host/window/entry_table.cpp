@@ -10,6 +10,7 @@
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "host/window/accessibility.h"
@@ -76,7 +77,6 @@ void EntryTable::MakeHeader() {
     header->setStretchLastSection(true);
     setSortingEnabled(true);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(header, &QWidget::customContextMenuRequested, this, &EntryTable::OfferColumns);
 }
 
 // As the menu key does, which not every keyboard has.
@@ -87,19 +87,33 @@ void EntryTable::OfferActs() {
 }
 
 // The name stays: without any column no row could be told from another.
-void EntryTable::OfferColumns(const QPoint& at) {
-    auto* const menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
+void EntryTable::FillColumns(QMenu& menu) {
+    menu.clear();
     for (int column = 0; column < EntryRow::columnCount; ++column) {
         if (column == EntryRow::Name) continue;
         auto* const action =
-            menu->addAction(list.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+            menu.addAction(list.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
         action->setCheckable(true);
         action->setChecked(!isColumnHidden(column));
         connect(action, &QAction::toggled, this,
                 [this, column](bool isShown) { setColumnHidden(column, !isShown); });
     }
-    menu->popup(horizontalHeader()->mapToGlobal(at));
+}
+
+void EntryTable::AddMenus(QMenu& menu) {
+    QMenu* const order = menu.addMenu(u"&Sort by"_s);
+    for (int column = 0; column < EntryRow::columnCount; ++column)
+        connect(order->addAction(list.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()),
+                &QAction::triggered, this, [this, column] {
+                    const auto* const header = horizontalHeader();
+                    const bool isTurned = header->sortIndicatorSection() == column &&
+                                          header->sortIndicatorOrder() == Qt::AscendingOrder;
+                    sortByColumn(column, isTurned ? Qt::DescendingOrder : Qt::AscendingOrder);
+                });
+    QMenu* const columns = menu.addMenu(u"&Columns"_s);
+    connect(columns, &QMenu::aboutToShow, this, [this, columns] { FillColumns(*columns); });
+    connect(horizontalHeader(), &QWidget::customContextMenuRequested, columns,
+            [this, columns](const QPoint& at) { columns->popup(horizontalHeader()->mapToGlobal(at)); });
 }
 
 void EntryTable::MakeHint() {
@@ -157,6 +171,28 @@ void EntryTable::ChooseOrFirst(std::int64_t id) {
     const bool isNoneWanted = isNoneChosen;
     Choose(list.PlaceOf(id) < 0 && list.rowCount() > 0 ? list.IdAt(0) : id);
     if (isNoneWanted) ChooseNone();
+}
+
+std::vector<std::int64_t> EntryTable::ChosenIds() const {
+    std::vector<std::int64_t> ids;
+    for (const int place : ChosenPlaces()) ids.push_back(list.IdAt(place));
+    return ids;
+}
+
+void EntryTable::ChooseAll(const std::vector<std::int64_t>& ids) {
+    const std::unordered_set<std::int64_t> wanted(ids.begin(), ids.end());
+    QItemSelection chosen;
+    for (int place = 0; place < list.rowCount(); ++place) {
+        if (!wanted.contains(list.IdAt(place))) continue;
+        int last = place;
+        while (last + 1 < list.rowCount() && wanted.contains(list.IdAt(last + 1))) ++last;
+        chosen.append({list.index(place, 0), list.index(last, EntryRow::columnCount - 1)});
+        place = last;
+    }
+    using Model = QItemSelectionModel;
+    if (chosen.isEmpty()) return;
+    selectionModel()->setCurrentIndex(list.index(chosen.front().top(), EntryRow::Name), Model::NoUpdate);
+    selectionModel()->select(chosen, Model::ClearAndSelect);
 }
 
 void EntryTable::ChooseNone() {

@@ -6,6 +6,7 @@
 #include "host/window/entry_list.h"
 
 class QLabel;
+class QMenu;
 class QSettings;
 
 namespace NolSchedCtls {
@@ -23,12 +24,17 @@ class EntryTable : public QTableView {
     std::int64_t CurrentId() const;  // 0 for none
     void Choose(std::int64_t id);
     void ChooseOrFirst(std::int64_t id);  // the first one if that one is not shown
+    std::vector<std::int64_t> ChosenIds() const;
+    // Those of them that are shown; the choice stays as it is where none is.
+    void ChooseAll(const std::vector<std::int64_t>& ids);
     void ChooseNone();
     // In the middle of the empty list; nothing for an empty text.
     void ShowHint(const QString& text);
     // What is seen of the chosen rows under the headings, for other programs.
     QString ChosenText() const;
 
+    // Menus of what the headings offer to the mouse: the order, and which columns are shown.
+    void AddMenus(QMenu& menu);
     void RestoreColumns(const QSettings& settings);
     void SaveColumns(QSettings& settings) const;
 
@@ -37,7 +43,7 @@ class EntryTable : public QTableView {
     void MakeHeader();
     void MakeHint();
     void OfferActs();
-    void OfferColumns(const QPoint& at);
+    void FillColumns(QMenu& menu);
     std::vector<int> ChosenPlaces() const;
 
     EntryList& list;

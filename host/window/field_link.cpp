@@ -7,11 +7,32 @@
 
 namespace NolSchedCtls {
 
+namespace {
+
+class WheelFilter : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus()) return false;
+        event->ignore();
+        return true;
+    }
+};
+
+}  // namespace
+
+void LeaveWheelToPage(QWidget& widget) {
+    if (widget.focusPolicy() == Qt::WheelFocus) widget.setFocusPolicy(Qt::StrongFocus);
+    widget.installEventFilter(new WheelFilter(&widget));
+}
+
 FieldLink::FieldLink(ViewField& fieldA, QWidget& widgetA, std::function<void()> showA)
     : QObject(&widgetA), field(fieldA), widget(widgetA), show(std::move(showA)) {
     widget.setObjectName(QString::fromStdString(field.Name()));
     AddFocusPart(widget);
-    if (widget.focusPolicy() == Qt::WheelFocus) widget.setFocusPolicy(Qt::StrongFocus);
+    LeaveWheelToPage(widget);
     refresh = field.Refresh.Connect([this] { Mirror(); });
     Mirror();
 }
@@ -29,15 +50,11 @@ void FieldLink::Mirror() {
 void FieldLink::Act(const std::function<void()>& act) {
     const QPointer<FieldLink> self(this);
     Succeeds(act);
-    if (self) Mirror();
+    if (self) Succeeds([this] { Mirror(); });
 }
 
 bool FieldLink::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && field.IsUsable()) field.SetFocus();
-    if (event->type() == QEvent::Wheel && !widget.hasFocus()) {
-        event->ignore();  // the wheel was meant for the page
-        return true;
-    }
     return QObject::eventFilter(watched, event);
 }
 

@@ -9,6 +9,9 @@
 
 namespace NolSchedCtls {
 
+// A wheel over the widget goes to what holds it, unless the widget has the focus; nor does it give the focus.
+void LeaveWheelToPage(QWidget& widget);
+
 // From here on the widget is visible and enabled as the field is, and `show` puts the rest of what the field
 // holds on it: at once, and at each Refresh. The widget's focus is the field's.
 class FieldLink : public QObject {

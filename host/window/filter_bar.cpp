@@ -3,9 +3,11 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QShortcut>
 
 #include "host/entries/entry_outlook.h"
 #include "host/window/accessibility.h"
+#include "host/window/field_link.h"
 #include "host/window/qt_text.h"
 
 namespace NolSchedCtls {
@@ -29,6 +31,7 @@ QComboBox* MakeState(QWidget* parent) {
     Explain(*state, u"State"_s, u"Shows the entries in this state."_s);
     state->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     state->setMinimumContentsLength(fewestLetters);
+    LeaveWheelToPage(*state);
     state->addItem(u"Any state"_s);
     for (const std::string& text : AllStates()) state->addItem(ToQt(text), ToQt(text));
     return state;
@@ -48,6 +51,12 @@ FilterBar::FilterBar(QWidget* parent) : QWidget(parent), words(MakeWords(this)),
     connect(state, &QComboBox::currentIndexChanged, &delay, qOverload<>(&QTimer::start));
     connect(&delay, &QTimer::timeout, this, &FilterBar::Changed);
     connect(words, &QLineEdit::returnPressed, this, &FilterBar::Accepted);
+    const auto bind = [this](Qt::Key key, const auto& act) {
+        connect(new QShortcut(key, words, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+                act);
+    };
+    bind(Qt::Key_Escape, [this] { words->clear(); });
+    bind(Qt::Key_Down, [this] { Q_EMIT Accepted(); });
 }
 
 QString FilterBar::Words() const { return words->text(); }

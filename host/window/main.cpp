@@ -78,6 +78,21 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
     _exit(exitUsage);
 }
 
+// A failure that no act has told ends the act, not the program.
+class Application : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            ShowMessageBox({error.what(), 16, "Schedule Entries"});
+            return true;
+        }
+    }
+};
+
 void SetStyle(const std::string& style) {
     if (style.empty() || QApplication::setStyle(ToQt(style)) != nullptr) return;
     throw UsageError("There is no style " + Quoted(style) + "; there are " +
@@ -126,7 +141,7 @@ int main(int argc, char** argv) {
     for (std::string& argument : options.ofQt) ofQt.push_back(argument.data());
     int count = static_cast<int>(ofQt.size());
     ofQt.push_back(nullptr);
-    const QApplication application(count, ofQt.data());
+    const Application application(count, ofQt.data());
     qInstallMessageHandler(formerHandler);
     SetAppearance(options.isDark);
     InstallAccessibility();

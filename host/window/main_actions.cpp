@@ -103,6 +103,7 @@ void MainWindow::MakeViewMenu(QToolBar& bar) {
     outlook->setChecked(true);
     bar.toggleViewAction()->setStatusTip(u"Shows the buttons over the list"_s);
     menu->addAction(bar.toggleViewAction());
+    table->AddMenus(*menu);
 }
 
 }  // namespace NolSchedCtls

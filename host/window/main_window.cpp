@@ -51,7 +51,9 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
         progress->hide();
         ShowCount();
         ShowTroubles();
-        table->ChooseOrFirst(table->CurrentId() == 0 ? wantedId : table->CurrentId());
+        if (table->ChosenIds().size() <= 1)
+            table->ChooseOrFirst(table->CurrentId() == 0 ? wantedId : table->CurrentId());
+        if (wantedIds.size() > 1) table->ChooseAll(wantedIds);
         ShowOutlook();
     });
     connect(&watchTimer, &QTimer::timeout, this, &MainWindow::FollowOthers);
@@ -93,6 +95,10 @@ void MainWindow::MakeParts() {
 void MainWindow::MakeActs() {
     acts = std::make_unique<RowActs>(workspace, dialogs, *table);
     acts->isOpen = [this](std::int32_t id) { return EditorOf(id) != nullptr; };
+    acts->isUnsaved = [this](std::int32_t id) {
+        const EntryEditor* const editor = EditorOf(id);
+        return editor != nullptr && editor->IsUnsaved();
+    };
     connect(acts.get(), &RowActs::Changed, this, &MainWindow::ShowActed);
 }
 
@@ -131,6 +137,7 @@ void MainWindow::ShowCount() {
     count->setText(visible == all
                        ? u"%1 entries"_s.arg(locale.toString(all))
                        : u"%1 of %2 entries"_s.arg(locale.toString(visible), locale.toString(all)));
+    if (loader.IsPartial()) count->setText(count->text() + u" read; F5 reads the others"_s);
     const QString hint = all == 0 ? u"There are no entries yet. Press Ctrl+N to make one."_s
                                   : u"No entry passes the filter."_s;
     table->ShowHint(visible == 0 && !loader.IsLoading() ? hint : QString());
@@ -192,6 +199,7 @@ void MainWindow::ApplyFilter() {
 
 void MainWindow::Reload(std::int32_t id) {
     Succeeds([&] { loader.Reload(id); });
+    watch.Note(id);
     ShowChanges();
 }
 
@@ -233,12 +241,21 @@ void MainWindow::ShowActed(const std::vector<std::int32_t>& ids, const QString& 
             for (const std::int32_t id : ids) loader.Reload(id);
         });
         ShowChanges(done);
-        if (isRead && ids.size() == 1) table->Choose(ids.front());
+        if (isRead) table->ChooseAll({ids.begin(), ids.end()});
+    }
+    for (const std::int32_t id : ids) {
+        watch.Note(id);
+        FollowIn(id);
     }
     if (loader.IsLoading()) return;  // it is not known yet which are gone
     for (const std::int32_t id : ids)
         if (EntryEditor* const editor = EditorOf(id))
             if (list.IsGone(id) && !editor->isWindowModified()) editor->close();
+}
+
+void MainWindow::FollowIn(std::int64_t id) {
+    for (const auto& editor : QList(editors))
+        if (editor && editor->isVisible() && editor->Session().Record().Id == id) editor->FollowStored();
 }
 
 // Without a word to the user but in the status bar: they have asked for nothing.
@@ -262,6 +279,8 @@ void MainWindow::Show(const std::vector<EntryChange>& changes) {
     if (changes.size() > mostReloaded || loader.IsOutlookOld()) return Refresh();
     for (const EntryChange& change : changes) loader.Reload(change.id);
     ShowChanges();
+    for (const EntryChange& change : changes)
+        if (!change.isDeleted) FollowIn(change.id);
 }
 
 EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>()>& makeSession) {
@@ -283,6 +302,8 @@ EntryEditor* MainWindow::Open(const std::function<std::unique_ptr<EntrySession>(
 
 void MainWindow::TellSaved(std::int32_t id) {
     const int place = list.PlaceOf(id);
+    if (place < 0 && !list.IsGone(id))
+        return Tell({u"Saved. It does not pass the filter, and is not in the list."_s});
     const bool isShown = place >= 0 && IsTrouble(list.RowAt(place)->texts[EntryRow::State]);
     if (!isShown) return Announce(*this, u"Saved"_s);
     Tell({u"Saved."_s, ChosenText({list.RowAt(place)})});
@@ -336,6 +357,7 @@ void MainWindow::Duplicate() {
 
 void MainWindow::Refresh() {
     wantedId = table->CurrentId();
+    wantedIds = table->ChosenIds();
     loader.Start();
     blink.start();
     for (const auto& editor : editors)

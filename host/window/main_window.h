@@ -85,6 +85,7 @@ class MainWindow : public QMainWindow {
     void ShowRows();
     void ShowChanges(const QString& done = {});
     void FollowOthers();
+    void FollowIn(std::int64_t id);  // in the editor of that entry
     void Show(const std::vector<EntryChange>& changes);
     void ShowActed(const std::vector<std::int32_t>& ids, const QString& done);
     QString TakeDeparted();
@@ -101,7 +102,8 @@ class MainWindow : public QMainWindow {
     double shownHour = 0;       // from which on the week load tells what is busiest
     QTimer blink;               // the progress bar shows when it ends
     std::int64_t wantedId = 0;  // to choose when the list is loaded
-    QStringList departed;       // the list since the filter's last word
+    std::vector<std::int64_t> wantedIds;
+    QStringList departed;  // the list since the filter's last word
     EntryTable* table = nullptr;
     FilterBar* filter = nullptr;
     std::unique_ptr<RowActs> acts;

@@ -44,6 +44,7 @@ void SetBold(QLabel& label) {
 OutlookPane::OutlookPane(QWidget* parent) : QScrollArea(parent) {
     setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     setFrameShape(NoFrame);
+    setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
     afterPaint.setSingleShot(true);

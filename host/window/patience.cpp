@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -23,7 +24,7 @@ class WaitingBox : public QDialog {
   public:
     WaitingBox(QWidget* parent, bool& isGivenUpA) : QDialog(parent), isGivenUp(isGivenUpA) {
         setWindowTitle(u"Schedule Entries"_s);
-        setWindowModality(Qt::ApplicationModal);
+        setAttribute(Qt::WA_ShowWithoutActivating);  // what is typed meanwhile is for the window behind it
         auto* const column = new QVBoxLayout(this);
         column->addWidget(new QLabel(u"Waiting for the store"_s, this));
         buttons = new QDialogButtonBox(this);
@@ -70,13 +71,28 @@ void Patience::End() {
     isWaiting = false;
     qApp->removeEventFilter(this);
     box.reset();
+    for (auto& [target, key] : std::exchange(heldKeys, {}))
+        if (target) QCoreApplication::postEvent(target, key.release());
 }
 
-// The box is modal; this holds back what does not ask for that.
+// Escape is the box's.
+bool Patience::HoldKey(QObject& target, const QEvent& event) {
+    if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease) return false;
+    const bool isEscape = static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+    if (isEscape && box)
+        box->reject();
+    else
+        heldKeys.emplace_back(&target, event.clone());
+    return true;
+}
+
+// No timer of a widget either: a button that is pressed by its key clicks by one. Keys come again afterwards.
 bool Patience::eventFilter(QObject* target, QEvent* event) {
-    if (event->type() == QEvent::Timer) return qobject_cast<QTimer*>(target) != nullptr;
     const auto* const widget = qobject_cast<QWidget*>(target);
     const bool isOfBox = widget != nullptr && widget->window() == box.get();
+    if (event->type() == QEvent::Timer)
+        return qobject_cast<QTimer*>(target) != nullptr || (widget != nullptr && !isOfBox);
+    if (widget != nullptr && !isOfBox && HoldKey(*target, *event)) return true;
     const bool isAct = event->isInputEvent() || event->type() == QEvent::Close ||
                        event->type() == QEvent::Shortcut || event->type() == QEvent::Quit;
     if (!isAct || isOfBox || target->isWindowType()) return false;

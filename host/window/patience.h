@@ -1,9 +1,13 @@
 // The windows while the store makes a statement wait.
 #pragma once
 
+#include <QEvent>
 #include <QObject>
+#include <QPointer>
 #include <chrono>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/database.h"
 
@@ -36,6 +40,7 @@ class Patience : public QObject {
     bool eventFilter(QObject* target, QEvent* event) override;
 
   private:
+    bool HoldKey(QObject& target, const QEvent& event);
     bool GoesOn(std::chrono::milliseconds waited);
     void ShowBox();
     void End();
@@ -43,6 +48,7 @@ class Patience : public QObject {
     Database& database;
     std::unique_ptr<QDialog> box;
     ScopedConnection ended;
+    std::vector<std::pair<QPointer<QObject>, std::unique_ptr<QEvent>>> heldKeys;
     bool isWaiting = false;
     bool isGivenUp = false;
     bool isShort = false;

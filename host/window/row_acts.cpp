@@ -22,7 +22,10 @@ constexpr int shownEvery = 30;  // milliseconds
 
 // "the entry "Nightly"", "12 entries".
 QString TextOf(const std::vector<NamedEntry>& entries) {
-    return entries.size() == 1 ? u"the entry \"%1\""_s.arg(ToQt(entries.front().name))
+    constexpr qsizetype mostLetters = 60;
+    const QString first = ToVisible(entries.front().name);
+    return entries.size() == 1 ? u"the entry \"%1\""_s.arg(
+                                     first.size() > mostLetters ? first.left(mostLetters) + u"..."_s : first)
                                : u"%1 entries"_s.arg(QLocale().toString(entries.size()));
 }
 
@@ -54,12 +57,24 @@ bool RowActs::AgreesTo(const QString& title, const QString& text,
 }
 
 void RowActs::Do(const Entries& entries, const QString& done, const std::function<void()>& work) {
-    const bool isDone = Succeeds(work);
-    Q_EMIT Changed(IdsOf(entries), isDone ? done.arg(TextOf(entries)) : QString());
+    bool isStoreAway = false;  // to read the rows again would only be to wait again
+    const bool isDone = Succeeds([&] {
+        try {
+            work();
+        } catch (const StoreError&) {
+            isStoreAway = true;
+            throw;
+        }
+    });
+    if (!isStoreAway) Q_EMIT Changed(IdsOf(entries), isDone ? done.arg(TextOf(entries)) : QString());
 }
 
 void RowActs::DoToEach(const Entries& entries, const QString& done,
                        const std::function<void(std::int32_t)>& act) {
+    for (const NamedEntry& entry : entries)
+        if (isUnsaved && isUnsaved(entry.id))
+            throw RequestError("The entry " + Quoted(entry.name) +
+                               " is open with unsaved changes; save or close it first.");
     Do(entries, done, [&] { All(entries, act); });
 }
 
@@ -86,7 +101,9 @@ QString RowActs::DeleteText(const Entries& entries) const {
                                     [this](const NamedEntry& entry) { return isOpen && isOpen(entry.id); });
     QString text = u"Do you want to delete %1?"_s.arg(TextOf(entries));
     if (open == 0) return text;
-    if (entries.size() == 1) return text + u" It is open in an editor."_s;
+    if (entries.size() == 1)
+        return text + (isUnsaved(entries.front().id) ? u" It is open in an editor, with unsaved changes."_s
+                                                     : u" It is open in an editor."_s);
     return text + (open == 1 ? u" One of them is open in an editor."_s
                              : u" %1 of them are open in editors."_s.arg(QLocale().toString(qint64{open})));
 }
@@ -109,10 +126,13 @@ void RowActs::UndoDelete() {
     const Deletion deletion = deletions.back();
     auto next = deletion.kept.begin();
     const auto act = [&](std::int32_t) { workspace.Entries().Restore(*next++); };
+    const std::size_t former = deletions.size();
     Do(deletion.entries, u"Brought back %1."_s, [&] {
         All(deletion.entries, act);
         deletions.pop_back();
     });
+    // One that cannot be undone does not keep back those before it.
+    if (deletions.size() == former) std::rotate(deletions.begin(), deletions.end() - 1, deletions.end());
 }
 
 void RowActs::Duplicate() {
@@ -122,8 +142,8 @@ void RowActs::Duplicate() {
         if (entries.empty() || !AgreesTo(u"Duplicate"_s, text, QMessageBox::Yes)) return;
         std::vector<std::int32_t> copies;
         const auto act = [&](std::int32_t id) { copies.push_back(NolSchedCtls::Duplicate(workspace, id)); };
-        const bool isDone = Succeeds([&] { All(entries, act); });
-        Q_EMIT Changed(copies, isDone ? u"Duplicated %1."_s.arg(TextOf(entries)) : QString());
+        if (Succeeds([&] { All(entries, act); }))
+            Q_EMIT Changed(copies, u"Duplicated %1."_s.arg(TextOf(entries)));
     });
 }
 

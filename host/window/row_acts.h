@@ -36,6 +36,7 @@ class RowActs : public QObject {
     bool IsBusy() const { return isBusy; }
     // Whether an editor shows the entry. May be empty.
     std::function<bool(std::int32_t id)> isOpen;
+    std::function<bool(std::int32_t id)> isUnsaved;  // and has changes that only its editor knows
 
   Q_SIGNALS:
     // May have changed: also where the store refused. What was done, if it was, in a few words.

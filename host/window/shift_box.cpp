@@ -13,7 +13,7 @@ namespace NolSchedCtls {
 
 namespace {
 
-constexpr int mostDays = 3660;
+constexpr int mostDays = 99'999;  // the page tells what it takes
 constexpr int mostHours = 23;
 
 QSpinBox* AddNumber(QFormLayout& form, const QString& caption, int most, int value) {

@@ -1,6 +1,7 @@
 #include "host/window/store_choice.h"
 
 #include <QFileDialog>
+#include <utility>
 
 #include "host/window/connect_dialog.h"
 #include "host/window/qt_text.h"
@@ -52,8 +53,9 @@ std::optional<std::string> StoreChoice::Another(const std::string& address) {
 }
 
 std::optional<std::string> StoreChoice::First(const std::string& address) {
-    if (IsReady(address, dialogs, nullptr)) return address;
+    bool isFirst = true;
     while (true) try {
+            if (std::exchange(isFirst, false) && IsReady(address, dialogs, nullptr)) return address;
             auto another = Another(address);
             if (!another || IsReady(*another, dialogs, nullptr)) return another;
         } catch (const StoreError& error) {

@@ -12,6 +12,19 @@ TEST_F(Windows, AMessageBoxShowsPlainTextUnderItsIcon) {
     ShowMessageBox({"One\r\nTwo", 48, "Nightly"});
 }
 
+TEST_F(Windows, AQuestionLeavesOutTheButtonsThatItDoesNotOffer) {
+    QTimer::singleShot(0, [] {
+        dynamic_cast<QMessageBox&>(*QApplication::activeModalWidget()).button(QMessageBox::Cancel)->click();
+    });
+    const auto given =
+        UserDialogs().ask(nullptr, {u"T"_s,
+                                    u"Gone."_s,
+                                    QMessageBox::Save | QMessageBox::Cancel,
+                                    QMessageBox::Cancel,
+                                    {{QMessageBox::Retry, u"Reload"_s}, {QMessageBox::Save, u"Copy"_s}}});
+    EXPECT_EQ(given, QMessageBox::Cancel);
+}
+
 TEST_F(Windows, ARefusedSaveShowsThePageAndTheField) {
     EntryEditor& editor = OpenNew();
     Type(editor, {{"hom.chkOverride", " "}, {"hom.txtDuration", "9x"}});
@@ -96,6 +109,32 @@ TEST_F(Windows, AnOvertakenEntryIsReloadedOrSavedAsACopy) {
         EXPECT_EQ(editor.windowTitle().startsWith(u"Nightly (copy)"), given == QMessageBox::Save);
         EXPECT_EQ(store.Sql("SELECT EditorName || ' ' || Periodicity FROM NOL_Schedule ORDER BY Id"), stored);
     }
+}
+
+TEST_F(Windows, AReloadThatFailsLeavesTheEditorAsItIs) {
+    Store();
+    auto& editor =
+        *editors.emplace_back(new EntryEditor(std::make_unique<EntrySession>(workspace, 1), dialogs));
+    Activate(editor);
+    Type(editor, {{"schedule.cboPeriod", "D"}});
+    store.Sql("UPDATE NOL_Schedule SET Version = 9, ScheduleActive = 'N', EditorName = 'Other'");
+    answer = QMessageBox::Retry;
+    EXPECT_FALSE(editor.Save());
+    EXPECT_NE(told.find("Name: \"Other\" is stored, \"Nightly\" is here\nState: \"paused\" is stored"),
+              std::string::npos)
+        << told;
+    failing = "NOL_Document";  // which the pages need
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Shown(Find(editor, "schedule.cboPeriod")), "Daily");
+    EXPECT_TRUE(editor.isWindowModified() && told.ends_with("The store fails.\n")) << told;
+    failing.clear();
+    EXPECT_FALSE(editor.Save());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Shown(Find(editor, "schedule.cboPeriod")), "Once");
+    EXPECT_EQ(Shown(*editor.findChild<QLineEdit*>(u"name"_s)), "Other");
+    store.Sql("UPDATE NOL_Schedule SET Version = 10, EditorName = 'Third'");
+    editor.FollowStored();
+    EXPECT_EQ(Shown(*editor.findChild<QLineEdit*>(u"name"_s)), "Third") << "nothing was changed here";
 }
 
 TEST_F(Windows, WhatALoadHasChangedIsUnsaved) {

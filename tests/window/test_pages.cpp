@@ -56,6 +56,16 @@ TEST_F(Windows, EachKindOfFieldShowsWhatCodeWritesAndTakesWhatAUserTypes) {
         Press(Find(editor, "hom.txtDuration"), keys);
         EXPECT_EQ(Shown(Find(editor, "hom.txtDuration")), shown);
     }
+    auto& number = editor.Session().FindPage("hom")->tab->Field<TextBox>("txtDuration");
+    for (const char* text : {"9999", "2147483647", "99999999999999999999"}) {
+        number.SetText(text);
+        Press(Find(editor, "hom.txtDuration"), "Up");
+        EXPECT_EQ(number.Text(), text) << "beyond the limit";
+    }
+    general.ctlPurgeOptions.LoadPurgeOptions("Y", 365, {});
+    Press(*TabStops(Find(editor, "general.ctlPurgeOptions")).last(), "Up");
+    EXPECT_EQ(general.ctlPurgeOptions.DaysText(), "365");
+    editor.ShowPage("hom");
     Press(editor, "Ctrl+PgUp, Ctrl+Tab");
     Press(editor, "Ctrl+Tab");
     EXPECT_EQ(editor.findChild<QTabWidget*>()->currentIndex(), 3);

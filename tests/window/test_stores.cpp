@@ -182,23 +182,27 @@ TEST_F(Stores, KeepStudyGroups) {
     DocumentsDialog dialog(nullptr, workspace, dialogs, DocumentTypes().TypeByName("NOL Group"),
                            u"study group"_s);
     Activate(dialog);
-    Walk(dialog,
-         {{"Return", "A document takes a name that is not empty.\nCore Sites, North Cells, South Cells: "},
-          {"Home'none'Return",
-           "A document cannot be named none: the word stands for no document.\n"
-           "Core Sites, North Cells, South Cells: none"},
-          {"Ctrl+A'East'Return", fails + "Core Sites, North Cells, South Cells: East", QMessageBox::Yes,
-           "INSERT"},
-          {"Return", "Core Sites, *East, North Cells, South Cells: East"},
-          {"Return",
-           "There is already a NOL Group named \"East\".\nCore Sites, *East, North Cells, South Cells: East"},
-          {"Shift+Tab", "Core Sites, *East, North Cells, South Cells: East"},
-          {"Down", "Core Sites, East, *North Cells, South Cells: North Cells"},
-          {"Tab, Ctrl+A'East'Alt+R",
-           "There is already a NOL Group named \"East\".\nCore Sites, East, *North Cells, South Cells: East"},
-          {"Ctrl+A, Del''Alt+R",
-           "A document takes a name that is not empty.\nCore Sites, East, *North Cells, South Cells: "},
-          {"Ctrl+A'North'Alt+R", "Core Sites, East, *North, South Cells: North"}});
+    Walk(dialog, {{"Return",
+                   "A study group or a scenario takes a name that is not empty.\nCore Sites, North Cells, "
+                   "South Cells: "},
+                  {"Home'none'Return",
+                   "A study group or a scenario cannot be named none: the word stands for none of them.\n"
+                   "Core Sites, North Cells, South Cells: none"},
+                  {"Ctrl+A'East'Return", fails + "Core Sites, North Cells, South Cells: East",
+                   QMessageBox::Yes, "INSERT"},
+                  {"Return", "Core Sites, *East, North Cells, South Cells: East"},
+                  {"Return",
+                   "There is already a study group named \"East\".\nCore Sites, *East, North Cells, South "
+                   "Cells: East"},
+                  {"Shift+Tab", "Core Sites, *East, North Cells, South Cells: East"},
+                  {"Down", "Core Sites, East, *North Cells, South Cells: North Cells"},
+                  {"Tab, Ctrl+A'East'Alt+R",
+                   "There is already a study group named \"East\".\nCore Sites, East, *North Cells, South "
+                   "Cells: East"},
+                  {"Ctrl+A, Del''Alt+R",
+                   "A study group or a scenario takes a name that is not empty.\nCore Sites, East, *North "
+                   "Cells, South Cells: "},
+                  {"Ctrl+A'North'Alt+R", "Core Sites, East, *North, South Cells: North"}});
     EXPECT_TRUE(dialog.HasChanged());
     window.Refresh();
     EXPECT_EQ(Shown(Find(editor, "general.fdocRptGroup")), "North");
