@@ -360,8 +360,11 @@ void MainWindow::Refresh() {
     wantedIds = table->ChosenIds();
     loader.Start();
     blink.start();
-    for (const auto& editor : editors)
-        if (editor) editor->RereadOutlook();
+    for (const auto& editor : QList(editors)) {
+        if (!editor || !editor->isVisible()) continue;
+        editor->FollowStored();
+        editor->RereadOutlook();
+    }
 }
 
 void MainWindow::RestoreLayout(const QSettings& settings) {

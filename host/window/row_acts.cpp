@@ -23,10 +23,9 @@ constexpr int shownEvery = 30;  // milliseconds
 // "the entry "Nightly"", "12 entries".
 QString TextOf(const std::vector<NamedEntry>& entries) {
     constexpr qsizetype mostLetters = 60;
-    const QString first = ToVisible(entries.front().name);
-    return entries.size() == 1 ? u"the entry \"%1\""_s.arg(
-                                     first.size() > mostLetters ? first.left(mostLetters) + u"..."_s : first)
-                               : u"%1 entries"_s.arg(QLocale().toString(entries.size()));
+    if (entries.size() != 1) return u"%1 entries"_s.arg(QLocale().toString(entries.size()));
+    const QString name = ToVisible(entries.front().name);
+    return u"the entry \"%1\""_s.arg(name.size() > mostLetters ? name.left(mostLetters) + u"..."_s : name);
 }
 
 std::vector<std::int32_t> IdsOf(const std::vector<NamedEntry>& entries) {

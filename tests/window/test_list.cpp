@@ -78,6 +78,11 @@ TEST_F(Lists, FollowWhatOthersDo) {
     const EntryEditor& editor = *window.OpenEntry(2);
     Activate(window);
     Walk({{"F5", "60 entries: *E1, E2, E3"}, {"Down", "60 entries: E1, *E2, E3"}});
+    Walk({{"Ctrl+D", "E2 (copy) - Schedule Entry"}, {"Return", "61 entries: E1, E2, E3"}});
+    store.Sql("DELETE FROM NOL_Schedule WHERE Id = 61");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return InFront().starts_with("60 entries"); }))
+        << "made here, deleted there";
+    dynamic_cast<EntryTable&>(*table).Choose(2);
     table->sortByColumn(EntryRow::Name, Qt::DescendingOrder);
     const auto shows = [this](const std::string& changed, const std::string& trace) {
         store.Sql("UPDATE NOL_Schedule SET Version = Version + 1, EditorName = " + changed);
@@ -92,7 +97,7 @@ TEST_F(Lists, FollowWhatOthersDo) {
     store.Sql("DELETE FROM NOL_Schedule WHERE Id = 3");
     EXPECT_TRUE(shows("'yy' WHERE Id = 4", "1 of 59 entries: *yy")) << InFront();
     EXPECT_TRUE(shows("(99 - Id) || 'y'", "59 entries: 98y, 97y, *95y")) << InFront();
-    EXPECT_EQ(editor.windowTitle(), u"E2[*] - Schedule Entry"_s);
+    EXPECT_EQ(editor.windowTitle(), u"97y[*] - Schedule Entry"_s) << "nothing was changed in it";
 }
 
 TEST_F(Lists, StayAliveWhileTheStoreWaits) {
@@ -204,12 +209,13 @@ TEST_F(Lists, ActOnSeveralRowsAllOrNone) {
         {"Ctrl+Z", "Brought back 3 entries.", ".", "DELETE FROM NOL_Schedule"},
         {"Ctrl+Z", "", "."},
         {"Ctrl+A, Ctrl+P", "Do you want to pause 3 entries?\n", ".", "", QMessageBox::Cancel},
+        {"F5, Ctrl+P, Ctrl+G, Ctrl+D", "", "."},  // nothing is chosen while it loads, and then what was
         {"Ctrl+P", "Do you want to pause 3 entries?\nPaused 3 entries.", thrice(paused)},
         {"Ctrl+Shift+P", "Do you want to activate 3 entries?\nActivated 3 entries.", thrice(active)},
         {"Ctrl+G", second + "its study group stays as it was made.\n", thrice(active),
          "UPDATE NOL_Schedule SET RunMode = 'I' WHERE Id = 2"},
         {"Ctrl+G", "Changed the group of 3 entries.", thrice(moved),
-         "UPDATE NOL_Schedule SET RunMode = 'S' WHERE Id = 2"},
+         "UPDATE NOL_Schedule SET RunMode = substr('SSS', Id, 1), PurgeInterval = 9999"},  // no page warns
         {"Ctrl+T", "Shifted the start of 3 entries.", thrice(late)},
         {"Ctrl+T", second + "Start Date is after End Date.  Report group can never be run\n", thrice(late),
          "UPDATE NOL_Schedule SET Periodicity = 'D', FinalDateTime = '2026-03-15 00:00:00' WHERE Id = 2"},
@@ -226,6 +232,7 @@ TEST_F(Lists, ActOnSeveralRowsAllOrNone) {
             QTest::keyClicks(QApplication::focusWidget(), u"5\r"_s);
         });
         Press(*table, keys);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !window.IsLoading(); }));
         EXPECT_EQ(told + window.statusBar()->currentMessage().toStdString(), trace) << keys;
         EXPECT_EQ(rows == "." ? store.Dump()
                               : store.Sql("SELECT RptGrpId, ScheduleActive, FirstDateTime FROM NOL_Schedule"),
@@ -239,7 +246,13 @@ TEST_F(Lists, ActOnSeveralRowsAllOrNone) {
     Press(*table, "Up, Shift+Down, Ctrl+C");
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
               "Name\tAt\nC (copy)\t5:00 AM\nC\t5:00 AM\n");
-    window.findChild<QComboBox*>()->setCurrentText(u"Scheduled"_s);
+    EXPECT_EQ(store.Sql("SELECT DISTINCT PurgeInterval FROM NOL_Schedule WHERE Id < 4"), "9999\n");
+    auto& state = *window.findChild<QComboBox*>();
+    QWheelEvent notch({5, 5}, state.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&state, &notch);
+    EXPECT_EQ(state.currentIndex(), 0) << "without the focus the wheel is not for it";
+    state.setCurrentText(u"Scheduled"_s);
     Walk({{"Ctrl+F'copy", "3 of 6 entries: *C (copy), A 10 (copy), A 2 (copy)"}});
     now += 11;  // the others have had their only run
     EXPECT_TRUE(QTest::qWaitFor([this] { return InFront() == "1 of 6 entries: *A 2 (copy)"; })) << InFront();
