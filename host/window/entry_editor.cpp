@@ -8,7 +8,6 @@
 #include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <optional>
 #include <utility>
 
@@ -31,6 +30,8 @@ EntryEditor::EntryEditor(std::unique_ptr<EntrySession> sessionA, Dialogs dialogs
     setWindowFlags(Qt::Window);
     session->Load();
     Make();
+    reloading.setSingleShot(true);
+    connect(&reloading, &QTimer::timeout, this, &EntryEditor::Reload);
     // The outlook may take two lines.
     FitToScreen(*this, sizeHint() + QSize(0, fontMetrics().lineSpacing()));
 }
@@ -212,7 +213,7 @@ bool EntryEditor::SettleOvertaken(const QString& text) {
                            (differences ? Box::Retry : Box::NoButton) | Box::Save | Box::Cancel,
                            Box::Cancel,
                            {{Box::Retry, u"Reload"_s}, {Box::Save, u"Save as a Copy"_s}}});
-    if (answer == Box::Retry) QTimer::singleShot(0, this, &EntryEditor::Reload);
+    if (answer == Box::Retry) reloading.start(0);
     return answer == Box::Save && SaveBy([this] { return session->SaveAsCopy(); });
 }
 

@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QTabWidget>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -74,6 +75,7 @@ class EntryEditor : public QDialog {
     QTabWidget* pages = nullptr;
     OutlookLine* outlook = nullptr;
     QDialogButtonBox* buttons = nullptr;
+    QTimer reloading;  // once the act that asks for it has returned
     std::vector<ScopedConnection> connections;
 };
 
