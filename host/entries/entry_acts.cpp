@@ -22,9 +22,10 @@ void LoadSilently(EntrySession& session) {
     session.Load();
 }
 
-void Refuse(EntrySession& session) {
+// What the page that `ask` gives has told is thrown.
+void Accepts(EntrySession& session, const std::function<const Page*()>& ask) {
     const Workspace::Silence silence(session.Home());
-    const Page* const refusal = session.FirstRefusal(EntrySession::PastEnd::Stands);
+    const Page* const refusal = ask();
     if (refusal == nullptr) return;
     throw RequestError(silence.Messages().empty() ? "the page " + std::string(refusal->title) + " refuses it."
                                                   : silence.Messages().front().text);
@@ -86,7 +87,7 @@ void ShiftStart(Workspace& workspace, std::int32_t id, DateTime days) {
     const std::size_t timePlace = start.find('T');
     Take(tab.SSDStartDate, start.substr(0, timePlace));
     Take(tab.dtpStartTime, start.substr(timePlace + 1, 5));
-    Refuse(session);
+    Accepts(session, [&] { return session.FirstRefusal(EntrySession::PastEnd::Stands); });
     CNolSchedData& record = session.Record();
     record.FirstDateTime += days;
     // The last run is at the time of day of all.
@@ -97,8 +98,7 @@ void ShiftStart(Workspace& workspace, std::int32_t id, DateTime days) {
 std::int32_t Duplicate(Workspace& workspace, std::int32_t id) {
     EntrySession copy(workspace, EntrySession::CopyOf{id});
     LoadSilently(copy);
-    Refuse(copy);
-    copy.Save(EntrySession::PastEnd::Stands);
+    Accepts(copy, [&] { return copy.Save(EntrySession::PastEnd::Stands).refusedBy; });
     return copy.Record().Id;
 }
 

@@ -24,15 +24,17 @@ void DoToAll(
     const std::function<void(std::int32_t id)>& act,
     const std::function<bool(int done)>& goesOn = [](int) { return true; });
 
-// Each throws RequestError for an entry that is not there or that its pages refuse, StoreError and
-// OvertakenError. An end that has passed is no reason to refuse.
+// Each throws RequestError for an entry that is not there or that refuses the act, StoreError and
+// OvertakenError, and writes what it names, nothing else. An end that has passed is no reason to refuse.
 
 // Asks no page: also of an entry that none can show.
 void SetActive(Workspace& workspace, std::int32_t id, bool isActive);
+// As the general page offers it.
 void SetGroup(Workspace& workspace, std::int32_t id, const std::string& group);
-// By days and parts of a day, within what the page of the schedule takes; the end stays.
+// By days and parts of a day, where all pages then take the entry. The end stays on its day, at the time of
+// day of the runs.
 void ShiftStart(Workspace& workspace, std::int32_t id, DateTime days);
-// Gives the Id of the copy.
+// Of what the pages show, as an editor copies it. Gives the Id of the copy.
 std::int32_t Duplicate(Workspace& workspace, std::int32_t id);
 
 }  // namespace NolSchedCtls

@@ -62,17 +62,18 @@ void DocumentsDialog::Delete() {
     const QString document = Chosen().front()->data(0, Qt::UserRole).toString();
     const QString shown = Chosen().front()->text(0);
     if (!Asks(u"Delete"_s, u"Do you want to delete the %1 \"%2\"?"_s.arg(word, shown))) return;
+    QString kept;
     const auto remove = [&] {
         try {
             DeleteDocument(workspace, type, document.toStdString());
         } catch (const InUseError& error) {
             const QString question =
                 u"The %1 \"%2\" is used by these entries, which would lose it:\n\n%3\n\nDelete it nevertheless?"_s;
-            if (Asks(u"Delete"_s, question.arg(word, shown, Listed(error.users))))
-                DeleteDocument(workspace, type, document.toStdString(), InUse::Deleted);
+            if (!Asks(u"Delete"_s, question.arg(word, shown, Listed(error.users)))) return void(kept = shown);
+            DeleteDocument(workspace, type, document.toStdString(), InUse::Deleted);
         }
     };
-    if (Do(remove)) name->clear();
+    if (Do(remove, kept) && kept.isEmpty()) name->clear();
 }
 
 }  // namespace NolSchedCtls

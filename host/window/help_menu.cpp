@@ -30,6 +30,7 @@ constexpr Key keysOfEntry[] = {
     {"Ctrl+S", "Apply: saves the entry"},
     {"Esc", "Cancel: closes the entry; unsaved changes are asked about"},
     {"Ctrl+Tab", "The next page; with Shift the one before"},
+    {"F1", "Tells what the field is for"},
     {"Alt+letter", "The field whose underlined letter that is"},
 };
 
@@ -37,7 +38,8 @@ constexpr Key keysOfFields[] = {
     {"Space", "A box: ticks it or clears it"},
     {"Alt+Down", "A list or a date: opens its entries or its calendar"},
     {"F2", "A date: marks it, to be typed over"},
-    {"Up, Down", "A list: the entry before or after; a time: its hour or minute"},
+    {"Up, Down", "A list: the entry before or after; a number, or a time's hour or minute: one more or less"},
+    {"PgUp, PgDown", "A number or a time: ten more or less"},
 };
 
 QTreeWidgetItem* Group(QTreeWidget& table, const QString& title) {

@@ -15,9 +15,9 @@ class QDialog;
 
 namespace NolSchedCtls {
 
-// After half a second a box tells that the store is busy and offers to give up; the windows are drawn, and
-// nothing else can be done in them: no input, no closing, no timer of their own comes through. Lives no
-// longer than the database.
+// After half a second a box tells that the store makes wait and offers to give up, also by Escape; the
+// windows are drawn, and nothing else can be done in them: no click, no closing, no timer of their own comes
+// through, and keys come once the waiting has ended. Lives no longer than the database.
 class Patience : public QObject {
   public:
     explicit Patience(Database& databaseA);

@@ -185,7 +185,10 @@ TEST_F(Stores, KeepStudyGroups) {
     Walk(dialog, {{"Return",
                    "A study group or a scenario takes a name that is not empty.\nCore Sites, North Cells, "
                    "South Cells: "},
-                  {"Home'none'Return",
+                  {"' 'Return",
+                   "A study group or a scenario takes a name that is not empty.\nCore Sites, North Cells, "
+                   "South Cells:  "},
+                  {"Ctrl+A'none'Return",
                    "A study group or a scenario cannot be named none: the word stands for none of them.\n"
                    "Core Sites, North Cells, South Cells: none"},
                   {"Ctrl+A'East'Return", fails + "Core Sites, North Cells, South Cells: East",
@@ -206,6 +209,8 @@ TEST_F(Stores, KeepStudyGroups) {
     EXPECT_TRUE(dialog.HasChanged());
     window.Refresh();
     EXPECT_EQ(Shown(Find(editor, "general.fdocRptGroup")), "North");
+    next = {QMessageBox::Yes, QMessageBox::Cancel};
+    Walk(dialog, {{"Alt+L", asks + used + "Core Sites, East, *North, South Cells: North"}});
     Walk(dialog, {{"Alt+L", asks + "Core Sites, East, *North, South Cells: North", QMessageBox::Cancel},
                   {"Alt+L", asks + used + fails + "Core Sites, East, *North, South Cells: North",
                    QMessageBox::Yes, "DELETE"},

@@ -98,12 +98,13 @@ class Windows : public testing::Test {
     std::function<void()> onMessage;
     std::vector<Question> asked;
     QMessageBox::StandardButton answer = QMessageBox::Discard;
-    DateTime now = 46083;  // 3/2/2026
-    int choice = 1;        // of what is offered; -1 for none
+    QList<QMessageBox::StandardButton> next;  // come first
+    DateTime now = 46083;                     // 3/2/2026
+    int choice = 1;                           // of what is offered; -1 for none
     const Dialogs dialogs{[this](QWidget*, const Question& question) {
                               told += question.text.toStdString() + '\n';
                               asked.push_back(question);
-                              return answer;
+                              return next.isEmpty() ? answer : next.takeFirst();
                           },
                           [this](QWidget*, const auto&, const auto&, const auto& offered, int) {
                               return offered.value(choice);
