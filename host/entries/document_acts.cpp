@@ -5,7 +5,8 @@
 namespace NolSchedCtls {
 
 void CheckDocumentName(const std::string& name) {
-    if (Trimmed(name).empty()) throw RequestError("A study group or a scenario takes a name that is not empty.");
+    if (Trimmed(name).empty())
+        throw RequestError("A study group or a scenario takes a name that is not empty.");
     if (name == noDocument)
         throw RequestError(
             "A study group or a scenario cannot be named none: the word stands for none of them.");
