@@ -8,7 +8,7 @@
 #include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/base/text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -146,4 +146,4 @@ std::string DescribeSchedule(const CNolSchedData& record, const OutlookSettings&
     }
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

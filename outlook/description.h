@@ -5,7 +5,7 @@
 
 #include "outlook/recurrence.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // "Monthly on the last Friday of every 2 months at 22:30, not on holidays, until Dec 31, 2027". Whether the
 // entry is paused or ever runs is not told.
@@ -21,4 +21,4 @@ std::string DayText(const Recurrence& recurrence);
 // "Friday is excluded", "Sunday and holidays are excluded".
 std::string ExcludedText(ExcludedDays excluded);
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -1,6 +1,6 @@
 #include "outlook/holidays.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 Holidays::Holidays(const std::vector<DateTime>& days) {
     std::vector<Day> whole;
@@ -14,4 +14,4 @@ bool Holidays::Contain(Day day) const {
     return sorted && std::binary_search(sorted->begin(), sorted->end(), day);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 
 #include "outlook/moment.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // Never changes; copies share the days, so that each of many schedules may hold one.
 class Holidays {
@@ -21,4 +21,4 @@ class Holidays {
     std::shared_ptr<const std::vector<Day>> sorted;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

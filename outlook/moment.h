@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/base/date_time.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 using Day = std::chrono::local_days;
 using Moment = std::chrono::local_seconds;
@@ -36,4 +36,4 @@ inline Moment MomentOf(DateTime dateTime) {
                                       std::chrono::seconds{static_cast<int>(second)});
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

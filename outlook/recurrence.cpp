@@ -7,7 +7,7 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/base/error.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -102,4 +102,4 @@ Recurrence ReadRecurrence(const CNolSchedData& record, const OutlookSettings& se
             .last = code == RecurrenceCode::Once ? std::min(first, last) : last};
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -9,7 +9,7 @@
 #include "NolSchedCtls/records/nol_sched_data.h"
 #include "outlook/moment.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // The host's settings that say what a record leaves open.
 struct OutlookSettings {
@@ -56,4 +56,4 @@ struct Recurrence {
 // value and what it can be.
 Recurrence ReadRecurrence(const CNolSchedData& record, const OutlookSettings& settings);
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

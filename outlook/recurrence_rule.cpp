@@ -8,7 +8,7 @@
 #include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/base/text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -78,4 +78,4 @@ std::string RecurrenceRule(const CNolSchedData& record, const OutlookSettings& s
     }
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -5,7 +5,7 @@
 
 #include "outlook/recurrence.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // The rule of RFC 5545 that gives the record's runs for an event from FirstDateTime, or from its first run,
 // on: "FREQ=MONTHLY;INTERVAL=2;BYDAY=-1FR;UNTIL=20271231T223000". Excluded weekdays are within it, holidays
@@ -13,4 +13,4 @@ namespace NolSchedCtls {
 // runs is excluded.
 std::string RecurrenceRule(const CNolSchedData& record, const OutlookSettings& settings = {});
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

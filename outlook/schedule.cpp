@@ -6,7 +6,7 @@
 #include "NolSchedCtls/base/error.h"
 #include "outlook/description.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -97,4 +97,4 @@ std::string Schedule::WhyNever() const {
            DayText(recurrence);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -12,7 +12,7 @@
 #include "outlook/recurrence.h"
 #include "outlook/steps.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 enum class RunState { Scheduled, Paused, Immediate, Ended, NeverRuns, Unreadable };
 
@@ -109,4 +109,4 @@ class RunRange {
     Moment until;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

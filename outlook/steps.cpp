@@ -1,6 +1,6 @@
 #include "outlook/steps.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -77,4 +77,4 @@ Steps StepsOf(const Recurrence& recurrence) {
     return EvenSteps{isWeekly ? WeekdayOfFirstWeek(recurrence) : first, LengthOf(recurrence)};
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

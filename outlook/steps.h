@@ -6,7 +6,7 @@
 
 #include "outlook/recurrence.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // Once, hourly, daily and weekly: without time zones the runs lie evenly.
 struct EvenSteps {
@@ -42,4 +42,4 @@ inline Moment FirstStepFrom(const Steps& steps, Moment from, Moment until) {
     return std::visit([&](const auto& kind) { return kind.FirstFrom(from, until); }, steps);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -5,7 +5,7 @@
 
 #include "NolSchedCtls/base/date_time.h"
 
-namespace NolSchedCtls::MAppConstants {
+namespace NolSchedCtls::inline v1::MAppConstants {
 
 inline constexpr std::string_view homStudy = "HOM Study";
 inline constexpr std::string_view plmStudy = "PLM Study";
@@ -24,4 +24,4 @@ inline constexpr int exclamationMark = 48;
 inline constexpr std::string_view autoPurgeRequired = "AutoPurge Required";
 inline constexpr std::string_view maxPurgeInterval = "Max Purge Interval";
 
-}  // namespace NolSchedCtls::MAppConstants
+}  // namespace NolSchedCtls::inline v1::MAppConstants

@@ -11,7 +11,7 @@
 
 #include "NolSchedCtls/base/error.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 constexpr char FoldedLetter(char letter) noexcept {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -95,4 +95,4 @@ class KeyedCollection {
     std::vector<bool> hasKey;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -8,7 +8,7 @@
 #include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/base/text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -113,4 +113,4 @@ DateTime ParseIso(std::string_view text) {
     return ComposeDateTime(parts);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // Days since 1899-12-30. Good from year 100 to year 9999.
 using DateTime = double;
@@ -38,4 +38,4 @@ NOLSCHED_API std::string IsoText(DateTime dateTime);
 // seconds' point are dropped). Throws NolSchedError for anything else.
 NOLSCHED_API DateTime ParseIso(std::string_view text);
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

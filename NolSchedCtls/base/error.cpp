@@ -2,7 +2,7 @@
 
 #include <exception>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -30,4 +30,4 @@ std::string PresentFailure() {
     return "no failure";
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // Every failure that the library throws derives from this. The message names the thing and the value.
 class NOLSCHED_API NolSchedError : public std::runtime_error {
@@ -50,4 +50,4 @@ decltype(auto) Explained(Step&& step, About&& about) {
     }
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

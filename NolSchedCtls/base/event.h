@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A handler's place at an event. Copies stand for the same handler; may outlive the event.
 class Connection {
@@ -108,4 +108,4 @@ class Event {
     std::shared_ptr<Handlers> handlers;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 inline std::atomic<int> liveObjects = 0;
 
@@ -20,4 +20,4 @@ std::shared_ptr<T> Counted(std::shared_ptr<T> object) {
             }};
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

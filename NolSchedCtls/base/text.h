@@ -9,7 +9,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A whole number in plain digits, after a minus at most; nothing for any other text or a number that Number
 // does not hold.
@@ -52,4 +52,4 @@ std::string Joined(const Parts& parts, TextOf textOf = {}, std::string_view sepa
     return joined;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -105,4 +105,4 @@ std::shared_ptr<PaviseTab> CreateControl(std::string_view sProgId) {
 
 const VersionBlock& LibraryVersion() { return versionBlock; }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -8,7 +8,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class CNolOverride;
 class CNolSchedData;
@@ -52,4 +52,4 @@ struct VersionBlock {
 
 NOLSCHED_API const VersionBlock& LibraryVersion();
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -5,7 +5,7 @@
 
 #include "NolSchedCtls/base/live_objects.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -33,7 +33,7 @@ IClassObject& ClassObjectOf(const PublishedClass& published) {
 
 }  // namespace
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1
 
 using namespace NolSchedCtls;
 

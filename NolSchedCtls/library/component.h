@@ -11,7 +11,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/library/catalogue.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // Hands out one class. Lives as long as the library.
 class NOLSCHED_API IClassObject {
@@ -34,7 +34,7 @@ enum ComponentResult : std::int32_t {
     componentBadPointer = -3,   // a name or the place for the result is missing
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1
 
 // Safe from any thread.
 extern "C" {

@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/records/nol_sched_data.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 template <class T>
 struct Column {
@@ -60,4 +60,4 @@ inline std::string_view NameOf(const EntryColumn& entryColumn) {
     return std::visit([](const auto& column) { return column.sName; }, entryColumn);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A number of -1 says that the field has no value; readers take anything below 1 as none, since a column
 // without a value is read back as 0. Nothing is checked here: ranges live in the tabs.
@@ -34,4 +34,4 @@ class NOLSCHED_API CNolOverride {
     }
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

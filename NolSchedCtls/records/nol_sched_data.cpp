@@ -9,7 +9,7 @@
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -94,4 +94,4 @@ CNolSchedData& CNolSchedData::SaveNolOverrides() {
     return *this;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -15,7 +15,7 @@
 #include "NolSchedCtls/services/caddis.h"
 #include "NolSchedCtls/services/lintel.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A stored entry's columns, in their order; each fills the property of its name.
 struct InitEditArguments {
@@ -131,4 +131,4 @@ class NOLSCHED_API CNolSchedData {
     std::shared_ptr<const CaddisScenarioType> ScenarioType = std::make_shared<CaddisScenarioType>();
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

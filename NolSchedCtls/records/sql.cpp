@@ -7,7 +7,7 @@
 #include "NolSchedCtls/records/nol_sched_data.h"
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls::MSQL {
+namespace NolSchedCtls::inline v1::MSQL {
 
 namespace {
 
@@ -65,4 +65,4 @@ void LoadNolOverrides(CNolSchedData& record) {
     }
 }
 
-}  // namespace NolSchedCtls::MSQL
+}  // namespace NolSchedCtls::inline v1::MSQL

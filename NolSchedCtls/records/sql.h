@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class CNolOverride;
 class CNolSchedData;
@@ -23,4 +23,4 @@ void LoadNolOverrides(CNolSchedData& record);
 
 }  // namespace MSQL
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

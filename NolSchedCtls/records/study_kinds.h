@@ -8,7 +8,7 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/records/nol_sched_data.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 struct StudyKind {
     std::string_view sKey;  // at once key in Overrides, OverrideType, and tab name for the notifier
@@ -32,4 +32,4 @@ constexpr const StudyKind* FindStudyKind(std::string_view sName) {
     return nullptr;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -10,7 +10,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 struct CaddisDocumentType {
     std::string Name;
@@ -79,4 +79,4 @@ class NOLSCHED_API IDocumentTypes {
     virtual CaddisDocumentType TypeByName(std::string_view sName) = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -3,7 +3,7 @@
 
 #include "NolSchedCtls/base/date_time.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API IClock {
   public:
@@ -12,4 +12,4 @@ class NOLSCHED_API IClock {
     virtual DateTime Now() = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 struct CodeOption {
     std::string Value;
@@ -31,4 +31,4 @@ class NOLSCHED_API ICodeTables {
     virtual const KeyedCollection<CodeRow>& DayNames() = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 enum class DateFieldOrder { MonthFirst, DayFirst, YearFirst };
 
@@ -26,4 +26,4 @@ class NOLSCHED_API IDateSettings {
 NOLSCHED_API std::unique_ptr<IDateSettings> MakeDateSettings(DateFieldOrder order,
                                                              std::int32_t firstDayOfWeek = 1);
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // 1 is "Sunday", 7 "Saturday". Both throw ValueError for what is no weekday.
 class NOLSCHED_API IDayConversion {
@@ -17,4 +17,4 @@ class NOLSCHED_API IDayConversion {
     virtual std::int32_t DayNumberOfName(std::string_view sName) = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

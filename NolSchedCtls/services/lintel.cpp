@@ -6,7 +6,7 @@
 #include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/base/text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -56,4 +56,4 @@ std::int32_t ILintelDb::FieldToNumber(const LintelField& field, std::int32_t nFa
 
 std::string FieldToText(const LintelField& field) { return std::visit(ToText{}, field.Value); }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

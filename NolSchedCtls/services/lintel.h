@@ -11,7 +11,7 @@
 #include "NolSchedCtls/base/date_time.h"
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A value of a statement or of a row; the first alternative is no value.
 using LintelValue = std::variant<std::monostate, std::int64_t, double, std::string>;
@@ -84,4 +84,4 @@ class NOLSCHED_API ILintelFailureReport {
     virtual void ReportFailure(std::string_view sText) = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

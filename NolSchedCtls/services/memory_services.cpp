@@ -8,7 +8,7 @@
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -253,4 +253,4 @@ std::shared_ptr<MemoryStore> InstallMemoryServices() {
     return store;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

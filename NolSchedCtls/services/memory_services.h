@@ -12,7 +12,7 @@
 
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A box that was shown.
 struct MemoryMessage {
@@ -56,4 +56,4 @@ class NOLSCHED_API MemoryProvider : public ServiceProvider {
 // Installs a MemoryProvider over a new store, for one thread, and gives the store.
 NOLSCHED_API std::shared_ptr<MemoryStore> InstallMemoryServices();
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

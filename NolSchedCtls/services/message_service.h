@@ -5,7 +5,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API IMessageService {
   public:
@@ -15,4 +15,4 @@ class NOLSCHED_API IMessageService {
                       int nHelpContext) = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

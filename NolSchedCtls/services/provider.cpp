@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 const char NOLSCHED_CONTAINERS = 0;
 
@@ -148,4 +148,4 @@ std::unique_ptr<ILintelFailureReport> LintelFailureReport() {
     return report;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -24,7 +24,7 @@
 #define NOLSCHED_CONTAINERS containersWithoutChecks
 #endif
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 extern NOLSCHED_API const char NOLSCHED_CONTAINERS;
 [[gnu::used]] inline const char* const sameContainers = &NOLSCHED_CONTAINERS;
@@ -71,4 +71,4 @@ NOLSCHED_API IDateSettings& DateSettings();
 // A new report for the failure that is being handled.
 NOLSCHED_API std::unique_ptr<ILintelFailureReport> LintelFailureReport();
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

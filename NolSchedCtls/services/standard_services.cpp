@@ -5,7 +5,7 @@
 
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -173,4 +173,4 @@ std::unique_ptr<IDateSettings> ServiceProvider::CreateDateSettings() {
     return MakeDateSettings(DateFieldOrder::MonthFirst);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

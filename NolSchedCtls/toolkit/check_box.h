@@ -4,7 +4,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API CheckBox : public ViewField {
   public:
@@ -31,4 +31,4 @@ class NOLSCHED_API CheckBox : public ViewField {
     int value = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

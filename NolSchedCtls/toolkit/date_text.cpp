@@ -9,7 +9,7 @@
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -264,4 +264,4 @@ std::optional<TimeOfDay> ReadTimeText(std::string_view text) {
     return TimeOfDay{parts.hour, parts.minute};
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -8,7 +8,7 @@
 
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // "Monday, March 02, 2026".
 inline constexpr std::string_view longDateFormat = "DDDD, MMMM DD, YYYY";
@@ -52,4 +52,4 @@ struct TimeOfDay {
 // case, with seconds of :00 at most; and "noon" and "midnight". Nothing for any other text.
 std::optional<TimeOfDay> ReadTimeText(std::string_view text);
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -1,6 +1,6 @@
 #include "NolSchedCtls/toolkit/drop_down_list.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 void DropDownList::Clear() {
     if (entries.empty()) return;
@@ -57,4 +57,4 @@ bool DropDownList::PickIndex(int index) {
     return true;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A refill costs a screen two Refresh: Clear raises one and the selection after the last AddItem the other.
 // AddItem by itself raises one only while something is selected. A screen that shows the entries of a list
@@ -47,4 +47,4 @@ class NOLSCHED_API DropDownList : public ViewField {
     int listIndex = -1;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

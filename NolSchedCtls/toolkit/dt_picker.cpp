@@ -2,7 +2,7 @@
 
 #include "NolSchedCtls/toolkit/date_text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -56,4 +56,4 @@ std::string DTPicker::Take(std::string_view text) {
     return {};
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

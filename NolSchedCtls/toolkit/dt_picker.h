@@ -5,7 +5,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/typed_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API DTPicker : public TypedField {
   public:
@@ -34,4 +34,4 @@ class NOLSCHED_API DTPicker : public TypedField {
     int minute = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

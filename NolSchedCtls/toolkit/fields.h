@@ -12,7 +12,7 @@
 #include "NolSchedCtls/toolkit/x_ambit.h"
 #include "NolSchedCtls/toolkit/x_marlet.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // Calls the visitor with the field as what it is, and gives what it gives.
 template <class Visitor>
@@ -26,4 +26,4 @@ decltype(auto) VisitField(const ViewField& field, Visitor&& visitor) {
                       [&visitor](const auto& kind) -> decltype(auto) { return visitor(kind); });
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

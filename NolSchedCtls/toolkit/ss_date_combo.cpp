@@ -4,7 +4,7 @@
 
 #include "NolSchedCtls/toolkit/date_text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -86,4 +86,4 @@ bool SSDateCombo::Click() {
     return true;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

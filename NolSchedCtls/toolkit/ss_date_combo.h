@@ -9,7 +9,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/typed_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // The bounds limit what a user can choose; a date that code writes stands as it is.
 class NOLSCHED_API SSDateCombo : public TypedField {
@@ -59,4 +59,4 @@ class NOLSCHED_API SSDateCombo : public TypedField {
     std::string defaultDate = "Today";
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -4,7 +4,7 @@
 
 #include "NolSchedCtls/toolkit/text_edit.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -89,4 +89,4 @@ bool TextBox::Paste(std::string_view textA) {
     return true;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 inline constexpr char32_t keyBackspace = 8;
 
@@ -42,4 +42,4 @@ class NOLSCHED_API TextBox : public ViewField {
     bool locked = false;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

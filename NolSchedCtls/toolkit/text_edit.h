@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // The text without what lies beyond `limit` characters; 0 is no limit. A byte that is no UTF-8 counts as one.
 std::string CutToLength(std::string_view text, std::size_t limit);
@@ -18,4 +18,4 @@ std::string TextAfterKey(const std::string& text, char32_t key, std::size_t limi
 // else its beginning.
 std::string TextAfterEdit(const std::string& text, std::string_view edited, std::size_t limit);
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -1,6 +1,6 @@
 #include "NolSchedCtls/toolkit/typed_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 bool TypedField::TypeText(std::string_view text) {
     if (!BeginUserAct()) return false;
@@ -14,4 +14,4 @@ bool TypedField::TypeText(std::string_view text) {
 
 void TypedField::DropRefusedText() { Assign(refusal, {}); }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A text that cannot be taken stays in the field as it was typed, and the value as it was. The next value,
 // typed, picked or written by code, takes its place.
@@ -32,4 +32,4 @@ class NOLSCHED_API TypedField : public ViewField {
     std::string refusal;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

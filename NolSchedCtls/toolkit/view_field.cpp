@@ -1,6 +1,6 @@
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 FieldPlace::FieldPlace(Frame& frameA) : control(frameA.Control()), frame(&frameA) {}
 
@@ -59,4 +59,4 @@ ViewField* UserControl::RefusedField() const {
     return found == fields.end() ? nullptr : *found;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

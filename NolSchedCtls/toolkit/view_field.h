@@ -17,7 +17,7 @@
 #include "NolSchedCtls/base/event.h"
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class CheckBox;
 class DropDownList;
@@ -181,4 +181,4 @@ class NOLSCHED_API UserControl {
     bool visible = true;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

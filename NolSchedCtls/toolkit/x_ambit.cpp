@@ -9,7 +9,7 @@
 #include "NolSchedCtls/toolkit/text_box.h"
 #include "NolSchedCtls/toolkit/text_edit.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -114,4 +114,4 @@ bool XAmbitDownload::Pick(std::string_view text) {
     return true;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -9,7 +9,7 @@
 #include "NolSchedCtls/services/caddis.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 inline constexpr std::int32_t maximumWithoutSetting = 365;  // days
 
@@ -79,4 +79,4 @@ class NOLSCHED_API XAmbitDownload : public ViewField {
     std::string code;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

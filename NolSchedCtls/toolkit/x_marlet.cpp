@@ -5,7 +5,7 @@
 #include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -77,4 +77,4 @@ bool XMarlet::Paste(std::string_view sName) {
     return true;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

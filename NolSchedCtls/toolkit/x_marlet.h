@@ -7,7 +7,7 @@
 #include "NolSchedCtls/services/caddis.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API XMarlet : public ViewField {
   public:
@@ -57,4 +57,4 @@ class NOLSCHED_API XMarlet : public ViewField {
     std::string typed;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

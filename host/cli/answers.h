@@ -6,11 +6,11 @@
 #include <string>
 #include <utility>
 
+#include "NolSchedCtls/records/nol_sched_data.h"
 #include "NolSchedCtls/services/lintel.h"
 
 namespace NolSchedCtls {
 
-class CNolSchedData;
 struct CheckedEntry;
 class UsageError;
 

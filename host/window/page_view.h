@@ -5,10 +5,9 @@
 #include <QScrollArea>
 
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 
 namespace NolSchedCtls {
-
-class XNolScheduleTab;
 
 // Ends before its tab does. The widgets follow each other by Tab in the order of the tab's fields.
 // Scrolls where it has not the room for them, and to the field that gets the focus.

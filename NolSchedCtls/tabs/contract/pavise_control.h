@@ -10,7 +10,7 @@
 
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class CNolSchedData;
 class CPaviseNotify;
@@ -35,4 +35,4 @@ class NOLSCHED_API IPaviseControl {
     virtual void SaveState() = 0;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

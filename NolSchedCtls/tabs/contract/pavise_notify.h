@@ -6,7 +6,7 @@
 #include "NolSchedCtls/base/event.h"
 #include "NolSchedCtls/base/export.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // One for each open entry. Tabs call the operations; each raises its event before it returns.
 class NOLSCHED_API CPaviseNotify {
@@ -30,4 +30,4 @@ class NOLSCHED_API CPaviseNotify {
     Event<const std::string&> TabShown;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -3,7 +3,7 @@
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 bool PaviseTab::HandleTabProcess(const std::string& /*sProcess*/) { return false; }
 
@@ -39,4 +39,4 @@ void PaviseTab::TrySetFocus(ViewField& ctl) {
     }
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 #include "NolSchedCtls/tabs/contract/pavise_notify.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
   public:
@@ -36,4 +36,4 @@ class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
     bool isLoaded = false;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

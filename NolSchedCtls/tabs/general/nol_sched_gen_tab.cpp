@@ -6,7 +6,7 @@
 #include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -154,4 +154,4 @@ void XNolSchedGenTab::PaviseStateChange(const std::string& sTabName, bool fState
         if (kindBox.kind.sKey == sTabName) (this->*kindBox.pBox).SetValue(fState ? 1 : 0);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

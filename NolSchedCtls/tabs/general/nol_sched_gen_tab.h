@@ -10,7 +10,7 @@
 #include "NolSchedCtls/toolkit/x_ambit.h"
 #include "NolSchedCtls/toolkit/x_marlet.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
   public:
@@ -53,4 +53,4 @@ class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
     ScopedConnection stateChange;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

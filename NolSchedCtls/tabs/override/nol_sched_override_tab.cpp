@@ -7,7 +7,7 @@
 #include "NolSchedCtls/tabs/override/numeric_text.h"
 #include "NolSchedCtls/tabs/override/override_kind.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -184,4 +184,4 @@ void NolSchedOverrideTab::SaveData() {
     data.AddNolOverride(std::move(item), sOverrideKey);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -10,7 +10,7 @@
 #include "NolSchedCtls/toolkit/text_box.h"
 #include "NolSchedCtls/toolkit/x_marlet.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class CNolOverride;
 struct NumberField;
@@ -117,4 +117,4 @@ class NOLSCHED_API XNolSchedVcsOvr : public NolSchedOverrideTab {
     Label& lblNote = *note;
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

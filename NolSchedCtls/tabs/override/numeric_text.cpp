@@ -7,7 +7,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -44,4 +44,4 @@ void MNolSchedCtls::FilterDigitKey(TextBox& source, char32_t& nKeyAscii) {
     source.Control().Beep.Raise(source);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 class TextBox;
 
@@ -24,4 +24,4 @@ void FilterDigitKey(TextBox& source, char32_t& nKeyAscii);
 
 }  // namespace MNolSchedCtls
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -1,6 +1,6 @@
 #include "NolSchedCtls/tabs/override/override_kind.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -50,4 +50,4 @@ constinit const std::array<OverrideKind, studyKinds.size()> overrideKinds = {
     OverrideKind{studyKinds[3], "&Override VCSA Study", "", vcsFields, vcsNote},
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

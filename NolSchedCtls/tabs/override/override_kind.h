@@ -10,7 +10,7 @@
 #include "NolSchedCtls/records/nol_override.h"
 #include "NolSchedCtls/records/study_kinds.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // A text box with its frame, its unit after it, and its place in the override.
 struct NumberField {
@@ -44,4 +44,4 @@ inline const OverrideKind& plmOverride = overrideKinds[1];
 inline const OverrideKind& rfcOverride = overrideKinds[2];
 inline const OverrideKind& vcsOverride = overrideKinds[3];
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -8,7 +8,7 @@
 #include "NolSchedCtls/tabs/schedule/schedule_texts.h"
 #include "NolSchedCtls/toolkit/date_text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -78,4 +78,4 @@ DateTime XNolScheduleTab::GetFinalDateTime() const {
     return AtTime(day, dtpStartTime.Hour(), dtpStartTime.Minute(), 0);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/tabs/schedule/schedule_texts.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -79,4 +79,4 @@ void XNolScheduleTab::DayListClicked(void (XNolScheduleTab::*pRefresh)()) {
     NotifyChanged();
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

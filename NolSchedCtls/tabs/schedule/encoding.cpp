@@ -9,7 +9,7 @@
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/tabs/schedule/schedule_texts.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -161,4 +161,4 @@ std::int32_t XNolScheduleTab::GetWhichWeekday() const {
     return DayConversion().DayNumberOfName(cboDayName.Text());
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -6,7 +6,7 @@
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/toolkit/date_text.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -87,4 +87,4 @@ void XNolScheduleTab::ConnectDateField(SSDateCombo& field) {
     });
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -7,7 +7,7 @@
 
 #include "NolSchedCtls/records/nol_sched_data.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 struct Exclusion {
     std::string_view sCaption;
@@ -27,4 +27,4 @@ inline constexpr std::array exclusions = {
 };
 inline constexpr std::size_t weekdayExclusions = 7;  // the first ones; the others are the holidays'
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

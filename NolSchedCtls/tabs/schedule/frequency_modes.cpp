@@ -7,7 +7,7 @@
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/tabs/schedule/schedule_texts.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -153,4 +153,4 @@ void XNolScheduleTab::LoadFrequencyList(int nMax) {
     cboFrequency.SetListIndex(0);
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

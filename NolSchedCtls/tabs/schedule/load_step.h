@@ -6,7 +6,7 @@
 
 #include "NolSchedCtls/base/error.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 inline std::string ValueText(const std::string& sValue) { return Quoted(sValue); }
 inline std::string ValueText(auto number) { return std::to_string(number); }
@@ -23,4 +23,4 @@ void ShowProperty(std::string_view sProperty, const Value& value, Step step) {
     }
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

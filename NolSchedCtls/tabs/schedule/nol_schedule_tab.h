@@ -13,7 +13,7 @@
 #include "NolSchedCtls/toolkit/ss_date_combo.h"
 #include "NolSchedCtls/toolkit/text_box.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 // The recurrence reads as a sentence: "Monthly" "on the " "2nd" "Monday" "of every" "3" " month(s)". The
 // text of cboPeriod is the mode; it decides which fields of the row are there, where they stand and what the
@@ -120,4 +120,4 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     bool fDaySyncToggle = false;  // inverted by every click of a day list; see DayListClicked
 };
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -5,7 +5,7 @@
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -28,4 +28,4 @@ std::string ScheduleSentence(const XNolScheduleTab& tab) {
     return sentence;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 inline constexpr std::string_view periodOnce = "Once";
 inline constexpr std::string_view periodHourly = "Hourly";
@@ -14,4 +14,4 @@ inline constexpr std::string_view periodMonthly = "Monthly";
 inline constexpr std::string_view dayOfMonth = "Day";  // a day of the month, not a weekday
 inline constexpr std::string_view lastOfMonth = "Last";
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1

@@ -5,7 +5,7 @@
 #include "NolSchedCtls/tabs/schedule/exclusions.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 
-namespace NolSchedCtls {
+namespace NolSchedCtls::inline v1 {
 
 namespace {
 
@@ -42,4 +42,4 @@ bool XNolScheduleTab::IsTabValid(const std::string& sMsgBoxTitle) {
     return false;
 }
 
-}  // namespace NolSchedCtls
+}  // namespace NolSchedCtls::inline v1
