@@ -102,7 +102,7 @@ _nolsched_reply() {
 complete -F _nolsched nolsched
 )";
 
-std::string InQuotes(std::string_view text) { return '\'' + std::string(text) + '\''; }
+std::string InSingleQuotes(std::string_view text) { return '\'' + std::string(text) + '\''; }
 
 // "--state=STATE", or "--all" for a flag.
 std::string OptionsOf(const CLI::App& app) {
@@ -130,10 +130,10 @@ std::string PlacesOf(const CLI::App& app) {
 // A line for the command and each under it.
 std::string Table(const CLI::App& host, const CLI::App& app, const std::string& path) {
     const auto commands = app.get_subcommands({});
-    std::string lines = "    " + InQuotes(path) +
-                        ") commands=" + InQuotes(Joined(commands, &CLI::App::get_name, " ")) +
-                        " options=" + InQuotes(OptionsOf(host) + (&host == &app ? "" : OptionsOf(app))) +
-                        " places=" + InQuotes(PlacesOf(app)) + " ;;\n";
+    std::string lines = "    " + InSingleQuotes(path) +
+                        ") commands=" + InSingleQuotes(Joined(commands, &CLI::App::get_name, " ")) +
+                        " options=" + InSingleQuotes(OptionsOf(host) + (&host == &app ? "" : OptionsOf(app))) +
+                        " places=" + InSingleQuotes(PlacesOf(app)) + " ;;\n";
     for (const auto* command : commands)
         lines += Table(host, *command, path + (path.empty() ? "" : " ") + command->get_name());
     return lines;
@@ -144,7 +144,7 @@ std::string Table(const CLI::App& host, const CLI::App& app, const std::string& 
 std::string CompletionOf(const CLI::App& app) {
     return "_nolsched_at() {\n    case $1 in\n" + Table(app, app, "") +
            "    *) commands= options= places= ;;\n    esac\n}\n_nolsched_states() { printf '%s\\n' " +
-           Joined(AllStates(), InQuotes, " ") + "; }\n_nolsched_words() { printf '%s=\\n' " +
+           Joined(AllStates(), InSingleQuotes, " ") + "; }\n_nolsched_words() { printf '%s=\\n' " +
            Joined(Words(), &Word::name, " ") + "; }\n" + acts;
 }
 

@@ -15,7 +15,6 @@ namespace {
 
 constexpr int runsTold = 2;
 constexpr int runsCounted = 1000;
-constexpr DateTime second = 1.0 / 86400;
 
 QString NextRunsText(const Schedule& schedule, const CNolSchedData& record, DateTime now) {
     const bool hasEnd = DateOf(record.FinalDateTime) != MAppConstants::NoEndDate;

@@ -18,7 +18,6 @@ namespace NolSchedCtls {
 
 namespace {
 
-constexpr DateTime second = 1.0 / 86400;
 constexpr std::size_t nextRuns = 20;
 constexpr std::size_t mostRunsOfDay = 500;
 constexpr int leastRunsSeen = 6;

@@ -7,6 +7,8 @@
 
 namespace NolSchedCtls {
 
+inline constexpr DateTime second = 1.0 / 86400;
+
 // "11/27/2026 10:30 PM", as the other dates of a list.
 QString ShortRunText(DateTime run);
 // "Fri Nov 27 10:30 PM"; with its year where that is not at hand.

@@ -10,11 +10,11 @@ namespace NolSchedCtls::Testing {
 namespace {
 
 const DateTime now = ParseIso("2026-03-02T12:00");
-const Holidays holidays{{ParseIso("2026-12-25T08:00"), ParseIso("2026-04-03"), ParseIso("2026-12-25")}};
+const Holidays threeHolidays{{ParseIso("2026-12-25T08:00"), ParseIso("2026-04-03"), ParseIso("2026-12-25")}};
 
 // The sentence, the first three runs, and the state at noon of 2026-03-02.
 std::string TraceOf(const Entry& entry) {
-    const Schedule schedule(entry.record, holidays, entry.settings);
+    const Schedule schedule(entry.record, threeHolidays, entry.settings);
     const auto [state, reason] = schedule.StateAt(now);
     const std::string runs = Joined(Taken(schedule.RunsBetween(0, 1e9), 3), IsoText, " ");
     return "    " + DescribeSchedule(entry.record, entry.settings) + (runs.empty() ? "" : "\n    " + runs) +
