@@ -24,3 +24,8 @@ install(
 file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)  # the package may be moved as a whole
 configure_file(cmake/NolSchedCtls.pc.in NolSchedCtls.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/NolSchedCtls.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+install(
+    FILES docs/embedding.md
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libnolschedctls-dev
+    COMPONENT development)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libnolschedctls-dev COMPONENT development)

@@ -1,6 +1,7 @@
 #include "NolSchedCtls/library/catalogue.h"
 
 #include <array>
+#include <type_traits>
 
 #include "NolSchedCtls/records/nol_sched_data.h"
 #include "NolSchedCtls/tabs/general/nol_sched_gen_tab.h"
@@ -84,6 +85,9 @@ constexpr std::array publishedClasses = {
 };
 
 constexpr VersionBlock versionBlock = {"NolSchedCtls", NOLSCHED_VERSION, "OLESelfRegister"};
+
+// The namespace bears the project's major version, as the symbols and the file of the shared library do.
+static_assert(std::is_same_v<VersionBlock, NolSchedCtls::NOLSCHED_NAMESPACE::VersionBlock>);
 
 }  // namespace
 

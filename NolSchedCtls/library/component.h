@@ -3,7 +3,7 @@
 // A host opens the shared library, looks up DllGetClassObject and asks for a class by its name; once
 // DllRegisterServer has run in the process, by its program identifier too. It may close the library again
 // while DllCanUnloadNow gives componentOk: every object that was made inside counts, the overrides of a save,
-// too.
+// too. The static archive has no entry points.
 #pragma once
 
 #include <cstdint>
