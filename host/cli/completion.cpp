@@ -130,10 +130,11 @@ std::string PlacesOf(const CLI::App& app) {
 // A line for the command and each under it.
 std::string Table(const CLI::App& host, const CLI::App& app, const std::string& path) {
     const auto commands = app.get_subcommands({});
-    std::string lines = "    " + InSingleQuotes(path) +
-                        ") commands=" + InSingleQuotes(Joined(commands, &CLI::App::get_name, " ")) +
-                        " options=" + InSingleQuotes(OptionsOf(host) + (&host == &app ? "" : OptionsOf(app))) +
-                        " places=" + InSingleQuotes(PlacesOf(app)) + " ;;\n";
+    std::string lines =
+        "    " + InSingleQuotes(path) +
+        ") commands=" + InSingleQuotes(Joined(commands, &CLI::App::get_name, " ")) +
+        " options=" + InSingleQuotes(OptionsOf(host) + (&host == &app ? "" : OptionsOf(app))) +
+        " places=" + InSingleQuotes(PlacesOf(app)) + " ;;\n";
     for (const auto* command : commands)
         lines += Table(host, *command, path + (path.empty() ? "" : " ") + command->get_name());
     return lines;
