@@ -6,6 +6,7 @@ include(CMakePackageConfigHelpers)
 install(TARGETS NolSchedCtls NolSchedCtlsShared NolSchedOutlook EXPORT NolSchedCtls
     ARCHIVE COMPONENT development
     LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    RUNTIME COMPONENT runtime
     FILE_SET HEADERS COMPONENT development)
 install(EXPORT NolSchedCtls
     NAMESPACE NolSchedCtls::

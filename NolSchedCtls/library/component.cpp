@@ -37,6 +37,13 @@ IClassObject& ClassObjectOf(const PublishedClass& published) {
 
 using namespace NolSchedCtls;
 
+extern "C" {
+NOLSCHED_API DllRegisterServerFunction DllRegisterServer;
+NOLSCHED_API DllUnregisterServerFunction DllUnregisterServer;
+NOLSCHED_API DllGetClassObjectFunction DllGetClassObject;
+NOLSCHED_API DllCanUnloadNowFunction DllCanUnloadNow;
+}
+
 std::int32_t DllRegisterServer() {
     isRegistered = true;
     return componentOk;

@@ -34,13 +34,12 @@ enum ComponentResult : std::int32_t {
     componentBadPointer = -3,   // a name or the place for the result is missing
 };
 
-}  // namespace NolSchedCtls::inline v1
+// The entry points, by what they are; safe from any thread. They are looked up by name and declared nowhere
+// here: some platforms' own headers declare the same names otherwise.
+using DllRegisterServerFunction = std::int32_t();
+using DllUnregisterServerFunction = std::int32_t();
+// Puts an IClassObject* into *ppObject, or nothing on a failure.
+using DllGetClassObjectFunction = std::int32_t(const char* sClass, const char* sInterface, void** ppObject);
+using DllCanUnloadNowFunction = std::int32_t();
 
-// Safe from any thread.
-extern "C" {
-NOLSCHED_API std::int32_t DllRegisterServer();
-NOLSCHED_API std::int32_t DllUnregisterServer();
-// Puts a NolSchedCtls::IClassObject* into *ppObject, or nothing on a failure.
-NOLSCHED_API std::int32_t DllGetClassObject(const char* sClass, const char* sInterface, void** ppObject);
-NOLSCHED_API std::int32_t DllCanUnloadNow();
-}
+}  // namespace NolSchedCtls::inline v1

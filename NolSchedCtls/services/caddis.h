@@ -15,7 +15,8 @@ namespace NolSchedCtls::inline v1 {
 struct CaddisDocumentType {
     std::string Name;
 
-    auto operator<=>(const CaddisDocumentType&) const = default;
+    bool operator==(const CaddisDocumentType&) const = default;
+    bool operator<(const CaddisDocumentType& other) const { return Name < other.Name; }
 };
 
 struct CaddisDocument {

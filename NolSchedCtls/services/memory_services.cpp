@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 
 #include "NolSchedCtls/base/collection.h"
+#include "NolSchedCtls/base/number.h"
 #include "NolSchedCtls/base/text.h"
 
 namespace NolSchedCtls::inline v1 {
@@ -50,11 +50,9 @@ class StatementReader {
         if (Takes("'")) return QuotedText();
         const std::string_view text = TakeUpTo(" ,)");
         if (const auto whole = ParseWhole<std::int64_t>(text)) return *whole;
-        double number = 0;
-        const char* const end = text.data() + text.size();
-        const auto [read, error] = std::from_chars(text.data(), end, number);
-        if (error != std::errc() || read != end || !std::isfinite(number)) Fail();
-        return number;
+        const auto number = ParseNumber(text);
+        if (!number || !std::isfinite(*number)) Fail();
+        return *number;
     }
     void ExpectEnd() {
         if (!rest.empty()) Fail();
@@ -156,8 +154,8 @@ struct MemoryLintel : InMemory<ILintelDb> {
         reader.Expect("SELECT * FROM ");
         const Condition condition(reader);
         std::vector<MemoryStore::Row> found;
-        std::ranges::copy_if(store->tables[condition.sTable], std::back_inserter(found),
-                             [&](const auto& row) { return condition.Holds(row); });
+        for (const auto& row : store->tables[condition.sTable])
+            if (condition.Holds(row)) found.push_back(row);
         return std::make_unique<MemoryRows>(std::move(found));
     }
 

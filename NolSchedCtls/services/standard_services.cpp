@@ -105,12 +105,21 @@ class DayListConversion : public IDayConversion {
     }
 };
 
+std::tm LocalTime() {
+    const std::time_t seconds = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &seconds);
+#else
+    localtime_r(&seconds, &local);
+#endif
+    return local;
+}
+
 class SystemClock : public IClock {
   public:
     DateTime Now() override {
-        const std::time_t seconds = std::time(nullptr);
-        std::tm local{};
-        localtime_r(&seconds, &local);
+        const std::tm local = LocalTime();
         return ComposeDateTime({.year = local.tm_year + 1900,
                                 .month = local.tm_mon + 1,
                                 .day = local.tm_mday,

@@ -1,5 +1,9 @@
 // Opens the shared library by its path and reaches everything by its entry points alone.
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <dlfcn.h>
+#endif
 
 #include <iostream>
 
@@ -11,23 +15,33 @@ using namespace NolSchedCtls;
 
 namespace {
 
-template <class Function>
-Function Entry(void* library, const char* name) {
-    return reinterpret_cast<Function>(dlsym(library, name));
+#ifdef _WIN32
+HMODULE Open(const char* path) { return LoadLibraryA(path); }
+auto Find(HMODULE library, const char* name) { return GetProcAddress(library, name); }
+bool Close(HMODULE library) { return FreeLibrary(library) != 0; }
+#else
+void* Open(const char* path) { return dlopen(path, RTLD_NOW); }
+void* Find(void* library, const char* name) { return dlsym(library, name); }
+bool Close(void* library) { return dlclose(library) == 0; }
+#endif
+
+template <class Function, class Library>
+Function* Entry(Library library, const char* name) {
+    return reinterpret_cast<Function*>(Find(library, name));
 }
 
 }  // namespace
 
 int main(int, char** arguments) {
-    void* const library = dlopen(arguments[1], RTLD_NOW);
+    const auto library = Open(arguments[1]);
     if (library == nullptr) {
-        std::cout << dlerror() << '\n';
+        std::cout << "no library: " << arguments[1] << '\n';
         return 1;
     }
-    const auto registerServer = Entry<decltype(&DllRegisterServer)>(library, "DllRegisterServer");
-    const auto unregisterServer = Entry<decltype(&DllUnregisterServer)>(library, "DllUnregisterServer");
-    const auto classObject = Entry<decltype(&DllGetClassObject)>(library, "DllGetClassObject");
-    const auto canUnloadNow = Entry<decltype(&DllCanUnloadNow)>(library, "DllCanUnloadNow");
+    const auto registerServer = Entry<DllRegisterServerFunction>(library, "DllRegisterServer");
+    const auto unregisterServer = Entry<DllUnregisterServerFunction>(library, "DllUnregisterServer");
+    const auto classObject = Entry<DllGetClassObjectFunction>(library, "DllGetClassObject");
+    const auto canUnloadNow = Entry<DllCanUnloadNowFunction>(library, "DllCanUnloadNow");
 
     constexpr const char* name = "NolSchedCtls.XNolSchedHomOvr";
     void* found = nullptr;
@@ -48,5 +62,5 @@ int main(int, char** arguments) {
     std::cout << "can unload: " << canUnloadNow() << '\n';
     std::cout << "unregistering: " << unregisterServer() << '\n';
     std::cout << "after unregistering: " << classObject(name, classObjectInterface, &found) << '\n';
-    return dlclose(library);
+    return Close(library) ? 0 : 1;
 }

@@ -9,6 +9,12 @@
 #include "NolSchedCtls/toolkit/fields.h"
 #include "tests/library/test_schedule_tools.h"
 
+extern "C" {
+NolSchedCtls::DllRegisterServerFunction DllRegisterServer, DllUnregisterServer;
+NolSchedCtls::DllGetClassObjectFunction DllGetClassObject;
+NolSchedCtls::DllCanUnloadNowFunction DllCanUnloadNow;
+}
+
 namespace NolSchedCtls::Testing {
 namespace {
 

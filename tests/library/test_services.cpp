@@ -84,6 +84,16 @@ TEST(MemoryServices, StoreWhatTheStatementsSay) {
     InstallServices({});
 }
 
+void SetZone(const char* zone) {
+#ifdef _WIN32
+    _putenv_s("TZ", zone);
+    _tzset();
+#else
+    setenv("TZ", zone, 1);
+    tzset();
+#endif
+}
+
 TEST(MemoryServices, KeepWhatIsShownAndGiveTheRestInEnglish) {
     const auto store = InstallMemoryServices();
     store->documents = {{5, "North", {"NOL Group"}}, {5, "Busy", {"Scenario"}}};
@@ -101,14 +111,13 @@ TEST(MemoryServices, KeepWhatIsShownAndGiveTheRestInEnglish) {
               "text|48|title|insert: refused|Busy|1|MM/DD/YYYY|");
     EXPECT_EQ(FailureOf([] { DayConversion().DayNumberOfName("Day"); }), "There is no weekday \"Day\".");
     for (const char* zone : {"UTC", "XXX-12"}) {  // the system's clock, on both sides of noon
-        setenv("TZ", zone, 1);
-        tzset();
+        SetZone(zone);
         const std::time_t now = std::time(nullptr);
         std::array<char, 32> text{};
         std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", std::localtime(&now));
         EXPECT_NEAR(Clock().Now(), ParseIso(text.data()), 5.0 / 86400) << zone;
     }
-    unsetenv("TZ");
+    SetZone("");
     InstallServices({});
 }
 

@@ -16,7 +16,7 @@ constexpr std::size_t lastPosition = 29;  // of MonthDayNames
 // weekday gets the short number list, which lacks it, and SelectAgain falls back on "1st".
 bool OffersWeekdays(std::string_view sNumber) {
     constexpr std::array<std::string_view, 6> numbers = {"1st", "2nd", "3rd", "4th", "5th", lastOfMonth};
-    return std::ranges::find(numbers, sNumber) != numbers.end();
+    return std::find(numbers.begin(), numbers.end(), sNumber) != numbers.end();
 }
 
 void SelectAgain(DropDownList& list, const std::string& remembered) {

@@ -38,7 +38,8 @@ constexpr std::array periodCodes = {
 
 // A row without texts for a code that is none.
 PeriodCode RowOfCode(std::string_view sCode) {
-    const auto* const row = std::ranges::find(periodCodes, sCode, &PeriodCode::sCode);
+    const auto* const row = std::find_if(periodCodes.begin(), periodCodes.end(),
+                                         [&](const PeriodCode& known) { return known.sCode == sCode; });
     return row == periodCodes.end() ? PeriodCode{} : *row;
 }
 

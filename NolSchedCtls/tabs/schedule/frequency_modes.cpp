@@ -110,7 +110,9 @@ void XNolScheduleTab::SetCtlsMonthly() { SetCtls(FrequencyModes()[monthly]); }
 
 void XNolScheduleTab::SetCtlsOfPeriod() {
     const auto modes = FrequencyModes();
-    const auto mode = std::ranges::find(modes, cboPeriod.Text(), &FrequencyMode::sPeriod);
+    const auto mode = std::find_if(modes.begin(), modes.end(), [this](const FrequencyMode& candidate) {
+        return candidate.sPeriod == cboPeriod.Text();
+    });
     if (mode != modes.end()) SetCtls(*mode);
 }
 
