@@ -1,10 +1,8 @@
 // Events: what a view field or the notifier raises and any number of handlers hear.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -44,6 +42,49 @@ class ScopedConnection {
     Connection connection;
 };
 
+// What an event has whatever it hands to its handlers: this code is there once, not once for each kind.
+struct EventPlace {
+    bool isConnected = true;
+};
+
+struct EventPlaces {
+    // What a handler holds may use this event as it ends, so it ends after the list is whole again.
+    void Sweep() {
+        std::vector<std::shared_ptr<EventPlace>> ended;
+        auto kept = list.begin();
+        for (auto& place : list) {
+            if (place->isConnected)
+                std::swap(*kept++, place);
+            else
+                ended.push_back(place);
+        }
+        list.erase(kept, list.end());
+    }
+
+    static Connection Join(std::shared_ptr<EventPlaces>& places, std::shared_ptr<EventPlace> place) {
+        if (!places) places = std::make_shared<EventPlaces>();
+        if (places->depth == 0) places->Sweep();
+        bool& isConnected = place->isConnected;
+        places->list.push_back(place);
+        return Connection(std::shared_ptr<bool>(std::move(place), &isConnected));
+    }
+
+    // Removes disconnected handlers when the outermost raise ends, by return or by a failure.
+    struct Depth {
+        explicit Depth(EventPlaces& placesA) : places(placesA) { ++places.depth; }
+        ~Depth() {
+            if (--places.depth == 0) places.Sweep();
+        }
+        Depth(const Depth&) = delete;
+        Depth& operator=(const Depth&) = delete;
+
+        EventPlaces& places;
+    };
+
+    std::vector<std::shared_ptr<EventPlace>> list;
+    int depth = 0;
+};
+
 // Handlers are called in the order in which they connected, before Raise returns. A handler may connect (the
 // new handler hears the next raise), disconnect any handler, raise again, or end the event itself.
 template <class... Arguments>
@@ -56,56 +97,28 @@ class Event {
     Event& operator=(const Event&) = delete;
 
     Connection Connect(Handler handler) {
-        if (!handlers) handlers = std::make_shared<Handlers>();
-        if (handlers->depth == 0) handlers->Sweep();
-        const auto place = std::make_shared<Place>(Place{std::move(handler)});
-        handlers->list.push_back(place);
-        return Connection(std::shared_ptr<bool>(place, &place->isConnected));
+        auto place = std::make_shared<Place>();
+        place->handler = std::move(handler);
+        return EventPlaces::Join(places, std::move(place));
     }
 
     void Raise(Arguments... arguments) const {
-        const auto held = handlers;  // a handler may end this event
+        const auto held = places;  // a handler may end this event
         if (!held) return;
-        const Depth depth(*held);
+        const EventPlaces::Depth depth(*held);
         const std::size_t count = held->list.size();
         for (std::size_t i = 0; i < count; ++i) {
             const auto place = held->list[i];  // a handler may connect, which moves the list
-            if (place->isConnected) place->handler(arguments...);
+            if (place->isConnected) static_cast<Place&>(*place).handler(arguments...);
         }
     }
 
   private:
-    struct Place {
+    struct Place : EventPlace {
         Handler handler;
-        bool isConnected = true;
     };
 
-    struct Handlers {
-        // What a handler holds may use this event as it ends, so it ends after the list is whole again.
-        void Sweep() {
-            const auto isConnected = [](const auto& place) { return place->isConnected; };
-            const auto first = std::stable_partition(list.begin(), list.end(), isConnected);
-            const std::vector ended(std::make_move_iterator(first), std::make_move_iterator(list.end()));
-            list.erase(first, list.end());
-        }
-
-        std::vector<std::shared_ptr<Place>> list;
-        int depth = 0;
-    };
-
-    // Removes disconnected handlers when the outermost raise ends, by return or by a failure.
-    struct Depth {
-        explicit Depth(Handlers& handlersA) : handlers(handlersA) { ++handlers.depth; }
-        ~Depth() {
-            if (--handlers.depth == 0) handlers.Sweep();
-        }
-        Depth(const Depth&) = delete;
-        Depth& operator=(const Depth&) = delete;
-
-        Handlers& handlers;
-    };
-
-    std::shared_ptr<Handlers> handlers;
+    std::shared_ptr<EventPlaces> places;
 };
 
 }  // namespace NolSchedCtls::inline v1
