@@ -40,7 +40,8 @@ enum ComponentResult : std::int32_t {
 extern "C" {
 NOLSCHED_API std::int32_t DllRegisterServer();
 NOLSCHED_API std::int32_t DllUnregisterServer();
-// Puts a NolSchedCtls::IClassObject* into *ppObject, or nothing on a failure.
+// Puts a NolSchedCtls::IClassObject* into *ppObject, for NOLSCHED_C_CLASS the table of c_interface.h, or
+// nothing on a failure.
 NOLSCHED_API std::int32_t DllGetClassObject(const char* sClass, const char* sInterface, void** ppObject);
 NOLSCHED_API std::int32_t DllCanUnloadNow();
 }

@@ -158,7 +158,7 @@ struct MemoryLintel : InMemory<ILintelDb> {
         std::vector<MemoryStore::Row> found;
         std::ranges::copy_if(store->tables[condition.sTable], std::back_inserter(found),
                              [&](const auto& row) { return condition.Holds(row); });
-        return std::make_unique<MemoryRows>(std::move(found));
+        return RowsInMemory(std::move(found));
     }
 
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
@@ -228,6 +228,10 @@ struct StandingClock : InMemory<IClock> {
 };
 
 }  // namespace
+
+std::unique_ptr<ILintelRows> RowsInMemory(std::vector<MemoryStore::Row> rows) {
+    return std::make_unique<MemoryRows>(std::move(rows));
+}
 
 std::unique_ptr<ILintelDb> MemoryProvider::CreateLintelDb() { return std::make_unique<MemoryLintel>(store); }
 
