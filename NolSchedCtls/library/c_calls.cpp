@@ -1,6 +1,6 @@
 #include "NolSchedCtls/library/c_calls.h"
 
-#include <map>
+#include <algorithm>
 #include <mutex>
 #include <utility>
 
@@ -14,21 +14,31 @@ thread_local std::string lastFailure;
 thread_local int runningCalls = 0;
 thread_local std::vector<std::shared_ptr<Object>> released;
 
+struct Handle {
+    NolSchedHandle number;
+    std::shared_ptr<Object> object;
+};
+
 struct HandleTable {
     std::mutex mutex;
-    std::map<NolSchedHandle, std::shared_ptr<Object>> objects;
+    std::vector<Handle> handles;  // by number
     NolSchedHandle last = 0;
 };
 
-HandleTable& Handles() {
-    static HandleTable handles;
-    return handles;
+HandleTable& TheTable() {
+    static HandleTable table;
+    return table;
 }
 
-[[noreturn]] void TellNoHandle(NolSchedHandle handle, NolSchedHandle last) {
-    const bool wasOne = handle > 0 && handle <= last;
-    throw CallError(NOLSCHED_BAD_HANDLE, "The handle " + std::to_string(handle) +
-                                             (wasOne ? " has been released." : " was never handed out."));
+[[noreturn]] void TellBadHandle(NolSchedHandle handle, const std::string& why) {
+    throw CallError(NOLSCHED_BAD_HANDLE, "The handle " + std::to_string(handle) + why + ".");
+}
+
+std::vector<Handle>::iterator Find(HandleTable& table, NolSchedHandle handle) {
+    const auto found = std::ranges::lower_bound(table.handles, handle, {}, &Handle::number);
+    if (found != table.handles.end() && found->number == handle) return found;
+    TellBadHandle(handle,
+                  handle > 0 && handle <= table.last ? " has been released" : " was never handed out");
 }
 
 std::int32_t ResultOfFailure() {
@@ -64,18 +74,18 @@ std::int32_t KeepFailure() noexcept {
 const char* LastFailure() noexcept { return lastFailure.c_str(); }
 
 NolSchedHandle Keep(std::shared_ptr<Object> object) {
-    HandleTable& handles = Handles();
-    const std::lock_guard lock(handles.mutex);
-    handles.objects.emplace(++handles.last, std::move(object));
-    return handles.last;
+    HandleTable& table = TheTable();
+    const std::lock_guard lock(table.mutex);
+    table.handles.push_back({table.last + 1, std::move(object)});
+    return ++table.last;
 }
 
-std::shared_ptr<Object> ObjectOf(NolSchedHandle handle) {
-    HandleTable& handles = Handles();
-    const std::lock_guard lock(handles.mutex);
-    const auto found = handles.objects.find(handle);
-    if (found == handles.objects.end()) TellNoHandle(handle, handles.last);
-    return found->second;
+std::shared_ptr<Object> ObjectOf(NolSchedHandle handle, std::string_view kind) {
+    HandleTable& table = TheTable();
+    const std::lock_guard lock(table.mutex);
+    const auto found = Find(table, handle);
+    if (!kind.empty() && found->object->kind != kind) TellBadHandle(handle, " is no " + std::string(kind));
+    return found->object;
 }
 
 // The object ends outside the lock: its end may use the table.
@@ -83,9 +93,9 @@ void Drop(NolSchedHandle handle) {
     const std::shared_ptr<Object> object = ObjectOf(handle);
     if (runningCalls > 0) released.push_back(object);
     object->Silence();
-    HandleTable& handles = Handles();
-    const std::lock_guard lock(handles.mutex);
-    handles.objects.erase(handle);
+    HandleTable& table = TheTable();
+    const std::lock_guard lock(table.mutex);
+    table.handles.erase(Find(table, handle));
 }
 
 void CheckPointer(const void* pointer, const char* what) {

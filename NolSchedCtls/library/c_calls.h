@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "NolSchedCtls/base/error.h"
+#include "NolSchedCtls/base/live_objects.h"
 #include "NolSchedCtls/library/c_interface.h"
 #include "NolSchedCtls/services/lintel.h"
 
@@ -42,29 +44,32 @@ std::int32_t Call(Step step) noexcept {
     }
 }
 
-// What a handle stands for.
+// What a handle stands for. Counts as alive, with all that it holds.
 struct Object {
-    Object() = default;
+    explicit Object(std::string_view kindA) : kind(kindA) { ++liveObjects; }
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
-    virtual ~Object() = default;
+    virtual ~Object() { --liveObjects; }
     virtual void Silence() {}  // its handle has been released: it calls nobody back any more
+
+    const std::string_view kind;  // its class's own
 };
 
 NolSchedHandle Keep(std::shared_ptr<Object> object);
-// Throws CallError for a handle that stands for nothing, as do the next two.
-std::shared_ptr<Object> ObjectOf(NolSchedHandle handle);
+// Of that kind, or of any for nothing. Throws CallError for a handle that stands for no such object.
+std::shared_ptr<Object> ObjectOf(NolSchedHandle handle, std::string_view kind = {});
+// Throws CallError for a handle that stands for nothing.
 void Drop(NolSchedHandle handle);
 
 template <class T>
 std::shared_ptr<T> ObjectAs(NolSchedHandle handle) {
-    if (auto object = std::dynamic_pointer_cast<T>(ObjectOf(handle))) return object;
-    throw CallError(NOLSCHED_BAD_HANDLE, "The handle " + std::to_string(handle) + " is no " + T::name + ".");
+    return std::static_pointer_cast<T>(ObjectOf(handle, T::name));
 }
 
 // What a call-back answers.
 struct Answer : Object {
-    static constexpr const char* name = "answer of a call-back";
+    static constexpr std::string_view name = "answer of a call-back";
+    Answer() : Object(name) {}
     std::vector<std::vector<LintelField>> rows;
     std::string failure;  // of a row or column that it gave
 };

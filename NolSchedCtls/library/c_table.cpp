@@ -1,8 +1,7 @@
 #include "NolSchedCtls/library/c_table.h"
 
-#include <set>
+#include <bitset>
 
-#include "NolSchedCtls/base/live_objects.h"
 #include "NolSchedCtls/library/c_calls.h"
 #include "NolSchedCtls/library/c_columns.h"
 #include "NolSchedCtls/library/c_fields.h"
@@ -20,15 +19,17 @@ namespace C {
 namespace {
 
 struct Record : Object {
-    static constexpr const char* name = "record";
-    const std::shared_ptr<CNolSchedData> data = Counted(std::make_shared<CNolSchedData>());
-    std::set<std::size_t> columnsSet;
+    static constexpr std::string_view name = "record";
+    Record() : Object(name) {}
+
+    const std::shared_ptr<CNolSchedData> data = std::make_shared<CNolSchedData>();
+    std::bitset<64> columnsSet;
     bool isFilled = false;
 };
 
 struct Notifier : Object {
-    static constexpr const char* name = "notifier";
-    Notifier(NolSchedHeard heardA, void* hostA) : heard(heardA), host(hostA) {}
+    static constexpr std::string_view name = "notifier";
+    Notifier(NolSchedHeard heardA, void* hostA) : Object(name), heard(heardA), host(hostA) {}
 
     void Tell(std::int32_t event, NolSchedHandle tab, const std::string& about) const {
         if (!isSilent) heard(host, event, tab, about.c_str());
@@ -38,15 +39,15 @@ struct Notifier : Object {
     const NolSchedHeard heard;
     void* const host;
     bool isSilent = false;
-    const std::shared_ptr<CPaviseNotify> notify = Counted(std::make_shared<CPaviseNotify>());
+    const std::shared_ptr<CPaviseNotify> notify = std::make_shared<CPaviseNotify>();
     ScopedConnection changed = notify->Changed.Connect([this] { Tell(NOLSCHED_CHANGED, 0, {}); });
     ScopedConnection shown = notify->TabShown.Connect(
         [this](const std::string& sTabName) { Tell(NOLSCHED_TAB_SHOWN, 0, sTabName); });
 };
 
 struct Tab : Object {
-    static constexpr const char* name = "tab";
-    explicit Tab(std::shared_ptr<PaviseTab> controlA) : control(Counted(std::move(controlA))) {}
+    static constexpr std::string_view name = "tab";
+    explicit Tab(std::shared_ptr<PaviseTab> controlA) : Object(name), control(std::move(controlA)) {}
 
     void Silence() override { heard.clear(); }
 
@@ -143,7 +144,7 @@ std::int32_t Give(NolSchedHandle handle, const char* column, const char* text) {
 
 std::int32_t Release(NolSchedHandle handle) {
     return Call([&] {
-        if (std::dynamic_pointer_cast<Answer>(ObjectOf(handle)))
+        if (ObjectOf(handle)->kind == Answer::name)
             throw CallError(NOLSCHED_BAD_HANDLE, "The answer of a call-back is not the host's to release.");
         Drop(handle);
     });
@@ -166,15 +167,17 @@ std::int32_t InitNew(NolSchedHandle record, std::int32_t isImmediate, std::int32
     });
 }
 
+[[noreturn]] void TellLacking(std::string_view column) {
+    throw CallError(NOLSCHED_BAD_ORDER, "InitEdit lacks the column " + std::string(column) + ".");
+}
+
 std::int32_t InitEdit(NolSchedHandle record) {
     return Call([&] {
         const auto empty = EmptyRecord(record);
         InitEditArguments arguments;
         const auto take = [&](const auto& column) {
             if (column.pArgument == nullptr) return;
-            if (!empty->columnsSet.contains(RecordColumnIndex(column.sName)))
-                throw CallError(NOLSCHED_BAD_ORDER,
-                                "InitEdit lacks the column " + std::string(column.sName) + ".");
+            if (!empty->columnsSet.test(RecordColumnIndex(column.sName))) TellLacking(column.sName);
             arguments.*column.pArgument = (*empty->data).*column.pProperty;
         };
         for (const EntryColumn& column : entryColumns) std::visit(take, column);
@@ -197,7 +200,7 @@ std::int32_t SetColumn(NolSchedHandle record, const char* column, const char* te
         const auto held = ObjectAs<Record>(record);
         const std::size_t index = RecordColumnIndex(Text(column, "a column's name"));
         WriteColumn(*held->data, index, text);
-        held->columnsSet.insert(index);
+        held->columnsSet.set(index);
     });
 }
 
