@@ -33,6 +33,7 @@ NOLSCHED_API DateTime DateOf(DateTime dateTime);
 
 // "2026-03-02T09:05:00".
 NOLSCHED_API std::string IsoText(DateTime dateTime);
+inline std::string IsoDayText(DateTime dateTime) { return IsoText(dateTime).substr(0, 10); }
 
 // Reads "YYYY-MM-DD", and after it "THH:MM" or "THH:MM:SS" (a blank may stand for the T; digits after the
 // seconds' point are dropped). Throws NolSchedError for anything else.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "NolSchedCtls/base/live_objects.h"
+#include "NolSchedCtls/library/c_table.h"
 
 namespace NolSchedCtls::inline v1 {
 
@@ -29,6 +30,12 @@ class CatalogueClassObject final : public IClassObject {
 IClassObject& ClassObjectOf(const PublishedClass& published) {
     static std::vector<CatalogueClassObject> objects(PublishedClasses().begin(), PublishedClasses().end());
     return objects[static_cast<std::size_t>(&published - PublishedClasses().data())];
+}
+
+std::int32_t CTableUnder(std::string_view sInterface, void** ppObject) {
+    if (sInterface != NOLSCHED_C1_INTERFACE) return componentNoInterface;
+    *ppObject = const_cast<NolSchedC1*>(&CTable());
+    return componentOk;
 }
 
 }  // namespace
@@ -58,6 +65,7 @@ std::int32_t DllGetClassObject(const char* sClass, const char* sInterface, void*
     if (ppObject == nullptr) return componentBadPointer;
     *ppObject = nullptr;
     if (sClass == nullptr || sInterface == nullptr) return componentBadPointer;
+    if (std::string_view(sClass) == NOLSCHED_C_CLASS) return CTableUnder(sInterface, ppObject);
     const PublishedClass* const published = FindPublishedClass(sClass);
     if (published == nullptr || (published->sName != sClass && !isRegistered)) return componentNoClass;
     if (std::string_view(sInterface) != classObjectInterface) return componentNoInterface;

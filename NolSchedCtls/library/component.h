@@ -38,7 +38,8 @@ enum ComponentResult : std::int32_t {
 // here: some platforms' own headers declare the same names otherwise.
 using DllRegisterServerFunction = std::int32_t();
 using DllUnregisterServerFunction = std::int32_t();
-// Puts an IClassObject* into *ppObject, or nothing on a failure.
+// Puts an IClassObject* into *ppObject, for NOLSCHED_C_CLASS the table of c_interface.h, or nothing on a
+// failure.
 using DllGetClassObjectFunction = std::int32_t(const char* sClass, const char* sInterface, void** ppObject);
 using DllCanUnloadNowFunction = std::int32_t();
 

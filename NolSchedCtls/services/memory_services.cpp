@@ -156,7 +156,7 @@ struct MemoryLintel : InMemory<ILintelDb> {
         std::vector<MemoryStore::Row> found;
         for (const auto& row : store->tables[condition.sTable])
             if (condition.Holds(row)) found.push_back(row);
-        return std::make_unique<MemoryRows>(std::move(found));
+        return RowsInMemory(std::move(found));
     }
 
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
@@ -226,6 +226,10 @@ struct StandingClock : InMemory<IClock> {
 };
 
 }  // namespace
+
+std::unique_ptr<ILintelRows> RowsInMemory(std::vector<MemoryStore::Row> rows) {
+    return std::make_unique<MemoryRows>(std::move(rows));
+}
 
 std::unique_ptr<ILintelDb> MemoryProvider::CreateLintelDb() { return std::make_unique<MemoryLintel>(store); }
 

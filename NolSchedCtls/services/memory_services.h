@@ -34,6 +34,9 @@ struct MemoryStore {
     std::vector<std::string> failures;    // what each reported failure says
 };
 
+// Rows as OpenRows gives them, for a host that has read all of them at once.
+NOLSCHED_API std::unique_ptr<ILintelRows> RowsInMemory(std::vector<MemoryStore::Row> rows);
+
 // Its Lintel understands the statements that the records send, and throws NolSchedError that names any other:
 //   DELETE FROM table WHERE column = literal
 //   SELECT * FROM table WHERE column = literal

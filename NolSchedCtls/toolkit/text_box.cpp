@@ -2,21 +2,14 @@
 
 #include <algorithm>
 
+#include "NolSchedCtls/base/utf8.h"
 #include "NolSchedCtls/toolkit/text_edit.h"
 
 namespace NolSchedCtls::inline v1 {
 
 namespace {
 
-// The bytes of the character at the front; 1 for a byte that begins none.
-std::size_t CharacterLength(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead >= 0xF0 && lead < 0xF8 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 1;
-    if (length > text.size() || lead >= 0xF8) return 1;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) return 1;
-    return length;
-}
+std::size_t CharacterLength(std::string_view text) { return FirstCharacter(text).bytes; }
 
 std::string Utf8Of(char32_t key) {
     const auto byte = [key](unsigned shift, unsigned mark, unsigned mask) {

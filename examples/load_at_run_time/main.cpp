@@ -7,6 +7,7 @@
 
 #include <iostream>
 
+#include "NolSchedCtls/library/c_interface.h"
 #include "NolSchedCtls/library/component.h"
 #include "NolSchedCtls/tabs/contract/pavise_control.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
@@ -28,6 +29,40 @@ bool Close(void* library) { return dlclose(library) == 0; }
 template <class Function, class Library>
 Function* Entry(Library library, const char* name) {
     return reinterpret_cast<Function*>(Find(library, name));
+}
+
+// An entry is made, edited and saved by the table alone; what fails is told and counted.
+int Edit(const NolSchedC1& c) {
+    int failures = 0;
+    const auto run = [&](int32_t result) {
+        if (result == NOLSCHED_OK) return;
+        std::cout << result << ": " << c.LastFailure() << '\n';
+        ++failures;
+    };
+    NolSchedServices services{};
+    services.size = sizeof services;
+    services.Execute = [](void*, const char* statement, NolSchedHandle) -> int32_t {
+        std::cout << statement << '\n';
+        return NOLSCHED_OK;
+    };
+    run(c.InstallServices(&services));
+    NolSchedHandle record = 0;
+    NolSchedHandle hom = 0;
+    run(c.CreateRecord(&record));
+    run(c.InitNew(record, 0, 7, "Nightly"));
+    run(c.CreateTab("XNolSchedHomOvr", &hom));
+    run(c.LoadData(hom, record, 0));
+    run(c.Act(hom, "txtDuration", "type", "45"));  // not before the override is on
+    run(c.Act(hom, "chkOverride", "click", nullptr));
+    run(c.Act(hom, "txtDuration", "type", "45"));
+    run(c.IsTabValid(hom, "Nightly"));
+    run(c.SaveData(hom));
+    run(c.SetColumn(record, "Id", "1"));
+    run(c.SaveNolOverrides(record));
+    run(c.Release(hom));
+    run(c.Release(record));
+    run(c.InstallServices(nullptr));
+    return failures;
 }
 
 }  // namespace
@@ -59,6 +94,11 @@ int main(int, char** arguments) {
         std::cout << "can unload with a live object: " << canUnloadNow() << '\n';
         std::cout << "handles a process: " << control->HandleTabProcess("any") << '\n';
     }
+    std::cout << "can unload: " << canUnloadNow() << '\n';
+
+    classObject(NOLSCHED_C_CLASS, NOLSCHED_C1_INTERFACE, &found);
+    const int refused = Edit(*static_cast<const NolSchedC1*>(found));
+    std::cout << "refused: " << refused << '\n';
     std::cout << "can unload: " << canUnloadNow() << '\n';
     std::cout << "unregistering: " << unregisterServer() << '\n';
     std::cout << "after unregistering: " << classObject(name, classObjectInterface, &found) << '\n';

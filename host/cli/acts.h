@@ -2,22 +2,12 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
-#include <string_view>
 
-#include "NolSchedCtls/toolkit/view_field.h"
+#include "NolSchedCtls/toolkit/acts.h"
 #include "host/entries/arguments.h"
 
 namespace NolSchedCtls {
-
-enum class Verb { Click, Pick, Type, Paste, Date, Time };
-
-// Nothing for a word that stands for no act on a field.
-std::optional<Verb> VerbNamed(std::string_view word);
-
-// Whether it is an act for that kind of field.
-bool IsKnown(Verb verb, const ViewField& field);
 
 // A field as a script names it: "hom.txtDuration".
 struct Target {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "NolSchedCtls/base/text.h"
+#include "NolSchedCtls/toolkit/acts.h"
 #include "NolSchedCtls/toolkit/fields.h"
-#include "host/cli/field_view.h"
 
 namespace NolSchedCtls {
 

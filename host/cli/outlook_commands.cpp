@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "NolSchedCtls/base/text.h"
-#include "host/cli/field_view.h"
 #include "host/entries/calendar_event.h"
 #include "host/entries/entry_check.h"
 #include "host/entries/entry_sentence.h"
@@ -40,7 +39,7 @@ Span SpanOf(const CommandLine& line, DateTime now) {
     Span span{line.from ? ReadMoment("--from", *line.from) : now + second, farthest};
     if (!line.to) return span;
     span.to = ReadMoment("--to", *line.to);
-    if (line.to->size() == DayText(span.to).size()) span.to += 1 - second;
+    if (line.to->size() == IsoDayText(span.to).size()) span.to += 1 - second;
     if (span.from > span.to)
         throw UsageError(line.from ? "--from " + *line.from + " lies after --to " + *line.to + "."
                                    : "--to " + *line.to + " has passed; --from tells where to begin.");
@@ -110,7 +109,7 @@ int Export(const CommandRun& run) {
 
 int TellHolidays(const CommandRun& run) {
     for (const Holiday& holiday : run.workspace.Holidays().All())
-        run.answers.Tell({{"holiday", {{"date", DayText(holiday.day)}, {"name", holiday.name}}}});
+        run.answers.Tell({{"holiday", {{"date", IsoDayText(holiday.day)}, {"name", holiday.name}}}});
     return exitDone;
 }
 

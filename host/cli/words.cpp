@@ -9,7 +9,6 @@
 #include "NolSchedCtls/toolkit/fields.h"
 #include "host/cli/acts.h"
 #include "host/cli/field_rules.h"
-#include "host/cli/field_view.h"
 
 namespace NolSchedCtls {
 
@@ -62,7 +61,7 @@ std::string Plain(const std::string& text) {
 }
 
 Shown Show(const TextBox& box) { return {OrNone(Plain(box.Text())), Verb::Type}; }
-Shown Show(const SSDateCombo& field) { return {DayText(field.DateValue()), Verb::Date}; }
+Shown Show(const SSDateCombo& field) { return {IsoDayText(field.DateValue()), Verb::Date}; }
 Shown Show(const XMarlet& picker) { return {OrNone(picker.Text()), Verb::Pick}; }
 Shown Show(const XAmbitDownload& mode) { return {std::string(mode.Text()), Verb::Pick}; }
 Shown Show(const XAmbitPurge& purge) {
