@@ -68,7 +68,32 @@ struct ThreadServices {
         made;
 };
 
-thread_local ThreadServices threadServices;
+#ifdef __MINGW32__
+// Its runtime frees what a thread's variables hold before it ends them: the variable is a pointer alone.
+extern "C" int __cxa_thread_atexit(void (*end)(void*), void* object, void* library);
+extern "C" void* __dso_handle;
+
+thread_local ThreadServices* threadServices = nullptr;
+
+void EndOfThread(void* services) {
+    threadServices = static_cast<ThreadServices*>(services);  // for services that use others as they end
+    delete threadServices;
+    threadServices = nullptr;
+}
+
+ThreadServices& OfThread() {
+    if (threadServices == nullptr) {
+        threadServices = new ThreadServices;
+        __cxa_thread_atexit(EndOfThread, threadServices, &__dso_handle);
+    }
+    return *threadServices;
+}
+#else
+ThreadServices& OfThread() {
+    thread_local ThreadServices services;
+    return services;
+}
+#endif
 
 [[noreturn]] void TellMissing(const char* service, const char* why) {
     throw NolSchedError(std::string("The service ") + service + " is not there: " + why);
@@ -77,7 +102,7 @@ thread_local ThreadServices threadServices;
 // The factory is the host's: it may take its time, use other threads and fail, and holds up nobody else.
 void MakeProvider(const char* service) {
     Installation& installation = TheInstallation();
-    threadServices.End();
+    OfThread().End();
     ProviderFactory factory;
     std::uint64_t generation = 0;
     {
@@ -87,27 +112,26 @@ void MakeProvider(const char* service) {
     }
     if (!factory) TellMissing(service, "no services are installed (InstallServices).");
     struct Making {
-        Making() { threadServices.isMaking = true; }
-        ~Making() { threadServices.isMaking = false; }
+        Making() { OfThread().isMaking = true; }
+        ~Making() { OfThread().isMaking = false; }
     } const making;
     auto provider = factory();
     if (!provider) TellMissing(service, "the installed factory made no provider.");
-    threadServices.provider = std::move(provider);
-    threadServices.generation = generation;
+    OfThread().provider = std::move(provider);
+    OfThread().generation = generation;
 }
 
 ServiceProvider& Provider(const char* service) {
-    if (threadServices.isMaking) TellMissing(service, "its provider is being made.");
-    if (!threadServices.isEnding && threadServices.generation != TheInstallation().generation)
-        MakeProvider(service);
-    if (!threadServices.provider) TellMissing(service, "its provider has ended.");
-    return *threadServices.provider;
+    if (OfThread().isMaking) TellMissing(service, "its provider is being made.");
+    if (!OfThread().isEnding && OfThread().generation != TheInstallation().generation) MakeProvider(service);
+    if (!OfThread().provider) TellMissing(service, "its provider has ended.");
+    return *OfThread().provider;
 }
 
 template <class Service>
 Service& Used(const char* name, std::unique_ptr<Service> (ServiceProvider::*create)()) {
     ServiceProvider& provider = Provider(name);
-    auto& [service, hasEnded] = static_cast<Holder<Service>&>(threadServices.made);
+    auto& [service, hasEnded] = static_cast<Holder<Service>&>(OfThread().made);
     if (hasEnded) TellMissing(name, "it has ended.");
     if (!service) service = (provider.*create)();
     if (!service) TellMissing(name, "the provider made none.");
@@ -123,7 +147,7 @@ void InstallServices(ProviderFactory factory) {
         installation.factory = std::move(factory);
         ++installation.generation;
     }
-    threadServices.End();
+    OfThread().End();
 }
 
 using Makes = ServiceProvider;
