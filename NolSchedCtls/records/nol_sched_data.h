@@ -27,7 +27,7 @@ template <class T>
 struct Given {
     Given(GivenLater /*value*/) : value() {}
     template <class Value>
-    requires std::convertible_to<Value, T> Given(Value&& valueA) : value(std::forward<Value>(valueA)) {}
+    requires std::convertible_to<Value, T> Given(Value valueA) : value(std::move(valueA)) {}
 
     T value;
 };
