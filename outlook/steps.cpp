@@ -57,7 +57,7 @@ Moment EvenSteps::FirstFrom(Moment from, Moment /*until*/) const {
 Moment MonthSteps::FirstFrom(Moment from, Moment until) const {
     const year_month lastMonth = MonthOf(until);
     year_month month = base + RoundedUp(MonthOf(from) - base, step);
-    for (; month <= lastMonth; month += step)
+    for (; month <= lastMonth; month = month + step)  // += of libc++ stays within the year
         if (const Moment run = RunIn(month); run >= from && run != noMoment) return run;
     return noMoment;
 }

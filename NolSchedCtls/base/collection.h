@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <concepts>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -94,5 +95,44 @@ class KeyedCollection {
     std::vector<Entry> entries;
     std::vector<bool> hasKey;
 };
+
+// A collection of shared objects that are to be read, not changed. Ends before the collection does.
+template <class T>
+class ReadOnlyCollection {
+  public:
+    using Shared = std::shared_ptr<const T>;
+    using Source = KeyedCollection<std::shared_ptr<T>>;
+
+    struct Entry {
+        const std::string& key;
+        Shared item;
+    };
+
+    class Iterator {
+      public:
+        explicit Iterator(decltype(std::declval<const Source&>().begin()) atA) : at(atA) {}
+        Entry operator*() const { return {at->key, at->item}; }
+        Iterator& operator++() { return ++at, *this; }
+        bool operator==(const Iterator&) const = default;
+
+      private:
+        decltype(std::declval<const Source&>().begin()) at;
+    };
+
+    explicit ReadOnlyCollection(const Source& sourceA) : source(sourceA) {}
+
+    // As of the collection.
+    Shared Item(std::string_view key) const { return source.Item(key); }
+    Shared Item(std::size_t position) const { return source.Item(position); }
+    std::size_t Count() const noexcept { return source.Count(); }
+    Iterator begin() const { return Iterator(source.begin()); }
+    Iterator end() const { return Iterator(source.end()); }
+
+  private:
+    const Source& source;
+};
+
+template <class T>
+ReadOnlyCollection(const KeyedCollection<std::shared_ptr<T>>&) -> ReadOnlyCollection<T>;
 
 }  // namespace NolSchedCtls::inline v1

@@ -61,9 +61,8 @@ struct Tab : Object {
         heard.clear();
         heard.emplace_back(control->FocusMoved.Connect(tell(NOLSCHED_FOCUS_MOVED)));
         heard.emplace_back(control->Beep.Connect(tell(NOLSCHED_BEEP)));
-        for (ViewField* const field : control->Fields())
-            heard.emplace_back(
-                field->Refresh.Connect([field, told = tell(NOLSCHED_FIELD_CHANGED)] { told(*field); }));
+        heard.emplace_back(control->FieldChanged.Connect(
+            [told = tell(NOLSCHED_FIELD_CHANGED)](const ViewField& field, FieldPart) { told(field); }));
     }
 
     const std::shared_ptr<PaviseTab> control;
@@ -174,7 +173,7 @@ std::int32_t InitNew(NolSchedHandle record, std::int32_t isImmediate, std::int32
 std::int32_t InitEdit(NolSchedHandle record) {
     return Call([&] {
         const auto empty = EmptyRecord(record);
-        InitEditArguments arguments;
+        InitEditArguments arguments = LaterArguments();
         const auto take = [&](const auto& column) {
             if (column.pArgument == nullptr) return;
             if (!empty->columnsSet.test(RecordColumnIndex(column.sName))) TellLacking(column.sName);

@@ -13,7 +13,7 @@ template <class T>
 struct Column {
     std::string_view sName;
     T CNolSchedData::*pProperty;
-    T InitEditArguments::*pArgument;  // nothing for what the host sets on the record itself
+    Given<T> InitEditArguments::*pArgument;  // nothing for what the host sets on the record itself
 };
 
 using NumberColumn = Column<std::int32_t>;
@@ -55,6 +55,12 @@ inline constexpr auto entryColumns = std::to_array<EntryColumn>({
     TextColumn{"CreateFiles", &CNolSchedData::CreateFiles, &InitEditArguments::sCreateFilesA},
     DateColumn{"LastRunDate", &CNolSchedData::LastRunDate, nullptr},
 });
+
+// The arguments of a stored entry without their values, for who fills them column by column.
+inline InitEditArguments LaterArguments() {
+    constexpr GivenLater l;
+    return {l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l, l};
+}
 
 inline std::string_view NameOf(const EntryColumn& entryColumn) {
     return std::visit([](const auto& column) { return column.sName; }, entryColumn);

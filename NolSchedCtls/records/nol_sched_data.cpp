@@ -49,9 +49,10 @@ void CNolSchedData::InitNew(std::shared_ptr<const CaddisScenarioType> ScenarioTy
 }
 
 void CNolSchedData::InitEdit(InitEditArguments arguments) {
-    ScenarioType = std::move(arguments.ScenarioTypeA);
+    ScenarioType = std::move(arguments.ScenarioTypeA.value);
     const auto take = [&](const auto& column) {
-        if (column.pArgument != nullptr) this->*column.pProperty = std::move(arguments.*column.pArgument);
+        if (column.pArgument != nullptr)
+            this->*column.pProperty = std::move((arguments.*column.pArgument).value);
     };
     for (const auto& column : entryColumns) std::visit(take, column);
     MSQL::LoadNolOverrides(*this);  // selects by Id, so after the columns

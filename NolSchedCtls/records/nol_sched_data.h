@@ -4,10 +4,12 @@
 // The host stores the entry's own row from the properties; the record stores the override rows alone.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/export.h"
@@ -17,36 +19,50 @@
 
 namespace NolSchedCtls::inline v1 {
 
-// A stored entry's columns, in their order; each fills the property of its name.
+// For an argument whose value comes later.
+struct GivenLater {};
+
+// An argument that must be given: a call that leaves it out does not compile.
+template <class T>
+struct Given {
+    Given(GivenLater /*value*/) : value() {}
+    template <class Value>
+    requires std::convertible_to<Value, T> Given(Value valueA) : value(std::move(valueA)) {}
+
+    T value;
+};
+
+// A stored entry's columns, in their order; each fills the property of its name. None may be left out; who
+// fills them by the table of the columns begins with LaterArguments (records/entry_columns.h).
 struct InitEditArguments {
-    std::shared_ptr<const CaddisScenarioType> ScenarioTypeA;
-    std::string sEditorNameA;
-    std::int32_t nIdA = 0;
-    DateTime dFirstDateTimeA = 0;
-    DateTime dFinalDateTimeA = 0;
-    std::int32_t nWhichMonthDateA = 0;
-    std::int32_t nWhichWeekA = 0;
-    std::int32_t nWhichWeekdayA = 0;
-    std::string sPeriodicityA;
-    std::int32_t nFrequencyA = 0;
-    std::string sScheduleActiveA;
-    std::string sIncludeMondaysA;
-    std::string sIncludeTuesdaysA;
-    std::string sIncludeWednesdaysA;
-    std::string sIncludeThursdaysA;
-    std::string sIncludeFridaysA;
-    std::string sIncludeSaturdaysA;
-    std::string sIncludeSundaysA;
-    std::string sIncludeHolidaysA;
-    std::string sIncludeDayAfterHolA;
-    std::int32_t nClientMachineIdA = 0;
-    std::int32_t nRptGrpIdA = 0;
-    std::string sRunModeA;
-    std::string sRetrieveModeA;
-    std::string sAutoPurgeA;
-    std::int32_t nPurgeIntervalA = 0;
-    std::string sSubFolderNameA;
-    std::string sCreateFilesA;
+    Given<std::shared_ptr<const CaddisScenarioType>> ScenarioTypeA;
+    Given<std::string> sEditorNameA;
+    Given<std::int32_t> nIdA;
+    Given<DateTime> dFirstDateTimeA;
+    Given<DateTime> dFinalDateTimeA;
+    Given<std::int32_t> nWhichMonthDateA;
+    Given<std::int32_t> nWhichWeekA;
+    Given<std::int32_t> nWhichWeekdayA;
+    Given<std::string> sPeriodicityA;
+    Given<std::int32_t> nFrequencyA;
+    Given<std::string> sScheduleActiveA;
+    Given<std::string> sIncludeMondaysA;
+    Given<std::string> sIncludeTuesdaysA;
+    Given<std::string> sIncludeWednesdaysA;
+    Given<std::string> sIncludeThursdaysA;
+    Given<std::string> sIncludeFridaysA;
+    Given<std::string> sIncludeSaturdaysA;
+    Given<std::string> sIncludeSundaysA;
+    Given<std::string> sIncludeHolidaysA;
+    Given<std::string> sIncludeDayAfterHolA;
+    Given<std::int32_t> nClientMachineIdA;
+    Given<std::int32_t> nRptGrpIdA;
+    Given<std::string> sRunModeA;
+    Given<std::string> sRetrieveModeA;
+    Given<std::string> sAutoPurgeA;
+    Given<std::int32_t> nPurgeIntervalA;
+    Given<std::string> sSubFolderNameA;
+    Given<std::string> sCreateFilesA;
 };
 
 // Properties check nothing: a range belongs to the tab or control that edits the value. Yes and no are "Y"
@@ -113,7 +129,7 @@ class NOLSCHED_API CNolSchedData {
 
     // In order of addition; owned by the record, the objects shared with whoever added them.
     OverrideCollection& Overrides() { return overrides; }
-    const OverrideCollection& Overrides() const { return overrides; }
+    ReadOnlyCollection<CNolOverride> Overrides() const { return ReadOnlyCollection(overrides); }
     // Under a study kind's exact name the kind's flag becomes "Y". Throws DuplicateKeyError if the key is
     // present (in any letter case) and NolSchedError for nothing; no flag changes then.
     void AddNolOverride(std::shared_ptr<CNolOverride> CData, std::string Key);

@@ -15,7 +15,7 @@ class NOLSCHED_API CheckBox : public ViewField {
     int Value() const { return value; }
     // Raises Clicked if the value changes.
     void SetValue(int valueA) {
-        if (Assign(value, valueA)) Clicked.Raise();
+        if (Assign(FieldPart::Value, value, valueA)) Clicked.Raise();
     }
 
     // The user turns the box over.

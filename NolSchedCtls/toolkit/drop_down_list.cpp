@@ -6,17 +6,12 @@ void DropDownList::Clear() {
     if (entries.empty()) return;
     entries.clear();
     listIndex = -1;
-    Refresh.Raise();
+    Tell(FieldPart::Entries);
 }
 
 void DropDownList::AddItem(std::string_view item) {
     entries.emplace_back(item);
-    if (listIndex >= 0) Refresh.Raise();
-}
-
-void DropDownList::AddItems(std::span<const std::string> items) {
-    entries.insert(entries.end(), items.begin(), items.end());
-    if (listIndex >= 0) Refresh.Raise();
+    Tell(FieldPart::Entries);
 }
 
 int DropDownList::IndexOf(std::string_view text) const {
@@ -37,7 +32,7 @@ std::string DropDownList::Offer() const {
 void DropDownList::SetListIndex(int index) {
     if (!IsInList(index))
         throw ValueError("The list " + Name() + " has no index " + std::to_string(index) + "; " + Offer());
-    if (Assign(listIndex, index)) Clicked.Raise();
+    if (Assign(FieldPart::Value, listIndex, index)) Clicked.Raise();
 }
 
 const std::string& DropDownList::Text() const {

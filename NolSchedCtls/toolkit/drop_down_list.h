@@ -1,24 +1,24 @@
 // A drop-down list: its value is one of its entries, or nothing.
 #pragma once
 
-#include <span>
-
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
 namespace NolSchedCtls::inline v1 {
 
-// A refill costs a screen two Refresh: Clear raises one and the selection after the last AddItem the other.
-// AddItem by itself raises one only while something is selected. A screen that shows the entries of a list
-// without a selection reads them when it opens.
 class NOLSCHED_API DropDownList : public ViewField {
   public:
     DropDownList(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
     FieldKind Kind() override { return this; }
 
-    void Clear();                                       // nothing is selected then; raises no click
-    void AddItem(std::string_view item);                // at the end; raises no click
-    void AddItems(std::span<const std::string> items);  // as one AddItem
+    void Clear();                         // nothing is selected then; raises no click
+    void AddItem(std::string_view item);  // at the end; raises no click
+    // Many as one change, from strings or views.
+    template <class Items>
+    void AddItems(const Items& items) {
+        entries.insert(entries.end(), items.begin(), items.end());
+        Tell(FieldPart::Entries);
+    }
     const std::vector<std::string>& Entries() const { return entries; }
     bool Offers(std::string_view text) const { return IndexOf(text) >= 0; }
 

@@ -31,7 +31,7 @@ void DTPicker::SetTime(int hourA, int minuteA) {
     if (hourA == hour && minuteA == minute) return;
     hour = hourA;
     minute = minuteA;
-    Refresh.Raise();
+    Tell(FieldPart::Value);
     Changed.Raise();
 }
 

@@ -26,13 +26,14 @@ void SSDateCombo::SetText(std::string_view text) {
     SetDate(DateOf(*read));
 }
 
-void SSDateCombo::SetDate(DateTime dateA) {
+bool SSDateCombo::SetDate(DateTime dateA) {
     const bool isChange = dateA != DateValue();
     date = dateA;
     DropRefusedText();
-    if (!isChange) return;
-    Refresh.Raise();
+    if (!isChange) return false;
+    Tell(FieldPart::Value);
     Changed.Raise();
+    return true;
 }
 
 DateTime SSDateCombo::DateValue() const {
@@ -43,20 +44,20 @@ DateTime SSDateCombo::DateValue() const {
 void SSDateCombo::SetDisplayFormat(std::string_view format) {
     if (format == displayFormat) return;
     CheckWholeDatePattern(format);
-    Assign(displayFormat, std::string(format));
+    Assign(FieldPart::Value, displayFormat, std::string(format));
 }
 
 void SSDateCombo::SetDefaultDate(const std::string& text) {
     if (text != today && !ReadDateText(text))
         throw ValueError("The default date " + Quoted(text) + " of the field " + Name() + " is no date.");
-    Assign(defaultDate, text);
+    Assign(FieldPart::Value, defaultDate, text);
 }
 
 bool SSDateCombo::IsOffered(DateTime dateA) const { return dateA >= MinDate() && dateA < maxDate + 1; }
 
 bool SSDateCombo::PickDate(DateTime dateA) {
     if (!IsOffered(dateA) || !BeginUserAct()) return false;
-    SetDate(std::floor(dateA));
+    if (!SetDate(std::floor(dateA))) Clicked.Raise();
     return true;
 }
 
@@ -77,12 +78,6 @@ std::string SSDateCombo::Take(std::string_view text) {
 bool SSDateCombo::BeginEdit() {
     if (!BeginUserAct()) return false;
     EditFormatRequest.Raise();
-    return true;
-}
-
-bool SSDateCombo::Click() {
-    if (!BeginUserAct()) return false;
-    Clicked.Raise();
     return true;
 }
 

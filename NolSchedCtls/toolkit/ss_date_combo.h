@@ -28,7 +28,7 @@ class NOLSCHED_API SSDateCombo : public TypedField {
 
     static constexpr DateTime MinDate() { return 32874.0; }  // 1/1/1990
     DateTime MaxDate() const { return maxDate; }
-    void SetMaxDate(DateTime maxDateA) { Assign(maxDate, maxDateA); }
+    void SetMaxDate(DateTime maxDateA) { Assign(FieldPart::State, maxDate, maxDateA); }
 
     // A pattern of DateText; empty, as at first, for the regional short form. Throws NolSchedError for a
     // pattern that cannot be shown. Raises no Changed.
@@ -39,19 +39,19 @@ class NOLSCHED_API SSDateCombo : public TypedField {
     const std::string& DefaultDate() const { return defaultDate; }
     void SetDefaultDate(const std::string& text);
 
-    bool PickDate(DateTime dateA);  // from the calendar; false outside the bounds
-    bool BeginEdit();               // asks for the edit format
-    bool Click();                   // on the field, changing nothing
+    // From the calendar; false outside the bounds. Raises Clicked for the day that the field holds already.
+    bool PickDate(DateTime dateA);
+    bool BeginEdit();  // asks for the edit format
 
     Event<> Changed;  // by code or by the user
-    Event<> Clicked;
+    Event<> Clicked;  // by the user, who has picked a day and changed nothing
     Event<> EditFormatRequest;
 
   private:
     std::string ValueText() const override;  // by the display format
     std::string Take(std::string_view text) override;
     bool IsOffered(DateTime dateA) const;
-    void SetDate(DateTime dateA);
+    bool SetDate(DateTime dateA);  // false if it is the same
 
     std::optional<DateTime> date;
     DateTime maxDate = 2958465.0;  // 12/31/9999

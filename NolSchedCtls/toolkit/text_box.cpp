@@ -55,7 +55,7 @@ std::string TextAfterEdit(const std::string& text, std::string_view edited, std:
 }
 
 void TextBox::SetText(const std::string& textA) {
-    if (Assign(text, textA)) Changed.Raise();
+    if (Assign(FieldPart::Value, text, textA)) Changed.Raise();
 }
 
 char32_t TextBox::FilterKey(char32_t key) {

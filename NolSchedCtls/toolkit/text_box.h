@@ -24,7 +24,7 @@ class NOLSCHED_API TextBox : public ViewField {
 
     // A locked box takes the focus, but nothing from a user.
     bool Locked() const { return locked; }
-    void SetLocked(bool lockedA) { Assign(locked, lockedA); }
+    void SetLocked(bool lockedA) { Assign(FieldPart::State, locked, lockedA); }
 
     bool Key(char32_t key);             // at the text's end, through the filter
     bool Paste(std::string_view text);  // replaces the text, past the filter

@@ -8,10 +8,10 @@ bool TypedField::TypeText(std::string_view text) {
     if (why.empty()) return true;
     typed = text;
     refusal = std::move(why);
-    Refresh.Raise();
+    Tell(FieldPart::Value);
     return false;
 }
 
-void TypedField::DropRefusedText() { Assign(refusal, {}); }
+void TypedField::DropRefusedText() { Assign(FieldPart::Value, refusal, {}); }
 
 }  // namespace NolSchedCtls::inline v1

@@ -1,5 +1,11 @@
 #include "NolSchedCtls/toolkit/view_field.h"
 
+#include <iterator>
+#include <utility>
+
+#include "NolSchedCtls/base/collection.h"
+#include "NolSchedCtls/base/text.h"
+
 namespace NolSchedCtls::inline v1 {
 
 FieldPlace::FieldPlace(Frame& frameA) : control(frameA.Control()), frame(&frameA) {}
@@ -9,14 +15,47 @@ ViewField::ViewField(FieldPlace placeA, std::string nameA, std::string captionA)
     place.control.fields.push_back(this);
 }
 
-void ViewField::SetVisible(bool visibleA) { Assign(visible, visibleA); }
-void ViewField::SetEnabled(bool enabledA) { Assign(enabled, enabledA); }
-void ViewField::SetLeft(float leftA) { Assign(left, leftA); }
-void ViewField::SetWidth(float widthA) { Assign(width, widthA); }
+void ViewField::Tell(FieldPart part) { place.control.FieldChanged.Raise(*this, part); }
+
+void Frame::TellState() {
+    Tell(FieldPart::State);
+    for (ViewField* field : Control().Fields())
+        if (field->Container() == this) field->TellState();
+}
+
+void ViewField::SetVisible(bool visibleA) {
+    if (std::exchange(visible, visibleA) != visibleA) TellState();
+}
+
+void ViewField::SetEnabled(bool enabledA) {
+    if (std::exchange(enabled, enabledA) != enabledA) TellState();
+}
+
+void ViewField::SetLeft(float leftA) { Assign(FieldPart::Geometry, left, leftA); }
+void ViewField::SetWidth(float widthA) { Assign(FieldPart::Geometry, width, widthA); }
 bool ViewField::IsShown() const { return visible && (place.frame == nullptr || place.frame->IsShown()); }
 
 bool ViewField::IsUsable() const {
     return visible && enabled && (place.frame == nullptr || place.frame->IsUsable());
+}
+
+std::string ViewField::PlainCaption() const {
+    std::string plain;
+    bool isMark = false;
+    for (const char letter : caption) {
+        isMark = letter == '&' && !isMark;
+        if (!isMark) plain += letter;
+    }
+    return std::string(Trimmed(plain));
+}
+
+char ViewField::Mnemonic() const {
+    bool isMark = false;
+    for (const char letter : caption) {
+        if (isMark && letter != '&') return FoldedLetter(letter);
+        isMark = letter == '&' && !isMark;
+    }
+    return 0;
 }
 
 const std::string& ViewField::Refusal() const {
@@ -30,7 +69,7 @@ void ViewField::SetFocus() {
                             (IsShown() ? "disabled." : "hidden."));
     UserControl& control = place.control;
     ViewField* const former = std::exchange(control.focused, this);
-    if (former != nullptr && former != this) former->LostFocus.Raise();
+    if (former != nullptr && former != this) control.FocusLeft.Raise(*former);
     control.FocusMoved.Raise(*this);
 }
 
@@ -50,6 +89,26 @@ ViewField* UserControl::FindField(std::string_view name) const {
 
 ViewField* UserControl::FocusedField() const {
     return focused != nullptr && focused->IsUsable() ? focused : nullptr;
+}
+
+void UserControl::LeaveFocus() {
+    if (focused != nullptr) FocusLeft.Raise(*focused);
+}
+
+std::vector<ViewField*> UserControl::TabStops() const {
+    std::vector<ViewField*> stops;
+    std::copy_if(fields.begin(), fields.end(), std::back_inserter(stops),
+                 [](const ViewField* field) { return field->IsTabStop() && field->IsUsable(); });
+    return stops;
+}
+
+// A label bears the mnemonic of the field that follows it.
+const Label* UserControl::LabelOf(const ViewField& field) const {
+    const auto found = std::find(fields.begin(), fields.end(), &field);
+    if (found == fields.begin() || found == fields.end() || field.Mnemonic() != 0) return nullptr;
+    ViewField& before = **std::prev(found);
+    const bool isNamed = field.IsTabStop() && before.Mnemonic() != 0;
+    return isNamed && before.Container() == field.Container() ? FieldAs<Label>(before) : nullptr;
 }
 
 ViewField* UserControl::RefusedField() const {

@@ -2,8 +2,8 @@
 //
 // A view field holds what a widget shows and raises its events. It has two faces: what code writes (Set...),
 // which raises the field's event before the write returns, and what a user does (Click, Pick, Key, ...),
-// which does nothing and answers false on a hidden or disabled field. A screen mirrors a field by its Refresh
-// event.
+// which does nothing and answers false on a hidden or disabled field. A screen mirrors the fields of a
+// control by its FieldChanged.
 #pragma once
 
 #include <algorithm>
@@ -37,6 +37,15 @@ class XMarlet;
 using FieldKind = std::variant<CheckBox*, DropDownList*, TextBox*, Label*, Frame*, SSDateCombo*, DTPicker*,
                                XMarlet*, XAmbitPurge*, XAmbitDownload*>;
 
+// What of a field a screen shows anew.
+enum class FieldPart {
+    Value,     // what stands in it; also a typed text that is refused
+    Entries,   // what it offers; what was selected may be so no more
+    Caption,   // what it is called
+    State,     // visible, enabled, locked, its bounds; also where its frame is shown or enabled, or no more
+    Geometry,  // Left and Width
+};
+
 // Where a field stands: on the control itself or in one of its frames.
 struct FieldPlace {
     FieldPlace(UserControl& controlA) : control(controlA) {}
@@ -67,8 +76,12 @@ class NOLSCHED_API ViewField {
     bool IsShown() const;   // visible, and its frame too
     bool IsUsable() const;  // shown and enabled, and its frame too
 
-    // Empty on fields without one; "&" stands before the mnemonic.
+    // Empty on fields without one; "&" stands before the mnemonic, "&&" for "&".
     const std::string& Caption() const { return caption; }
+    // Without the mark of the mnemonic and the blanks at both ends.
+    std::string PlainCaption() const;
+    // The letter of the mnemonic in lower case, 0 without one.
+    char Mnemonic() const;
 
     // In twips, from the frame's left edge.
     float Left() const { return left; }
@@ -82,9 +95,8 @@ class NOLSCHED_API ViewField {
     // Moves the control's focus here. Throws NolSchedError on a field that is not usable.
     void SetFocus();
     bool HasFocus() const;
-
-    Event<> Refresh;    // anything that a screen shows has changed; raised before the field's own event
-    Event<> LostFocus;  // the control's focus has gone to another field
+    // Whether a field of this kind takes the focus by Tab.
+    virtual bool IsTabStop() const { return true; }
 
   protected:
     ViewField(FieldPlace placeA, std::string nameA, std::string captionA = {});
@@ -92,17 +104,23 @@ class NOLSCHED_API ViewField {
     // True if a user can reach the field; it then has the focus.
     bool BeginUserAct();
 
+    // Raises the control's FieldChanged.
+    void Tell(FieldPart part);
+
     template <class T>
-    bool Assign(T& member, const T& value) {
+    bool Assign(FieldPart part, T& member, const T& value) {
         if (member == value) return false;
         member = value;
-        Refresh.Raise();
+        Tell(part);
         return true;
     }
 
     std::string caption;
 
   private:
+    friend class Frame;
+    virtual void TellState() { Tell(FieldPart::State); }
+
     FieldPlace place;
     std::string name;
     float left = 0;
@@ -116,6 +134,10 @@ class NOLSCHED_API Frame : public ViewField {
     Frame(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
     FieldKind Kind() override { return this; }
+    bool IsTabStop() const override { return false; }
+
+  private:
+    void TellState() override;  // its fields, too, are shown and enabled only as it is
 };
 
 class NOLSCHED_API Label : public ViewField {
@@ -123,7 +145,8 @@ class NOLSCHED_API Label : public ViewField {
     Label(FieldPlace placeA, std::string nameA, std::string captionA)
         : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
     FieldKind Kind() override { return this; }
-    void SetCaption(const std::string& captionA) { Assign(caption, captionA); }
+    bool IsTabStop() const override { return false; }
+    void SetCaption(const std::string& captionA) { Assign(FieldPart::Caption, caption, captionA); }
 };
 
 template <class Kind, class... Kinds>
@@ -166,9 +189,18 @@ class NOLSCHED_API UserControl {
 
     // The field that has the focus, or nothing while that field is not usable.
     ViewField* FocusedField() const;
+    // The user has gone to what is no field of the control: a button, another page. The field that had the
+    // focus hears it, and has it again when the user comes back.
+    void LeaveFocus();
+    // The usable fields that take the focus by Tab, in the order in which Tab goes through them.
+    std::vector<ViewField*> TabStops() const;
+    // The label whose mnemonic is the field's; nothing if it has none, or bears one itself.
+    const Label* LabelOf(const ViewField& field) const;
     // The first usable field with a text that it refuses, or nothing.
     ViewField* RefusedField() const;
 
+    Event<ViewField&, FieldPart> FieldChanged;  // before the field's own event
+    Event<ViewField&> FocusLeft;                // the field that had the focus; before FocusMoved
     // Raised again for the field that has the focus already: a screen may have lost it meanwhile.
     Event<ViewField&> FocusMoved;
     Event<ViewField&> Beep;  // the system's beep, for the field that refused a key

@@ -32,14 +32,14 @@ bool IsRequiredFor(const CaddisUser& user) {
 
 bool XAmbitPurge::LoadPurgeOptions(const std::string& AutoPurgeA, std::int32_t PurgeIntervalA,
                                    const CaddisUser& user) {
-    maximumDays = MaximumOf(user);
+    Assign(FieldPart::State, maximumDays, MaximumOf(user));
     isRequired = IsRequiredFor(user);
     const bool inRange = PurgeIntervalA >= 1 && PurgeIntervalA <= maximumDays;
     const std::string newDays = std::to_string(inRange ? PurgeIntervalA : maximumDays);
     const bool changed = AutoPurgeA != autoPurge || newDays != days;
     autoPurge = AutoPurgeA;
     days = newDays;
-    Refresh.Raise();
+    Tell(FieldPart::Value);
     if (changed) Changed.Raise();
     return inRange;
 }
@@ -62,12 +62,12 @@ bool XAmbitPurge::IsPurgeValid(const std::string& title) const {
 std::int32_t XAmbitPurge::PurgeDays() const { return ParseWhole(days).value_or(0); }
 
 void XAmbitPurge::SetDays(const std::string& text) {
-    if (Assign(days, text)) Changed.Raise();
+    if (Assign(FieldPart::Value, days, text)) Changed.Raise();
 }
 
 bool XAmbitPurge::Click() {
     if (!BeginUserAct()) return false;
-    Assign(autoPurge, std::string(IsOn() ? "N" : "Y"));
+    Assign(FieldPart::Value, autoPurge, std::string(IsOn() ? "N" : "Y"));
     Changed.Raise();
     return true;
 }
@@ -97,7 +97,7 @@ bool XAmbitPurge::PasteDays(std::string_view text) {
 }
 
 void XAmbitDownload::SetDownloadMode(const std::string& codeA) {
-    if (Assign(code, codeA)) Changed.Raise();
+    if (Assign(FieldPart::Value, code, codeA)) Changed.Raise();
 }
 
 std::string_view XAmbitDownload::Text() const {

@@ -15,7 +15,7 @@ std::int32_t IdOf(const XMarlet::DocumentPointer& document) { return document ? 
 
 void XMarlet::RestoreState(std::shared_ptr<MarletState> stateA) {
     state = std::move(stateA);
-    Refresh.Raise();
+    Tell(FieldPart::Entries);
 }
 
 void XMarlet::KeepState(MarletState& stateA) const {
@@ -28,17 +28,17 @@ void XMarlet::Choose(DocumentPointer documentA, std::string typedA) {
     const bool changed = IdOf(documentA) != IdOf(document) || typedA != typed;
     document = std::move(documentA);
     typed = std::move(typedA);
-    Refresh.Raise();
+    Tell(FieldPart::Value);
     if (changed) DocumentChange.Raise();
 }
 
 void XMarlet::Reread() {
     if (const auto renamed = ValidDocument()) document = renamed;
-    Refresh.Raise();
+    Tell(FieldPart::Value);
 }
 
 void XMarlet::SetPendingFlag(bool pending) {
-    if (!pending) Assign(typed, std::string());
+    if (!pending) Assign(FieldPart::Value, typed, std::string());
 }
 
 XMarlet::DocumentPointer XMarlet::ValidDocument() const {

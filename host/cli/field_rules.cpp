@@ -57,13 +57,6 @@ std::map<std::string, Texts> UsableOf(const UserControl& tab) {
     return usable;
 }
 
-// As a person reads it, without the mark of the mnemonic.
-std::string CaptionOf(const ViewField& field) {
-    std::string caption = field.Caption();
-    std::erase(caption, '&');
-    return std::string(Trimmed(caption));
-}
-
 // In the order in which the keys are met.
 template <class Key, class Members>
 using Groups = std::vector<std::pair<Key, Members>>;
@@ -216,7 +209,7 @@ std::vector<Json> FieldRules::Told() const {
         told.push_back({{"tab", tabName},
                         {"name", field->Name()},
                         {"kind", KindName(*field)},
-                        {"caption", CaptionOf(*field)},
+                        {"caption", field->PlainCaption()},
                         {"offers", Offers(field->Name())},
                         {"while", Condition(field->Name())}});
     return told;

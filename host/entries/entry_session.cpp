@@ -60,7 +60,7 @@ StoredEntry CopiedRecord(StoredEntry entry) {
     return entry;
 }
 
-void CopyColumns(const CNolSchedData& from, CNolSchedData& to) {
+void CopyColumns(CNolSchedData& from, CNolSchedData& to) {
     for (const auto& entryColumn : entryColumns)
         std::visit([&](const auto& column) { to.*column.pProperty = from.*column.pProperty; }, entryColumn);
     for (const StudyKind& kind : studyKinds) to.*kind.pFlag = from.*kind.pFlag;

@@ -147,7 +147,7 @@ std::int64_t IdOf(const ILintelRows& rows) {
 }
 
 InitEditArguments ArgumentsOf(const CNolSchedData& row) {
-    InitEditArguments arguments;
+    InitEditArguments arguments = LaterArguments();
     arguments.ScenarioTypeA = std::make_shared<CaddisScenarioType>();
     const auto copy = [&](const auto& column) {
         if (column.pArgument != nullptr) arguments.*column.pArgument = row.*column.pProperty;

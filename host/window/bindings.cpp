@@ -345,8 +345,7 @@ void CommitEdits(QWidget& page) {
 }
 
 QList<QWidget*> TabStops(QWidget& bound) {
-    if (dynamic_cast<Parts*>(&bound) == nullptr)
-        return (bound.focusPolicy() & Qt::TabFocus) != 0 ? QList<QWidget*>{&bound} : QList<QWidget*>();
+    if (dynamic_cast<Parts*>(&bound) == nullptr) return {&bound};
     QList<QWidget*> stops;
     for (auto* part : bound.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if ((part->focusPolicy() & Qt::TabFocus) != 0) stops.append(part);

@@ -66,7 +66,9 @@ DateCombo::DateCombo(SSDateCombo& fieldA, QWidget* parent) : QComboBox(parent), 
     setCompleter(nullptr);
     line->installEventFilter(this);
     link = FieldLink::Tie(field, *this, [this] { line->ShowField(); });
-    lostFocus = field.LostFocus.Connect([this] { isEditing = false; });
+    focusLeft = field.Control().FocusLeft.Connect([this](const ViewField& left) {
+        if (&left == &field) isEditing = false;
+    });
 }
 
 // The longest day of all, so that the field keeps its width from one day to the next.
@@ -95,7 +97,7 @@ void DateCombo::Commit() {
 // The focus may have gone to what is no field of the page, a button say, of which the field hears nothing.
 void DateCombo::EndEdit() {
     Commit();
-    if (isEditing) field.LostFocus.Raise();
+    if (isEditing) field.Control().LeaveFocus();
 }
 
 void DateCombo::focusOutEvent(QFocusEvent* event) {
@@ -141,6 +143,7 @@ void DateCombo::showPopup() {
     QCalendarWidget* const calendar = MakeCalendar(*this, field);
     popup = calendar->parentWidget();
     const auto pick = [this](QDate date) {
+        if (popup->isHidden()) return;  // some styles tell a click both ways
         popup->close();
         link->Act([this, date] { field.PickDate(FromQDate(date)); });
     };

@@ -45,7 +45,7 @@ class DateCombo : public QComboBox {
     FieldLink* link = nullptr;
     bool isEditing = false;
     QPointer<QWidget> popup;  // while the calendar is open
-    ScopedConnection lostFocus;
+    ScopedConnection focusLeft;
 };
 
 }  // namespace NolSchedCtls

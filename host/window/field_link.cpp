@@ -33,12 +33,15 @@ FieldLink::FieldLink(ViewField& fieldA, QWidget& widgetA, std::function<void()> 
     widget.setObjectName(QString::fromStdString(field.Name()));
     AddFocusPart(widget);
     LeaveWheelToPage(widget);
-    refresh = field.Refresh.Connect([this] { Mirror(); });
     Mirror();
 }
 
 FieldLink* FieldLink::Tie(ViewField& field, QWidget& widget, std::function<void()> show) {
     return new FieldLink(field, widget, std::move(show));
+}
+
+FieldLink& FieldLink::Of(const QWidget& widget) {
+    return *widget.findChild<FieldLink*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 void FieldLink::Mirror() {

@@ -3,7 +3,6 @@
 
 #include <QWidget>
 #include <functional>
-#include <vector>
 
 #include "NolSchedCtls/toolkit/view_field.h"
 
@@ -13,11 +12,16 @@ namespace NolSchedCtls {
 void LeaveWheelToPage(QWidget& widget);
 
 // From here on the widget is visible and enabled as the field is, and `show` puts the rest of what the field
-// holds on it: at once, and at each Refresh. The widget's focus is the field's.
+// holds on it: at once, and whenever it is asked to. The widget's focus is the field's.
 class FieldLink : public QObject {
+    Q_OBJECT
+
   public:
     // A child of the widget.
     static FieldLink* Tie(ViewField& field, QWidget& widget, std::function<void()> show);
+    static FieldLink& Of(const QWidget& widget);
+
+    void Mirror();
 
     // Carries out what the user did to the widget; the widget then shows what the field holds. A failure is
     // told in a message box. The widget may have ended within the act.
@@ -30,12 +34,10 @@ class FieldLink : public QObject {
 
   private:
     FieldLink(ViewField& fieldA, QWidget& widgetA, std::function<void()> showA);
-    void Mirror();
 
     ViewField& field;
     QWidget& widget;
     std::function<void()> show;
-    ScopedConnection refresh;
 };
 
 }  // namespace NolSchedCtls

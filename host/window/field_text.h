@@ -8,7 +8,7 @@
 namespace NolSchedCtls {
 
 struct FieldText {
-    QString name;  // without a text of its own the field's caption, or its frame's
+    QString name;  // without a text of its own the field's caption, its label's or its frame's
     QString purpose;
 };
 FieldText TextOf(const ViewField& field);

@@ -14,6 +14,7 @@
 #include "NolSchedCtls/tabs/schedule/schedule_sentence.h"
 #include "host/window/accessibility.h"
 #include "host/window/bindings.h"
+#include "host/window/field_link.h"
 #include "host/window/field_text.h"
 #include "host/window/qt_text.h"
 #include "host/window/sentence_row.h"
@@ -51,10 +52,15 @@ PageView::PageView(PaviseTab& tabA, QWidget* parent)
         NameWidget(*field, *widget);
     }
     LayOut();
-    LinkLabels();
     TellUnits();
     SetTabOrder();
     SetScrolling();
+    Follow();
+}
+
+void PageView::Follow() {
+    connections.emplace_back(tab.FieldChanged.Connect(
+        [this](const ViewField& field, FieldPart) { FieldLink::Of(*WidgetOf(field)).Mirror(); }));
     connections.emplace_back(tab.FocusMoved.Connect([this](const ViewField& field) { MoveFocus(field); }));
     connections.emplace_back(tab.Beep.Connect([](const ViewField&) { QApplication::beep(); }));
 }
@@ -89,10 +95,13 @@ void PageView::ScrollToFocus() {
 }
 
 // Each part of a field of several tells what the field is for, under a name of its own.
-void PageView::NameWidget(const ViewField& field, QWidget& widget) {
+void PageView::NameWidget(const ViewField& field, QWidget& widget) const {
+    if (!field.IsTabStop()) return;
+    if (const Label* const label = tab.LabelOf(field))
+        qobject_cast<QLabel*>(WidgetOf(*label))->setBuddy(&widget);
     const FieldText text = TextOf(field);
-    const QList<QWidget*> stops = TabStops(widget);
-    for (QWidget* stop : stops) Explain(*stop, stop == &widget ? text.name : QString(), text.purpose);
+    for (QWidget* stop : TabStops(widget))
+        Explain(*stop, stop == &widget ? text.name : QString(), text.purpose);
 }
 
 QLayout* PageView::RowOf(const Frame& frame) const {
@@ -153,9 +162,9 @@ void PageView::NameSentence(const XNolScheduleTab& schedule) {
     };
     connect(naming, &QTimer::timeout, row, name);
     name();
-    for (ViewField* field : tab.Fields())
-        if (WidgetOf(*field)->parentWidget() == row)
-            connections.emplace_back(field->Refresh.Connect([naming] { naming->start(0); }));
+    connections.emplace_back(tab.FieldChanged.Connect([this, row, naming](const ViewField& field, FieldPart) {
+        if (WidgetOf(field)->parentWidget() == row) naming->start(0);
+    }));
 }
 
 QLayout* PageView::DurationLayout(const XNolScheduleTab& schedule) const {
@@ -172,7 +181,7 @@ QLayout* PageView::DurationLayout(const XNolScheduleTab& schedule) const {
 // The row of the sentence begins at the frame's edge, as its fields count; what stands above and below it is
 // moved in to where the row's first field stands.
 QLayout* PageView::FrequencyLayout(const XNolScheduleTab& schedule) const {
-    auto* const row = new SentenceRow(WidgetOf(schedule.Frame2));
+    auto* const row = new SentenceRow(tab, WidgetOf(schedule.Frame2));
     bool isInRow = false;
     for (ViewField* field : tab.Fields()) {
         isInRow = isInRow || field == &schedule.cboPeriod;
@@ -207,19 +216,6 @@ QLayout* PageView::ExcludeLayout(const XNolScheduleTab& schedule) const {
     return grid;
 }
 
-void PageView::LinkLabels() {
-    // A label and the field whose mnemonic it carries.
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> buddies = {
-        std::pair{"lblStartDate", "SSDStartDate"}, std::pair{"lblRun", "cboPeriod"},
-        std::pair{"lblStartTime", "dtpStartTime"}, std::pair{"lblScenario", "fdocCBScenario"}};
-    for (const auto& [labelName, fieldName] : buddies) {
-        const ViewField* const label = tab.FindField(labelName);
-        const ViewField* const field = tab.FindField(fieldName);
-        if (label != nullptr && field != nullptr)
-            qobject_cast<QLabel*>(WidgetOf(*label))->setBuddy(WidgetOf(*field));
-    }
-}
-
 // What stands behind a text box, its unit, is told with it.
 void PageView::TellUnits() {
     QWidget* box = nullptr;
@@ -234,11 +230,13 @@ void PageView::TellUnits() {
 
 void PageView::SetTabOrder() {
     QWidget* before = nullptr;
-    for (const ViewField* field : tab.Fields())
+    for (const ViewField* field : tab.Fields()) {
+        if (!field->IsTabStop()) continue;
         for (QWidget* stop : TabStops(*WidgetOf(*field))) {
             if (before != nullptr) QWidget::setTabOrder(before, stop);
             before = stop;
         }
+    }
 }
 
 // A widget of several parts keeps the focus where it has it.

@@ -29,9 +29,9 @@ class PageView : public QScrollArea {
     QLayout* ExcludeLayout(const XNolScheduleTab& schedule) const;
     QLayout* RowOf(const Frame& frame) const;
     void NameSentence(const XNolScheduleTab& schedule);
-    void LinkLabels();
+    void Follow();
     void TellUnits();
-    static void NameWidget(const ViewField& field, QWidget& widget);
+    void NameWidget(const ViewField& field, QWidget& widget) const;
     void SetTabOrder();
     void SetScrolling();
     void ScrollToFocus();

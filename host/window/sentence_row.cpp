@@ -18,7 +18,7 @@ int TextWidth(const QWidget& widget, const QString& text) {
 }
 
 QList<QString> TextsOf(ViewField& field) {
-    QList<QString> texts = {WithoutMnemonic(Trimmed(field.Caption()))};
+    QList<QString> texts = {ToQt(field.PlainCaption())};
     if (const auto* list = FieldAs<DropDownList>(field))
         for (const auto& entry : list->Entries()) texts.append(ToQt(entry));
     if (FieldAs<DTPicker>(field) != nullptr) texts.append(u"12:59 AM"_s);
@@ -71,8 +71,13 @@ RowScale RowScaleOf(const QWidget& widget) {
     return last->second;
 }
 
-SentenceRow::SentenceRow(QWidget* parent) : QWidget(parent), scale(RowScaleOf(*this)) {
+SentenceRow::SentenceRow(UserControl& control, QWidget* parent) : QWidget(parent), scale(RowScaleOf(*this)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    fieldChanged = control.FieldChanged.Connect([this](const ViewField& field, FieldPart part) {
+        if (part != FieldPart::Geometry) return;
+        for (const Place& place : places)
+            if (place.field == &field) Put(place);
+    });
 }
 
 void SentenceRow::Add(ViewField& field, QWidget* widget) {
@@ -80,9 +85,7 @@ void SentenceRow::Add(ViewField& field, QWidget* widget) {
     widget->setParent(this);
     widget->setVisible(!isHidden);
     if (auto* const label = qobject_cast<QLabel*>(widget)) label->setAlignment(Qt::AlignCenter);
-    places.push_back({&field, widget, {}});
-    const std::size_t index = places.size() - 1;
-    places.back().refresh = field.Refresh.Connect([this, index] { Put(places[index]); });
+    places.push_back({&field, widget});
     Put(places.back());
 }
 

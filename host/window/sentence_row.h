@@ -21,7 +21,7 @@ RowScale RowScaleOf(const QWidget& widget);
 
 class SentenceRow : public QWidget {
   public:
-    explicit SentenceRow(QWidget* parent);
+    SentenceRow(UserControl& control, QWidget* parent);
 
     // The widget, which becomes a child, stands where the field says, and moves when the field does.
     void Add(ViewField& field, QWidget* widget);
@@ -37,12 +37,12 @@ class SentenceRow : public QWidget {
     struct Place {
         const ViewField* field;
         QWidget* widget;
-        ScopedConnection refresh;
     };
     void Put(const Place& place) const;
 
     RowScale scale;
     std::vector<Place> places;
+    ScopedConnection fieldChanged;
 };
 
 }  // namespace NolSchedCtls

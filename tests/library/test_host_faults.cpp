@@ -2,7 +2,9 @@
 
 #include "NolSchedCtls/base/app_constants.h"
 #include "NolSchedCtls/library/catalogue.h"
+#include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
+#include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "tests/library/fake_services.h"
 
@@ -63,7 +65,7 @@ TEST(HostFaults, InServicesAreNamed) {
               "The service DocumentTypes is not there: the provider made none.");
     EXPECT_EQ(FailureOf([] { LintelFailureReport(); }),
               "The service LintelFailureReport is not there: the provider made none.");
-    EXPECT_EQ(FailureOf([] { CNolSchedData().InitEdit({}); }),
+    EXPECT_EQ(FailureOf([] { CNolSchedData().InitEdit(LaterArguments()); }),
               "The database gave no rows of overrides, not even an empty set.");
     Clock();
     InstallServices({});
@@ -99,6 +101,52 @@ TEST(HostFaults, DoNoHarmToATab) {
     tab.Frame1.SetEnabled(true);
     tab.FocusMoved.Connect([](ViewField&) { throw std::runtime_error("no such widget"); });
     EXPECT_FALSE(tab.IsTabValid("T"));
+}
+
+// What a handler of each event does: it ends itself, connects another, writes, asks, and leaves the end of
+// the tabs to the host's queue.
+TEST(HostFaults, AHandlerMayDoAllButEndItsTab) {
+    struct Tabs {
+        XNolSchedHomOvr hom;
+        XNolScheduleTab schedule;
+    };
+    using Connect = Connection (*)(CPaviseNotify&, Tabs&, const std::function<void()>&);
+    const Connect events[] = {
+        [](auto& notify, auto&, const auto& act) { return notify.Changed.Connect(act); },
+        [](auto& notify, auto&, const auto& act) {
+            return notify.PaviseStateChange.Connect([act](auto&, bool) { act(); });
+        },
+        [](auto&, auto& tabs, const auto& act) {
+            return tabs.hom.FocusMoved.Connect([act](auto&) { act(); });
+        },
+        [](auto&, auto& tabs, const auto& act) {
+            return tabs.hom.FieldChanged.Connect([act](auto&, auto) { act(); });
+        },
+        [](auto&, auto& tabs, const auto& act) { return tabs.schedule.cboPeriod.Clicked.Connect(act); }};
+    for (const Connect connect : events) {
+        OpenEntry open;
+        open.record->InitNew(nullptr, false, 5, "Nightly");
+        auto tabs = std::make_unique<Tabs>();
+        open.Load(tabs->hom);
+        open.Load(tabs->schedule);
+        std::vector<std::function<void()>> queue;
+        int heard = 0;
+        Connection connection = connect(*open.notify, *tabs, [&] {
+            connection.Disconnect();
+            connect(*open.notify, *tabs, [&] { ++heard; });
+            tabs->schedule.cboPeriod.SetText("Monthly");
+            tabs->hom.txtDuration.SetText("9");
+            tabs->hom.chkOverride.SetValue(1);
+            tabs->hom.IsTabValid("T");
+            queue.emplace_back([&] { tabs.reset(); });
+        });
+        for (int i = 0; i < 2; ++i) tabs->hom.chkOverride.Click(), tabs->schedule.cboPeriod.Pick("Daily");
+        EXPECT_GT(heard, 0);
+        ASSERT_EQ(queue.size(), 1) << "it is heard, and once";
+        queue.front()();
+        open.notify->SetTabOverride("HOM Study", true);
+        open.notify->MarkChanged();
+    }
 }
 
 TEST(HostFaults, AReportMayChangeTheOverridesThatAreSaved) {

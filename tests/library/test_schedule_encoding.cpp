@@ -81,14 +81,14 @@ TEST(ScheduleEvents, DateAndTimeReportWhatChanges) {
     const auto act = [&](bool isDone) {
         trace += (isDone ? "+" : "-") + std::to_string(std::exchange(open.changes, 0)) + " ";
     };
+    act(start.PickDate(start.DateValue()));  // a click all the same
     for (const char* date : {"4/1/2026", "4/1/2026 0:00", "12/31/2035", "1/1/2036", "12/31/1989", "soon"})
         act(start.TypeText(date));
-    act(start.Click());
     act(start.BeginEdit());
     trace += start.Text() + " ";
     for (const auto& [hour, minute] : {std::pair{0, 59}, {0, 59}, {24, 0}}) act(time.PickTime(hour, minute));
     trace += start.Text() + " " + time.Text();
-    EXPECT_EQ(trace, "+1 +0 +1 -0 -0 -0 +1 +0 soon +1 +0 -0 soon 12:59 AM");
+    EXPECT_EQ(trace, "+1 +1 +0 +1 -0 -0 -0 +0 soon +1 +0 -0 soon 12:59 AM");
     EXPECT_EQ(FailureOf([&] { open.tab.SaveData(); }), start.Refusal());
     EXPECT_FALSE(open.tab.IsTabValid("T"));
     EXPECT_EQ(world.TakeTrace(), "T[16]: " + start.Refusal() + "; ");

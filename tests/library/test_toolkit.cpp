@@ -66,8 +66,7 @@ struct Panel : UserControl {
         for (auto* event :
              {&box.Clicked, &text.Changed, &picker.DocumentChange, &purge.Changed, &download.Changed})
             event->Connect([this] { world.trace += "raised; "; });
-        for (ViewField* field : Fields())
-            field->LostFocus.Connect([this, field] { world.trace += "left " + field->Name() + "; "; });
+        FocusLeft.Connect([this](ViewField& field) { world.trace += "left " + field.Name() + "; "; });
     }
     std::string UserActs() {
         std::string done;
@@ -108,6 +107,79 @@ TEST(Fields, MoveTheFocusOnceAndRefuseItWhereNoUserReaches) {
     EXPECT_EQ(FailureOf([&] { panel.text.SetFocus(); }),
               "The field text cannot take the focus: it is disabled.");
     EXPECT_EQ(panel.FocusedField(), &panel.box);
+}
+
+// What a screen is told, as "box Value; frame State; ".
+struct Told : UserControl {
+    Frame outer{*this, "outer", ""};
+    Frame frame{outer, "frame", "A && &B"};
+    Label label{frame, "label", "&Days:  "};
+    DropDownList list{frame, "list"};
+    TextBox text{frame, "text"};
+    SSDateCombo date{*this, "date"};
+    CheckBox box{*this, "box", " &Box"};
+    std::string trace;
+
+    Told() {
+        FieldChanged.Connect([this](const ViewField& field, FieldPart part) {
+            constexpr std::array parts = {"Value", "Entries", "Caption", "State", "Geometry"};
+            trace += field.Name() + " " + parts.at(static_cast<std::size_t>(part)) + "; ";
+        });
+        box.Clicked.Connect([this] { trace += "raised; "; });
+    }
+};
+
+TEST(Mirroring, IsToldWhatToShowAnew) {
+    InstalledWorld world;
+    Told told;
+    const std::pair<std::function<void()>, const char*> acts[] = {
+        {[&] { told.box.Click(); }, "box Value; raised; "},
+        {[&] { told.box.SetValue(1), told.frame.SetVisible(true), told.list.SetLeft(0); }, ""},
+        {[&] { told.frame.SetEnabled(false); }, "frame State; label State; list State; text State; "},
+        {[&] { told.outer.SetVisible(false); },
+         "outer State; frame State; label State; list State; text State; "},
+        {[&] { told.list.AddItem("1"); }, "list Entries; "},
+        {[&] {
+             told.list.AddItems(std::array<std::string, 2>{"2", "3"});
+         },
+         "list Entries; "},
+        {[&] { told.list.SetListIndex(2); }, "list Value; "},
+        {[&] { told.list.Clear(); }, "list Entries; "},
+        {[&] { told.label.SetCaption("Hours"); }, "label Caption; "},
+        {[&] { told.text.SetLocked(true), told.text.SetWidth(7); }, "text State; text Geometry; "},
+        {[&] { told.date.TypeText("soon"); }, "date Value; "},
+        {[&] { told.date.SetMaxDate(50000); }, "date State; "},
+        {[&] { told.date.DropRefusedText(); }, "date Value; "}};
+    for (const auto& [act, trace] : acts) {
+        act();
+        EXPECT_EQ(std::exchange(told.trace, {}), trace);
+    }
+}
+
+TEST(Mirroring, IsToldStopsLabelsAndMnemonics) {
+    InstalledWorld world;
+    Told told;
+    const auto stops = [&] {
+        std::string names;
+        for (const ViewField* field : told.TabStops()) names += field->Name() + " ";
+        return names;
+    };
+    EXPECT_EQ(stops(), "list text date box ");
+    told.frame.SetEnabled(false);
+    EXPECT_EQ(stops(), "date box ");
+    std::string texts;
+    for (const ViewField* field : told.Fields()) {
+        const Label* const label = told.LabelOf(*field);
+        const char mnemonic = field->Mnemonic() == 0 ? '-' : field->Mnemonic();
+        texts += field->PlainCaption() + mnemonic + (label == nullptr ? "|" : label->Name() + "|");
+    }
+    EXPECT_EQ(texts, "-|A & Bb|Days:d|-label|-|-|Boxb|");
+    told.FocusLeft.Connect([&](const ViewField& field) { told.trace += "left " + field.Name() + "; "; });
+    told.LeaveFocus();
+    told.box.SetFocus();
+    told.LeaveFocus();
+    EXPECT_EQ(told.trace.substr(told.trace.find("left")), "left box; ");
+    EXPECT_EQ(told.FocusedField(), &told.box) << "when the user comes back";
 }
 
 TEST(TextBoxes, CountCharactersAndKeepWhatIsNoUtf8) {

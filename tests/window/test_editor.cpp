@@ -184,6 +184,10 @@ TEST_F(Windows, ADateEditsInTheShortFormAndRestsInTheLongOne) {
     Press(*calendar.findChild<QWidget*>(u"qt_calendar_calendarview"_s), "Right, Return");
     Press(date, "Tab");
     EXPECT_EQ(Shown(date), "Wednesday, January 06, 2027");
+    const int changes = editor.Session().Changes();
+    Press(date, "Alt+Down");
+    Press(*QApplication::activePopupWidget()->findChild<QTableView*>(), "Return");
+    EXPECT_EQ(editor.Session().Changes(), changes + 1) << "who picks the day that stands there has clicked";
     Type(editor, {{"schedule.SSDStartDate", "1/7/2027"}});
     Activate(OpenNew());
     EXPECT_EQ(Shown(date), "1/7/2027") << "the user may come back to it";

@@ -120,25 +120,25 @@ TEST_F(Windows, TabGoesThroughTheFieldsOfAPageInTheirOrder) {
          "| Nightly - Schedule Entry| Create .efg/.pfg File(s); "},
         {"schedule",
          {{"schedule.cboPeriod", "H"}},
-         "| Schedule Duration| Start Date: > Start date=Monday, March 02, 2026; End Date:; "
+         "| Schedule Duration| Start Date: > Start Date=Monday, March 02, 2026; End Date:; "
          "| Hourly every 1 Period(s)| Run: > Run=Hourly; Every=1; "
          "| Schedule Frequency| Starting at: > Starting at=12:00 AM; | Exclude| Sunday; Monday; Tuesday; "
          "Wednesday; Thursday; Friday; Saturday; Holidays; Day After Holidays; "
-         "| Schedule Duration| End date= No End Date; "},
+         "| Schedule Duration| End Date= No End Date; "},
         {"schedule",
          {{"schedule.cboPeriod", "M"}, {"schedule.chkEndDate", " "}, {"schedule.cboDayName", "M"}},
-         "| Schedule Duration| Start Date: > Start date=Monday, March 02, 2026; End Date:; "
-         "End date=Monday, March 02, 2026; | Monthly on the 1st Monday of every 1 month(s)| Run: > "
+         "| Schedule Duration| Start Date: > Start Date=Monday, March 02, 2026; End Date:; "
+         "End Date=Monday, March 02, 2026; | Monthly on the 1st Monday of every 1 month(s)| Run: > "
          "Run=Monthly; "
          "Day number=1st; Day=Monday; Every=1; | Schedule Frequency| Starting at: > Starting at=12:00 AM; "
          "| Exclude| Holidays; Day After Holidays; "},
         {"schedule",
          {{"schedule.cboPeriod", "W"}, {"schedule.dtpStartTime", "2230\t"}},
-         "| Schedule Duration| Start Date: > Start date=Monday, March 02, 2026; End Date:; "
+         "| Schedule Duration| Start Date: > Start Date=Monday, March 02, 2026; End Date:; "
          "| Weekly on Sunday every 1 week(s)| Run: > Run=Weekly; Day=Sunday; Every=1; "
          "| Schedule Frequency| Starting at: > Starting at=10:30 PM; | Exclude| Holidays; Day After "
          "Holidays; "
-         "| Schedule Duration| End date= No End Date; "},
+         "| Schedule Duration| End Date= No End Date; "},
         {"hom",
          {{"hom.chkOverride", " "}},
          "| Nightly* - Schedule Entry| Override HOM Study; | References| Scenario: > Scenario; "
@@ -201,6 +201,7 @@ TEST_F(Windows, AnEditorFitsASmallScreenAndScrollsToTheFieldInUse) {
         for (const Page& page : editor.Session().Pages())
             for (const ViewField* field : page.tab->Fields()) {
                 QWidget& widget = Find(editor, std::string(page.name) + '.' + field->Name());
+                if (!field->IsTabStop()) continue;
                 for (QWidget* stop : TabStops(widget)) {
                     if (!stop->isEnabled() || !stop->isVisible()) continue;
                     stop->setFocus();

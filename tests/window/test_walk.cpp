@@ -96,10 +96,9 @@ TEST_P(Walks, OnFieldsAndOnWidgetsEndAlike) {
         ViewField& field = *OneOf(random, page.tab->Fields());
         if (!field.IsUsable()) continue;
         QWidget& widget = Find(byWidgets, std::string(page.name) + "." + field.Name());
-        ViewField* const left = front == nullptr || front == &page ? nullptr : front->tab->FocusedField();
-        if (left != nullptr) left->LostFocus.Raise();  // a page that goes to the back has no focus
+        if (front != nullptr && front != &page) front->tab->LeaveFocus();
         front = &page;
-        if (TabStops(widget).isEmpty()) continue;  // a label or a frame
+        if (!field.IsTabStop()) continue;
         widget.setFocus();
         field.SetFocus();
         VisitField(field, [&](auto& kind) { Act(kind, widget, random); });

@@ -33,17 +33,21 @@ void XNolScheduleTab::LoadDayNameList(DayNames nFill) {
     const auto& names = CodeTables().DayNames();
     const std::size_t first = nFill == DayNames::Weekdays ? 2 : 1;
     const std::size_t last = nFill == DayNames::DayOnly ? 1 : names.Count();
+    std::vector<std::string_view> items;
     cboDayName.Clear();
     for (std::size_t position = first; position <= last; ++position)
-        cboDayName.AddItem(names.Item(position).Item("UIVal"));
+        items.emplace_back(names.Item(position).Item("UIVal"));
+    cboDayName.AddItems(items);
 }
 
 void XNolScheduleTab::LoadDayNumList(DayNumbers nFill) {
     const auto& names = CodeTables().MonthDayNames();
     const std::size_t last = nFill == DayNumbers::Long ? 28 : 4;
+    std::vector<std::string_view> items;
     cboDayNum.Clear();
-    for (std::size_t position = 1; position <= last; ++position) cboDayNum.AddItem(names.Item(position));
-    cboDayNum.AddItem(names.Item(lastPosition));
+    for (std::size_t position = 1; position <= last; ++position) items.emplace_back(names.Item(position));
+    items.emplace_back(names.Item(lastPosition));
+    cboDayNum.AddItems(items);
 }
 
 void XNolScheduleTab::RefreshDayNumList() {

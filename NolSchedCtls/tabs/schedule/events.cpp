@@ -73,14 +73,15 @@ void XNolScheduleTab::ConnectFields() {
     dtpStartTime.Changed.Connect([this] { NotifyChanged(); });
     ConnectDateField(SSDStartDate);
     ConnectDateField(SSDEndDate);
+    FocusLeft.Connect([this](ViewField& left) {
+        auto* const date = FieldAs<SSDateCombo>(left);
+        if (date != nullptr && !fLoading) date->SetDisplayFormat(longDateFormat);
+    });
 }
 
 void XNolScheduleTab::ConnectDateField(SSDateCombo& field) {
     field.Changed.Connect([this] { NotifyChanged(); });
     field.Clicked.Connect([this] { NotifyChanged(); });
-    field.LostFocus.Connect([this, &field] {
-        if (!fLoading) field.SetDisplayFormat(longDateFormat);
-    });
     field.EditFormatRequest.Connect([&field] {
         field.SetDisplayFormat(DateSettings().EditDateFormat());
         field.SetFocus();

@@ -151,7 +151,7 @@ void XNolScheduleTab::LoadPeriodList() {
 void XNolScheduleTab::LoadFrequencyList(int nMax) {
     static const auto numbers = NumberTexts();
     cboFrequency.Clear();
-    cboFrequency.AddItems({numbers.data(), static_cast<std::size_t>(nMax)});
+    cboFrequency.AddItems(std::span(numbers).first(static_cast<std::size_t>(nMax)));
     cboFrequency.SetListIndex(0);
 }
 
