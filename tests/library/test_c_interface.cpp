@@ -209,7 +209,8 @@ TEST(CInterface, DoesTheWholeJob) {
         host.TakeTrace(),
         "Query SELECT * FROM NOL_Override WHERE NOL_OverrideId = 42; changed; changed; changed; changed; "
         "changed; changed; changed; changed; | focus chkOverride; field chkOverride; field fraScenario; "
-        "field fraDuration; field chkHom; changed; changed; focus fdocCBScenario; field fdocCBScenario; "
+        "field lblScenario; field fdocCBScenario; field fraDuration; field txtDuration; field Label1; field "
+        "chkHom; changed; changed; focus fdocCBScenario; field fdocCBScenario; "
         "changed; | Execute DELETE FROM NOL_Override WHERE NOL_OverrideId = 42; "
         "Execute INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
         "Retrieve_Delay, ClearLog) VALUES (42, '~', 0, 0, 30, 0, '~'); "
@@ -342,7 +343,8 @@ TEST(CInterface, SaysWhatIsWrongWithACall) {
     EXPECT_EQ(made, 0U);
     EXPECT_EQ(
         host.TakeTrace(),
-        "focus chkOverride; field chkOverride; field fraScenario; field fraDuration; changed; focus "
+        "focus chkOverride; field chkOverride; field fraScenario; field lblScenario; field fdocCBScenario; "
+        "field fraDuration; field txtDuration; field Label1; changed; focus "
         "txtDuration; field txtDuration; changed; beep txtDuration; field txtDuration; changed; field "
         "txtDuration; changed; field txtDuration; changed; focus fdocCBScenario; field fdocCBScenario; "
         "changed; T[16]: HOM Override.\r\nThere is no Scenario named \"Nowhere\".; show HOM Study; focus "
