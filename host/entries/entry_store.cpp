@@ -383,11 +383,6 @@ std::int64_t EntryStore::VersionOf(std::int32_t id) const {
     return rows->AtEnd() ? 0 : LintelDb().FieldToNumber(rows->Fields("Version"), 0);
 }
 
-std::int64_t EntryStore::Count() const {
-    const auto rows = database->Open("SELECT COUNT(*) AS Entries FROM NOL_Schedule");
-    return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);
-}
-
 // The limit as a bound: a query over a limited one sorts its rows, this one takes them in their order.
 void EntryStore::ForEach(const std::function<void(ListedEntry&)>& visit, std::int64_t afterId,
                          std::int64_t limit) const {

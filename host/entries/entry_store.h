@@ -102,7 +102,6 @@ class EntryStore {
     void ForOne(std::int32_t id, const std::function<void(const ListedEntry&)>& visit) const;
     // The same for all, page by page, so that a store of any size takes the same memory.
     void ForAll(const std::function<void(const ListedEntry&)>& visit) const;
-    std::int64_t Count() const;
     std::int64_t VersionOf(std::int32_t id) const;  // 0 for an entry that is not there
     // Those that have the document as group or as a scenario: "12 \"Night\"", by Id.
     std::vector<std::string> UsersOf(std::int32_t documentId) const;
