@@ -29,7 +29,7 @@ std::string GrowStatements(int size) {
 }
 
 std::string MakeStore(const fs::path& folder, int size) {
-    const std::string file = (folder / (std::to_string(size) + ".db")).string();
+    std::string file = (folder / (std::to_string(size) + ".db")).string();
     const std::string script = (folder / "script").string();
     std::ofstream(script) << "pick schedule.cboPeriod Weekly\nsave\n";
     Run({NOLSCHED, "--db", file, "new", "--name", "Nightly", "--group", "North Cells", script});

@@ -57,9 +57,10 @@ void WaitWhile(const auto& isBusy) {
 }
 
 void Rest() {
-    bool isOver = false;
-    QTimer::singleShot(300, [&isOver] { isOver = true; });
-    WaitWhile([&isOver] { return !isOver; });
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.start(300);
+    WaitWhile([&timer] { return timer.isActive(); });
 }
 
 class Work {
@@ -100,14 +101,14 @@ class Work {
     void Scroll() {
         for (int key = 0; key < 20; ++key) {
             table->setCurrentIndex(list->index(key % 2 == 0 ? list->rowCount() - 1 : 0, EntryRow::Name));
-            Rest20();
+            PaintAndSettle();
         }
         Tell("scroll gap", beats.TakeLongest() * 1e3);
         Tell("last peak", PeakMegabytes());
     }
 
   private:
-    static void Rest20() {
+    static void PaintAndSettle() {
         for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 

@@ -46,6 +46,7 @@ class Ranks {
         std::unordered_map<std::size_t, SharedText> found;
         for (const auto& row : rows) found.try_emplace((*row.*text).Number(), *row.*text);
         std::vector<SharedText> ordered;
+        ordered.reserve(found.size());
         for (const auto& [number, one] : found) ordered.push_back(one);
         const auto isBefore = [](const SharedText& left, const SharedText& right) {
             return CompareNaturally(left.Text(), right.Text()) < 0;

@@ -73,7 +73,7 @@ RowPointer RowOf(const ListedEntry& entry, const EntryOutlook& outlook) {
     const CNolSchedData& record = *entry.record;
     const Sentence sentence = SentenceOf(entry);
     auto* const row = new EntryRow;
-    const RowPointer made(row);
+    RowPointer made(row);
     row->id = entry.id;
     row->start = record.FirstDateTime;
     row->end = record.FinalDateTime;
