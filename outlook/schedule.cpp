@@ -40,6 +40,13 @@ Schedule::Schedule(const CNolSchedData& record, Holidays holidaysA, const Outloo
     }
 }
 
+Schedule::Schedule(const Recurrence& rule, Holidays holidaysA)
+    : recurrence(rule), steps(StepsOf(rule)), holidays(std::move(holidaysA)) {}
+
+std::optional<Recurrence> Schedule::Rule() const {
+    return fixed.state == RunState::Scheduled ? std::optional(recurrence) : std::nullopt;
+}
+
 std::optional<DateTime> Schedule::NextAfter(DateTime moment) const {
     const Moment run = FirstFrom(MomentOf(moment) + seconds{1});
     return run == noMoment ? std::nullopt : std::optional(DateTimeOf(run));

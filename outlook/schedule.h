@@ -40,7 +40,11 @@ class Schedule {
   public:
     explicit Schedule(const CNolSchedData& record, Holidays holidaysA = {},
                       const OutlookSettings& settings = {});
+    // The schedule that gave this rule.
+    Schedule(const Recurrence& rule, Holidays holidaysA);
 
+    // What its runs follow, which is smaller than the schedule; nothing for one without runs.
+    std::optional<Recurrence> Rule() const;
     // The first run after the moment, if there is one within 28 years, after which the calendar repeats.
     std::optional<DateTime> NextAfter(DateTime moment) const;
     // Both moments included; found one by one while the range is gone through. The schedule must outlive it.

@@ -2,6 +2,7 @@
 
 #include <utf8.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -9,6 +10,7 @@
 
 #include "NolSchedCtls/base/collection.h"
 #include "NolSchedCtls/base/text.h"
+#include "NolSchedCtls/services/provider.h"
 #include "platform/postgres_database.h"
 #include "platform/server_address.h"
 #include "platform/sqlite_database.h"
@@ -17,7 +19,11 @@ namespace NolSchedCtls {
 
 namespace {
 
-bool IsUtf8(std::string_view text) { return utf8::is_valid(text.begin(), text.end()); }
+// Most texts are plain, which is seen much faster.
+bool IsUtf8(std::string_view text) {
+    const auto isAscii = [](char letter) { return static_cast<unsigned char>(letter) < 0x80; };
+    return std::ranges::all_of(text, isAscii) || utf8::is_valid(text.begin(), text.end());
+}
 
 // Broken texts are refused and not mended, so that what is read back is what was given.
 void Check(std::string_view text) {
@@ -35,17 +41,49 @@ void Check(std::string_view statement, const Database::Values& values) {
 
 }  // namespace
 
-LintelField StoreRows::Fields(std::string_view column) const {
-    for (int i = 0; i < ColumnCount(); ++i) {
-        if (!EqualKeys(ColumnName(i), column)) continue;
-        LintelField field{std::string(ColumnName(i)), Value(i)};
-        const auto* text = std::get_if<std::string>(&field.Value);
-        if (text != nullptr && !IsUtf8(*text))
-            throw NolSchedError("The column " + std::string(column) +
-                                " holds a text that is not valid UTF-8.");
-        return field;
+LintelValue StoreRows::Value(int column) const {
+    const auto copy = [](const auto& value) -> LintelValue {
+        if constexpr (std::is_same_v<decltype(value), const std::string_view&>)
+            return std::string(value);
+        else
+            return value;
+    };
+    return std::visit(copy, View(column));
+}
+
+// Columns are asked for in their order as a rule, so the search begins behind the last one found.
+int StoreRows::Place(std::string_view column) const {
+    const int count = ColumnCount();
+    for (int looked = 0; looked < count; ++looked) {
+        lastPlace = lastPlace + 1 < count ? lastPlace + 1 : 0;
+        if (EqualKeys(ColumnName(lastPlace), column)) return lastPlace;
     }
     throw StoreError(Store() + ": the rows have no column " + std::string(column) + ".");
+}
+
+std::string_view StoreRows::Checked(int column, std::string_view text) const {
+    if (IsUtf8(text)) return text;
+    throw NolSchedError("The column " + std::string(ColumnName(column)) +
+                        " holds a text that is not valid UTF-8.");
+}
+
+LintelField StoreRows::Field(int column) const {
+    LintelField field{std::string(ColumnName(column)), Value(column)};
+    if (const auto* text = std::get_if<std::string>(&field.Value)) Checked(column, *text);
+    return field;
+}
+
+std::int32_t StoreRows::Number(int column) const {
+    const ValueView value = View(column);
+    const auto* const whole = std::get_if<std::int64_t>(&value);
+    if (whole != nullptr && std::in_range<std::int32_t>(*whole)) return static_cast<std::int32_t>(*whole);
+    return LintelDb().FieldToNumber(Field(column), 0);
+}
+
+std::string_view StoreRows::Text(int column, std::string& copy) const {
+    const ValueView value = View(column);
+    if (const auto* text = std::get_if<std::string_view>(&value)) return Checked(column, *text);
+    return copy = FieldToText(Field(column));
 }
 
 std::int64_t Database::Execute(std::string_view statement, const Values& values) {
@@ -64,10 +102,6 @@ std::unique_ptr<StoreRows> Database::Open(std::string_view query, const Values& 
         EndWait();
         throw;
     }
-}
-
-void Database::Insert(std::string_view statement) {
-    if (Execute(statement) == 0) FailUntaken();
 }
 
 void Database::FailUntaken() const {

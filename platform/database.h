@@ -34,21 +34,34 @@ class RequestError : public NolSchedError {
     using NolSchedError::NolSchedError;
 };
 
+// A value where it stands: a text lasts as long as the row is the present one.
+using ValueView = std::variant<std::monostate, std::int64_t, double, std::string_view>;
+
 // Values come as they are stored: whole numbers in 64 bits, dates as texts. Columns are found by name, or by
 // place from 0 on. Lives no longer than its database.
 class StoreRows : public ILintelRows {
   public:
     virtual int ColumnCount() const = 0;
     virtual std::string_view ColumnName(int column) const = 0;
-    virtual LintelValue Value(int column) const = 0;
+    virtual ValueView View(int column) const = 0;
+    LintelValue Value(int column) const;
     // How many rows an INSERT, UPDATE or DELETE changed.
     virtual std::int64_t Changed() const = 0;
 
-    // Throws StoreError without such a column, and NolSchedError for a text that is not valid UTF-8.
-    LintelField Fields(std::string_view column) const final;
+    // Throws StoreError without such a column.
+    int Place(std::string_view column) const;
+    // Both throw NolSchedError for a text that is not valid UTF-8.
+    LintelField Field(int column) const;
+    LintelField Fields(std::string_view column) const final { return Field(Place(column)); }
+    // As LintelDb and FieldToText read a field; the text is copied only where the value is none.
+    std::int32_t Number(int column) const;
+    std::string_view Text(int column, std::string& copy) const;
 
   private:
     virtual const std::string& Store() const = 0;
+    std::string_view Checked(int column, std::string_view text) const;
+
+    mutable int lastPlace = -1;
 };
 
 enum class Access { Read, Write };
@@ -69,8 +82,6 @@ class Database {
     // One statement; the values take the places of "?". Gives the number of rows that changed.
     std::int64_t Execute(std::string_view statement, const Values& values = {});
     std::unique_ptr<StoreRows> Open(std::string_view query, const Values& values = {});
-    // One INSERT with its values in it. Throws if the row was not taken.
-    void Insert(std::string_view statement);
     // The id that the store gave to the new row. Throws if it was not taken.
     std::int32_t Insert(std::string_view statement, const Values& values);
     // Whether a transaction of an Unknown commit stands; waits until the store has ended it. Throws while

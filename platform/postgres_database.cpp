@@ -88,7 +88,7 @@ class PostgresRows : public StoreRows {
     void MoveNext() override { ++row; }
     int ColumnCount() const override { return PQnfields(result.get()); }
     std::string_view ColumnName(int column) const override { return PQfname(result.get(), column); }
-    LintelValue Value(int column) const override {
+    ValueView View(int column) const override {
         if (PQgetisnull(result.get(), row, column) != 0) return {};
         const std::string_view text(PQgetvalue(result.get(), row, column),
                                     static_cast<std::size_t>(PQgetlength(result.get(), row, column)));
@@ -96,7 +96,7 @@ class PostgresRows : public StoreRows {
         if (type == typeBool) return std::int64_t{text == "t"};
         if (std::ranges::find(wholeTypes, type) != wholeTypes.end()) return *ParseWhole<std::int64_t>(text);
         double number = 0;
-        if (std::ranges::find(brokenTypes, type) == brokenTypes.end()) return std::string(text);
+        if (std::ranges::find(brokenTypes, type) == brokenTypes.end()) return text;
         std::from_chars(text.data(), text.data() + text.size(), number);
         return number;
     }

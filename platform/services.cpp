@@ -7,30 +7,57 @@ namespace NolSchedCtls {
 
 namespace {
 
+// A statement whose values stand beside it: the engine keeps its plan for the next one of the same text.
+struct Split {
+    std::string text;
+    Database::Values values;
+};
+
 class DatabaseLintel : public ILintelDb {
   public:
     explicit DatabaseLintel(std::shared_ptr<Database> databaseA) : database(std::move(databaseA)) {}
 
     void ExecuteStatement(std::string_view statement) override {
-        if (statement.starts_with("INSERT"))
-            database->Insert(statement);
-        else
-            database->Execute(statement);
+        const auto [text, values] = SplitOff(statement);
+        const std::int64_t changed = database->Execute(text, values);
+        if (changed == 0 && text.starts_with("INSERT")) database->FailUntaken();
     }
 
     // A connection has one source, one user and one kind of cursor; the query alone differs.
     std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
-        return database->Open(arguments.sQuery);
+        const auto [text, values] = SplitOff(arguments.sQuery);
+        return database->Open(text, values);
     }
 
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
-        return Joined(values, [this](const LintelValue& value) { return database->Literal(value); });
+        joined = Joined(values, [this](const LintelValue& value) { return database->Literal(value); });
+        joinedValues = values;
+        return joined;
     }
 
     LintelDateTime ImmediateDateTime() const override { return {Clock().Now(), true}; }
 
   private:
+    // Splits off the values that were joined last, or the one number that a column is compared to at the end.
+    Split SplitOff(std::string_view statement) const {
+        const auto beginning = [statement](std::size_t left) {
+            return std::string(statement.substr(0, left));
+        };
+        const std::string list = '(' + joined + ')';
+        if (!joined.empty() && statement.ends_with(list)) {
+            const auto place = [](const LintelValue&) { return "?"; };
+            return {beginning(statement.size() - list.size()) + '(' + Joined(joinedValues, place) + ')',
+                    joinedValues};
+        }
+        const std::size_t end = statement.find_last_not_of("0123456789") + 1;
+        const auto number = ParseWhole<std::int64_t>(statement.substr(end));
+        if (number && statement.substr(0, end).ends_with(" = ")) return {beginning(end) + '?', {*number}};
+        return {std::string(statement), {}};
+    }
+
     std::shared_ptr<Database> database;
+    mutable std::string joined;
+    mutable Database::Values joinedValues;
 };
 
 // A service of which the host decides the one thing that it does.

@@ -151,7 +151,7 @@ class SqliteRows : public StoreRows {
     }
     int ColumnCount() const override { return sqlite3_column_count(statement); }
     std::string_view ColumnName(int column) const override { return sqlite3_column_name(statement, column); }
-    LintelValue Value(int column) const override {
+    ValueView View(int column) const override {
         switch (sqlite3_column_type(statement, column)) {
             case SQLITE_NULL:
                 return {};
@@ -160,16 +160,15 @@ class SqliteRows : public StoreRows {
             case SQLITE_FLOAT:
                 return sqlite3_column_double(statement, column);
             default:
-                return Text(column);
+                return Bytes(column);
         }
     }
     std::int64_t Changed() const override { return database.Changes(); }
 
   private:
-    std::string Text(int column) const {
-        const void* const bytes = sqlite3_column_blob(statement, column);
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
-        return size == 0 ? std::string() : std::string(static_cast<const char*>(bytes), size);
+    std::string_view Bytes(int column) const {
+        const auto* const bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+        return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
     }
     const std::string& Store() const override { return database.Name(); }
 

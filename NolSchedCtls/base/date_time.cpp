@@ -1,9 +1,8 @@
 #include "NolSchedCtls/base/date_time.h"
 
-#include <array>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
+#include <utility>
 
 #include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/base/text.h"
@@ -100,10 +99,13 @@ DateTime DateOf(DateTime dateTime) { return RoundToSecond(dateTime).day; }
 
 std::string IsoText(DateTime dateTime) {
     const DateTimeParts parts = SplitDateTime(dateTime);
-    std::array<char, 96> text{};
-    const int length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d", parts.year,
-                                     parts.month, parts.day, parts.hour, parts.minute, parts.second);
-    return {text.data(), static_cast<std::size_t>(length)};
+    std::string text = "0000-00-00T00:00:00";
+    const std::pair<int, std::size_t> numbersAndEnds[] = {{parts.year, 4},    {parts.month, 7},
+                                                          {parts.day, 10},    {parts.hour, 13},
+                                                          {parts.minute, 16}, {parts.second, 19}};
+    for (auto [number, end] : numbersAndEnds)
+        for (; number > 0; number /= 10) text[--end] = static_cast<char>('0' + number % 10);
+    return text;
 }
 
 DateTime ParseIso(std::string_view text) {

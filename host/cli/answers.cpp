@@ -31,7 +31,7 @@ std::string InQuotes(const Json& value) {
 
 std::string WithoutEndBlanks(const std::string& row) { return row.substr(0, row.find_last_not_of(' ') + 1); }
 
-std::string Cell(const Json& value, std::size_t width) { return Padded(TextOf(value), width); }
+std::string CellOf(const Json& value, std::size_t width) { return Padded(TextOf(value), width); }
 
 void WriteMessage(std::ostream& stream, const Json& answer) {
     const Json& message = answer.at("message");
@@ -53,7 +53,7 @@ std::string OffersText(const Json& offers) {
 
 // "  name              kind        details", hidden and disabled fields marked.
 void WriteField(std::ostream& stream, const Json& field) {
-    stream << "  " << Cell(field.at("name"), 20) << Cell(field.at("kind"), 10);
+    stream << "  " << CellOf(field.at("name"), 20) << CellOf(field.at("kind"), 10);
     constexpr std::array apart = {"name", "kind", "visible", "enabled", "entries"};
     for (const auto& [key, value] : field.items())
         if (std::ranges::find(apart, key) == apart.end()) stream << ' ' << key << '=' << InQuotes(value);
@@ -73,7 +73,7 @@ void WriteRule(std::ostream& stream, const Json& answer) {
     const Json& field = answer.at("field");
     const Json& condition = field.at("while");
     std::string told =
-        Padded(TextOf(field.at("tab")) + '.' + TextOf(field.at("name")), 27) + Cell(field.at("kind"), 9);
+        Padded(TextOf(field.at("tab")) + '.' + TextOf(field.at("name")), 27) + CellOf(field.at("kind"), 9);
     if (field.at("caption") != "") told += "  " + InQuotes(field.at("caption"));
     if (!field.at("offers").empty()) told += "  " + OffersText(field.at("offers"));
     if (!condition.is_null()) told += (condition == "never" ? "  " : "  while ") + TextOf(condition);
@@ -113,37 +113,9 @@ std::string MomentOf(const Json& value) {
     return value.is_null() ? "-" : MomentText(ParseIso(value.get<std::string>()));
 }
 
-struct ListColumn {
-    const char* key;
-    std::size_t width;
-};
-
-constexpr std::array listColumns = {
-    ListColumn{"Id", 5},     ListColumn{"EditorName", 22}, ListColumn{"group", 14},   ListColumn{"next", 17},
-    ListColumn{"state", 15}, ListColumn{"sentence", 50},   ListColumn{"overrides", 0}};
-
-template <class TextOfColumn>
-void WriteColumns(std::ostream& stream, const TextOfColumn& textOf) {
-    std::string row;
-    for (const auto& [key, width] : listColumns) row += Padded(textOf(std::string(key)), width) + ' ';
-    stream << WithoutEndBlanks(row) << '\n';
-}
-
-void WriteColumnNames(std::ostream& stream, const Json& /*answer*/) {
-    WriteColumns(stream, [](const std::string& key) { return key; });
-}
-
-void WriteEntry(std::ostream& stream, const Json& answer) {
-    WriteColumns(stream, [&entry = answer.at("entry")](const std::string& key) {
-        const Json& value = entry.at(key);
-        if (value.is_array()) return Joined(value, TextOf);
-        return key == "next" ? MomentOf(value) : TextOf(value);
-    });
-}
-
 void WriteRun(std::ostream& stream, const Json& answer) {
     const Json& run = answer.at("run");
-    stream << MomentOf(run.at("at")) << "  " << Cell(run.at("Id"), 5) << ' ' << TextOf(run.at("EditorName"))
+    stream << MomentOf(run.at("at")) << "  " << CellOf(run.at("Id"), 5) << ' ' << TextOf(run.at("EditorName"))
            << '\n';
 }
 
@@ -153,7 +125,7 @@ void WriteState(std::ostream& stream, const Json& answer) {
     const Json& entry = answer.at(key);
     const std::string reason = TextOf(entry.at("reason"));
     if (std::string_view(key) == "left out") stream << "left out: ";
-    stream << Cell(entry.at("Id"), 5) << ' ' << TextOf(entry.at("EditorName")) << ": "
+    stream << CellOf(entry.at("Id"), 5) << ' ' << TextOf(entry.at("EditorName")) << ": "
            << TextOf(entry.at("state")) << (reason.empty() ? "" : " (" + reason + ")") << '\n';
 }
 
@@ -199,7 +171,7 @@ void WriteApplied(std::ostream& stream, const Json& answer) {
 
 void WriteDocument(std::ostream& stream, const Json& answer) {
     const Json& document = answer.at("document");
-    stream << Cell(document.at("Id"), 6) << Cell(document.at("Type"), 12) << TextOf(document.at("Name"))
+    stream << CellOf(document.at("Id"), 6) << CellOf(document.at("Type"), 12) << TextOf(document.at("Name"))
            << '\n';
 }
 
@@ -223,6 +195,7 @@ constexpr char changed[] = "changed";
 constexpr char deleted[] = "deleted";
 constexpr char check[] = "check";
 constexpr char leftOut[] = "left out";
+constexpr std::string_view entry = "entry";
 
 // As compilers tell it: "regroup.nol:3: entry 12 "Site 12": ...".
 void WriteError(std::ostream& stream, const Json& answer) {
@@ -253,15 +226,8 @@ enum class Stream { Out, ErrAsText, Err, File };
 struct AnswerKind {
     std::string_view key;
     Stream stream;
-    Write write;
-    bool isRow = false;  // of a list: cut at the terminal's edge
+    Write write = nullptr;  // nothing for what is told as text by TellRow
 };
-
-void WriteCut(std::ostream& stream, Write write, const Json& answer, std::size_t width) {
-    std::ostringstream row;
-    write(row, answer);
-    stream << Cut(row.str(), width);
-}
 
 // "saved 12: period Daily -> Weekly (dry run)"
 void WriteMarked(std::ostream& stream, Write write, const Json& answer) {
@@ -322,8 +288,7 @@ void Answers::Tell(const Json& answer) {
         AnswerKind{"saved", Out, WriteSaved},
         AnswerKind{"field", Out, WriteRule},
         AnswerKind{"command", Out, WriteCommand},
-        AnswerKind{"columns", Out, WriteColumnNames, true},
-        AnswerKind{"entry", Out, WriteEntry, true},
+        AnswerKind{entry, Out},
         AnswerKind{"document", Out, WriteDocument},
         AnswerKind{deleted, Out, WriteValue<deleted>},
         AnswerKind{"watch", Out, WriteWatch},
@@ -343,16 +308,26 @@ void Answers::Tell(const Json& answer) {
     if (kind == answerKinds.end()) throw std::logic_error("There is no text for the answer " + key + ".");
     const bool isToErr = kind->stream == Err || (kind->stream == ErrAsText && !isJson);
     std::ostream& stream = isToErr ? err : out;
+    if (isToErr) out.flush();  // rows that go before it
     if (isJson && kind->stream != File)
         stream << Dumped(answer) << '\n';
     else if (answer.contains("dryRun"))
         WriteMarked(stream, kind->write, answer);
-    else if (kind->isRow && width > 0)
-        WriteCut(stream, kind->write, answer, width);
     else
         kind->write(stream, answer);
-    Flush(stream, isToErr ? "standard error" : "standard output");
+    if (key != entry || !out) Flush(stream, isToErr ? "standard error" : "standard output");
 }
+
+void Answers::TellRow(std::span<const Cell> cells) {
+    std::string row;
+    for (const auto& [text, columns] : cells) row += Padded(Visible(text), columns) + ' ';
+    row.resize(row.find_last_not_of(' ') + 1);
+    row += '\n';
+    out << (width == 0 ? row : Cut(row, width));
+    if (!out) EndRows();
+}
+
+void Answers::EndRows() { Flush(out, "standard output"); }
 
 void Answers::TellFailure(const std::exception& failure) {
     Json told;

@@ -3,7 +3,9 @@
 
 #include <iosfwd>
 #include <nlohmann/json.hpp>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "NolSchedCtls/records/nol_sched_data.h"
@@ -31,7 +33,15 @@ class Answers {
 
     // The first key tells the kind of answer. Throws OutputError.
     void Tell(const Json& answer);
-    // The same for what the store, or something else, failed in.
+    // A row of a list as text, ended at the width. Rows, and the JSON of entries, may wait in the stream for
+    // what is told next, or for the end of the rows. Both throw OutputError.
+    struct Cell {
+        std::string_view text;
+        std::size_t columns;
+    };
+    void TellRow(std::span<const Cell> cells);
+    void EndRows();
+    // Tells what the store, or something else, failed in.
     void TellFailure(const std::exception& failure);
     // The name under which failures of the store are told.
     void UseStore(std::string name) { store = std::move(name); }

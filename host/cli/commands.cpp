@@ -19,12 +19,11 @@
 #include "host/cli/plan_commands.h"
 #include "host/cli/prompt.h"
 #include "host/cli/script.h"
+#include "host/cli/show_commands.h"
 #include "host/cli/words.h"
 #include "host/entries/entry_outlook.h"
-#include "host/entries/entry_sentence.h"
 #include "host/entries/entry_session.h"
 #include "host/entries/entry_watch.h"
-#include "outlook/description.h"
 
 namespace NolSchedCtls {
 
@@ -50,62 +49,6 @@ int RunScript(const CommandRun& run, EntrySession& session) {
     std::ifstream lines(file);
     if (!lines) RefuseScript(file);
     return script.Run(lines, file, unsaved);
-}
-
-// The sentence with what comes of it.
-Json ScheduleJson(const ListedEntry& entry, const EntryOutlook& outlook) {
-    const Sentence sentence = SentenceOf(entry);
-    const EntryState state = outlook.StateOf(entry, sentence.trouble);
-    return {{"sentence", sentence.text},
-            {"next", state.next ? Json(IsoText(*state.next)) : Json(nullptr)},
-            {"state", state.text}};
-}
-
-// Null for what no record can hold.
-Json ListedProperties(const ListedEntry& entry) {
-    Json properties = PropertiesOf(*entry.record);
-    if (entry.record->Id != entry.id)
-        for (Json& value : properties) value = nullptr;
-    return properties;
-}
-
-int List(const CommandRun& run) {
-    const EntryOutlook outlook(run.workspace);
-    if (!run.answers.IsJson()) run.answers.Tell({{"columns", nullptr}});
-    ForEachChosen(run, [&](const ListedEntry& entry) {
-        Json told = run.answers.IsJson() ? ListedProperties(entry) : Json();
-        told.update(Json{{"Id", entry.id},
-                         {"EditorName", entry.record->EditorName},
-                         {"group", entry.group},
-                         {"sentence", nullptr},
-                         {"overrides", entry.kinds}});
-        told.update(ScheduleJson(entry, outlook));
-        run.answers.Tell({{"entry", told}});
-    });
-    return exitDone;
-}
-
-void ShowOne(const CommandRun& run, std::int32_t id) {
-    const Transaction reading(run.workspace.Store(), Access::Read);
-    const StoredEntry entry = run.workspace.Entries().Load(id);
-    Json answer = JsonOf(*entry.record);
-    const auto tellSchedule = [&](const ListedEntry& listed) {
-        const EntryOutlook outlook(run.workspace);
-        answer.update(ScheduleJson(listed, outlook));
-        answer["description"] = DescribeSchedule(*listed.record, outlook.Settings());
-    };
-    run.workspace.Entries().ForOne(id, tellSchedule);
-    Json& rows = answer["overrides"] = Json::array();
-    for (const auto& columns : run.workspace.Entries().OverrideRows(entry.record->Id)) {
-        Json& row = rows.emplace_back();
-        for (const auto& column : columns) row[column.Name] = JsonOf(column.Value);
-    }
-    run.answers.Tell(answer);
-}
-
-int Show(const CommandRun& run) {
-    for (const std::int32_t id : Chosen(run)) ShowOne(run, id);
-    return exitDone;
 }
 
 CaddisDocumentType GroupType() { return DocumentTypes().TypeByName(MAppConstants::nolGroup); }
@@ -305,7 +248,9 @@ int RunLine(const std::vector<std::string>& arguments, Terminal& terminal, Answe
     Workspace workspace(OptionsOf(line, command, terminal, answers));
     answers.UseStore(workspace.Store().Name());
     if (workspace.IsMade()) answers.Tell({{"made", workspace.Store().Name()}});
-    return command.carryOut({line, terminal, answers, workspace, input});
+    const int status = command.carryOut({line, terminal, answers, workspace, input});
+    answers.EndRows();
+    return status;
 }
 
 // How a run ends that has failed; the status alone, if that cannot be told either.

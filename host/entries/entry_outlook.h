@@ -41,6 +41,7 @@ class EntryOutlook {
     Schedule ScheduleOf(const CNolSchedData& record) const { return Schedule(record, holidays, settings); }
     const OutlookSettings& Settings() const { return settings; }
     const HolidayDays& Days() const { return days; }
+    const Holidays& HolidaysExcluded() const { return holidays; }
     // Whether both tell the same of an entry.
     bool IsLike(const EntryOutlook& other) const { return days == other.days && settings == other.settings; }
     // With the trouble of its sentence.

@@ -1,5 +1,8 @@
 #include "host/entries/entry_sentence.h"
 
+#include <map>
+#include <tuple>
+
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
 #include "NolSchedCtls/tabs/schedule/schedule_sentence.h"
 
@@ -21,8 +24,19 @@ Sentence SentenceOf(const std::shared_ptr<CNolSchedData>& record) {
     return {ScheduleSentence(tab), {}};
 }
 
+// The recurrences of a store are few, and what a stored row says beside its own changes no sentence: one tab
+// each is enough.
 Sentence SentenceOf(const ListedEntry& entry) {
-    return entry.trouble.empty() ? SentenceOf(entry.record) : Unshown(entry.trouble);
+    using Recurrence = std::tuple<std::string, std::int32_t, std::int32_t, std::int32_t, std::int32_t>;
+    constexpr std::size_t mostKept = 10'000;
+    static thread_local std::map<Recurrence, Sentence, std::less<>> kept;
+    if (!entry.trouble.empty()) return Unshown(entry.trouble);
+    const CNolSchedData& record = *entry.record;
+    const auto recurrence = std::tie(record.Periodicity, record.Frequency, record.WhichMonthDate,
+                                     record.WhichWeek, record.WhichWeekday);
+    if (const auto found = kept.find(recurrence); found != kept.end()) return found->second;
+    if (kept.size() == mostKept) kept.clear();
+    return kept[recurrence] = SentenceOf(entry.record);
 }
 
 }  // namespace NolSchedCtls

@@ -47,26 +47,35 @@ struct WrittenValue : ReadValue {
     }
 };
 
+// Reads one property after the other, each from its column's place.
 struct FromRow {
-    const ILintelRows& rows;
+    const StoreRows& rows;
+    const int* place;
     CNolSchedData& record;
+    std::string text = {};
 
-    void operator()(const Column<std::int32_t>& column) const {
-        record.*column.pProperty = LintelDb().FieldToNumber(rows.Fields(column.sName), 0);
-    }
-    void operator()(const Column<std::string>& column) const {
-        record.*column.pProperty = FieldToText(rows.Fields(column.sName));
-    }
-    void operator()(const Column<DateTime>& column) const {
-        const std::string text = FieldToText(rows.Fields(column.sName));
+    void operator()(const NumberColumn& column) { record.*column.pProperty = rows.Number(*place++); }
+    void operator()(const TextColumn& column) { record.*column.pProperty = rows.Text(*place++, text); }
+    void operator()(const DateColumn& column) {
+        const std::string_view date = rows.Text(*place++, text);
         record.*column.pProperty =
-            Explained([&] { return text.empty() ? 0 : ParseIso(text); },
+            Explained([&] { return date.empty() ? 0 : ParseIso(date); },
                       [&] { return "The column " + std::string(column.sName) + " is no date: "; });
     }
 };
 
-void ReadRow(const ILintelRows& rows, CNolSchedData& record) {
-    for (const auto& column : entryColumns) std::visit(FromRow{rows, record}, column);
+using Places = std::array<int, entryColumns.size()>;
+
+Places PlacesIn(const StoreRows& rows) {
+    Places places;
+    std::ranges::transform(entryColumns, places.begin(),
+                           [&rows](const EntryColumn& column) { return rows.Place(NameOf(column)); });
+    return places;
+}
+
+void ReadRow(const StoreRows& rows, const Places& places, CNolSchedData& record) {
+    FromRow fromRow{rows, places.data(), record};
+    for (const auto& column : entryColumns) std::visit(fromRow, column);
 }
 
 // Runs a step of reading; false, and its trouble with the entry, for a value that cannot be read. What the
@@ -84,29 +93,63 @@ bool Reads(ListedEntry& entry, Step step) {
     }
 }
 
-void ReadListed(const ILintelRows& rows, ListedEntry& entry) {
-    if (Reads(entry, [&] { ReadRow(rows, *entry.record); })) return;
-    entry.record = std::make_shared<CNolSchedData>();
-    Reads(entry, [&] { entry.record->EditorName = FieldToText(rows.Fields("EditorName")); });
-}
+// The rows of the list as entries, which may have several each. Where the columns stand is looked up once.
+class ListReader {
+  public:
+    explicit ListReader(const StoreRows& rowsA) : rows(rowsA) {}
 
-void ReadKind(const ILintelRows& rows, ListedEntry& entry) {
-    Reads(entry, [&] {
-        std::string kind = FieldToText(rows.Fields("OverrideType"));
-        if (!kind.empty()) entry.kinds.push_back(std::move(kind));
-    });
-}
+    std::int64_t Id() const {
+        const ValueView value = rows.View(own.front());
+        const auto* const id = std::get_if<std::int64_t>(&value);
+        return id == nullptr ? 0 : *id;
+    }
 
-// No trouble of the entry, whatever stands there.
-void ReadSave(const ILintelRows& rows, ListedEntry& entry) {
-    ListedEntry unread;
-    entry.savedBy.clear();
-    entry.savedAt = 0;
-    Reads(unread, [&] {
-        entry.savedBy = FieldToText(rows.Fields("SavedBy"));
-        entry.savedAt = ParseIso(FieldToText(rows.Fields("SavedAt")));
-    });
-}
+    // All but the kinds.
+    void Read(ListedEntry& entry) {
+        entry.id = Id();
+        entry.trouble.clear();
+        entry.group.clear();
+        entry.kinds.clear();
+        ReadRecord(entry);
+        ReadSave(entry);
+        Reads(entry, [&] { entry.group = rows.Text(group, text); });
+    }
+
+    void ReadKind(ListedEntry& entry) {
+        Reads(entry, [&] {
+            const std::string_view read = rows.Text(kind, text);
+            if (!read.empty()) entry.kinds.emplace_back(read);
+        });
+    }
+
+  private:
+    void ReadRecord(ListedEntry& entry) {
+        if (entry.record.use_count() != 1) entry.record = std::make_shared<CNolSchedData>();
+        if (Reads(entry, [&] { ReadRow(rows, own, *entry.record); })) return;
+        entry.record = std::make_shared<CNolSchedData>();
+        Reads(entry, [&] { entry.record->EditorName = rows.Text(name, text); });
+    }
+
+    // No trouble of the entry, whatever stands there.
+    void ReadSave(ListedEntry& entry) {
+        ListedEntry unread;
+        entry.savedBy.clear();
+        entry.savedAt = 0;
+        Reads(unread, [&] {
+            entry.savedBy = rows.Text(savedBy, text);
+            entry.savedAt = ParseIso(rows.Text(savedAt, text));
+        });
+    }
+
+    const StoreRows& rows;
+    const Places own = PlacesIn(rows);
+    const int name = rows.Place("EditorName");
+    const int savedBy = rows.Place("SavedBy");
+    const int savedAt = rows.Place("SavedAt");
+    const int group = rows.Place("GroupName");
+    const int kind = rows.Place("OverrideType");
+    std::string text;
+};
 
 EntryStore::Rows TakeRows(StoreRows& rows) {
     EntryStore::Rows taken;
@@ -206,7 +249,7 @@ StoredEntry EntryStore::Load(std::int32_t id) const {
         const auto rows = database->Open("SELECT * FROM NOL_Schedule WHERE Id = ?", {std::int64_t{id}});
         if (rows->AtEnd()) TellMissing(id);
         Opening(id, [&] {
-            ReadRow(*rows, read);
+            ReadRow(*rows, PlacesIn(*rows), read);
             row = {LintelDb().FieldToNumber(rows->Fields("Version"), 0), RowValues(ReadValue{read})};
         });
     }
@@ -340,34 +383,27 @@ std::int64_t EntryStore::VersionOf(std::int32_t id) const {
     return rows->AtEnd() ? 0 : LintelDb().FieldToNumber(rows->Fields("Version"), 0);
 }
 
-std::int64_t EntryStore::Count() const {
-    const auto rows = database->Open("SELECT COUNT(*) AS Entries FROM NOL_Schedule");
-    return LintelDb().FieldToNumber(rows->Fields("Entries"), 0);
-}
-
+// The limit as a bound: a query over a limited one sorts its rows, this one takes them in their order.
 void EntryStore::ForEach(const std::function<void(ListedEntry&)>& visit, std::int64_t afterId,
                          std::int64_t limit) const {
     const auto rows = database->Open(
-        "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType FROM "
-        "(SELECT * FROM NOL_Schedule WHERE Id > CAST(? AS BIGINT) ORDER BY Id LIMIT ?) AS Entry "
+        "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType "
+        "FROM NOL_Schedule AS Entry "
         "LEFT JOIN NOL_Document ON NOL_Document.Id = Entry.RptGrpId AND NOL_Document.Type = 'NOL Group' "
-        "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id ORDER BY Entry.Id, "
-        "NOL_Override.Type",
-        {afterId, limit});
+        "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id "
+        "WHERE Entry.Id > CAST(? AS BIGINT) AND Entry.Id <= (SELECT MAX(Id) FROM "
+        "(SELECT Id FROM NOL_Schedule WHERE Id > CAST(? AS BIGINT) ORDER BY Id LIMIT ?) AS Page) "
+        "ORDER BY Entry.Id",
+        {afterId, afterId, limit});
+    ListReader reader(*rows);
     ListedEntry entry;
-    entry.record = std::make_shared<CNolSchedData>();
     while (!rows->AtEnd()) {
-        entry.id = IdOf(*rows);
-        entry.trouble.clear();
-        entry.group.clear();
-        entry.kinds.clear();
-        ReadListed(*rows, entry);
-        ReadSave(*rows, entry);
-        Reads(entry, [&] { entry.group = FieldToText(rows->Fields("GroupName")); });
+        reader.Read(entry);
         do {
-            ReadKind(*rows, entry);
+            reader.ReadKind(entry);
             rows->MoveNext();
-        } while (!rows->AtEnd() && IdOf(*rows) == entry.id);
+        } while (!rows->AtEnd() && reader.Id() == entry.id);
+        std::ranges::sort(entry.kinds);
         visit(entry);
     }
 }
@@ -386,21 +422,20 @@ void EntryStore::TellMissing(std::int32_t id) const {
     throw RequestError("There is no entry " + std::to_string(id) + " in " + database->Name() + ".");
 }
 
-// A page is taken from the store before it is visited: whoever visits slowly keeps no saver waiting.
+// A page is taken from the store before it is visited: whoever visits slowly keeps no saver waiting. Its
+// entries are filled anew for the next one.
 void EntryStore::ForAll(const std::function<void(const ListedEntry&)>& visit) const {
     constexpr std::size_t pageSize = 500;
-    std::vector<ListedEntry> page;
-    const auto take = [&page](ListedEntry& entry) {
-        page.push_back(entry);
-        entry.record = std::make_shared<CNolSchedData>();
-    };
+    std::vector<ListedEntry> page(pageSize);
+    std::size_t count = 0;
+    const auto take = [&](ListedEntry& entry) { std::swap(page[count++], entry); };
     std::int64_t lastId = std::numeric_limits<std::int64_t>::min();
     do {
-        page.clear();
+        count = 0;
         ForEach(take, lastId, pageSize);
-        for (const ListedEntry& entry : page) visit(entry);
-        if (!page.empty()) lastId = page.back().id;
-    } while (page.size() == pageSize);
+        for (const ListedEntry& entry : std::span(page).first(count)) visit(entry);
+        if (count > 0) lastId = page[count - 1].id;
+    } while (count == pageSize);
 }
 
 std::vector<std::string> EntryStore::UsersOf(std::int32_t documentId) const {

@@ -94,7 +94,7 @@ class EntryStore {
     // (0: a new one).
     void Opening(std::int32_t id, const std::function<void()>& step) const;
     // By Id, one at a time, those after afterId and at most limit. The entry given is filled anew for the
-    // next; a visitor that keeps its record gives it another one.
+    // next, but for a record that a visitor keeps.
     void ForEach(const std::function<void(ListedEntry&)>& visit,
                  std::int64_t afterId = std::numeric_limits<std::int64_t>::min(),
                  std::int64_t limit = std::numeric_limits<std::int64_t>::max()) const;
@@ -102,7 +102,6 @@ class EntryStore {
     void ForOne(std::int32_t id, const std::function<void(const ListedEntry&)>& visit) const;
     // The same for all, page by page, so that a store of any size takes the same memory.
     void ForAll(const std::function<void(const ListedEntry&)>& visit) const;
-    std::int64_t Count() const;
     std::int64_t VersionOf(std::int32_t id) const;  // 0 for an entry that is not there
     // Those that have the document as group or as a scenario: "12 \"Night\"", by Id.
     std::vector<std::string> UsersOf(std::int32_t documentId) const;

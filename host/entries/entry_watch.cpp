@@ -15,11 +15,28 @@ std::int64_t Whole(const LintelValue& value) {
 
 }  // namespace
 
-std::vector<EntryWatch::IdAndVersion> EntryWatch::Read() const {
+std::vector<EntryWatch::IdAndVersion> EntryWatch::Read(std::int64_t most) const {
     std::vector<IdAndVersion> read;
-    const auto rows = database.Open("SELECT Id, Version FROM NOL_Schedule ORDER BY Id");
+    const auto rows =
+        database.Open("SELECT Id, Version FROM NOL_Schedule WHERE Id > CAST(? AS BIGINT) ORDER BY Id LIMIT ?",
+                      {afterId, most});
     for (; !rows->AtEnd(); rows->MoveNext()) read.emplace_back(Whole(rows->Value(0)), Whole(rows->Value(1)));
     return read;
+}
+
+std::span<EntryWatch::IdAndVersion> EntryWatch::SeenUntil(std::int64_t lastId) {
+    const auto first = std::ranges::upper_bound(seen, afterId, {}, &IdAndVersion::first);
+    return {first, std::ranges::upper_bound(first, seen.end(), lastId, {}, &IdAndVersion::first)};
+}
+
+// Most often only versions have changed, and nothing has to move.
+void EntryWatch::Keep(const std::vector<IdAndVersion>& read, std::int64_t lastId) {
+    const auto old = SeenUntil(lastId);
+    const auto same = std::min(old.size(), read.size());
+    std::ranges::copy_n(read.begin(), static_cast<std::ptrdiff_t>(same), old.begin());
+    const auto end = seen.begin() + (old.data() - seen.data()) + static_cast<std::ptrdiff_t>(same);
+    seen.erase(end, end + static_cast<std::ptrdiff_t>(old.size() - same));
+    seen.insert(end, read.begin() + static_cast<std::ptrdiff_t>(same), read.end());
 }
 
 void EntryWatch::Note(std::int64_t id) {
@@ -30,22 +47,26 @@ void EntryWatch::Note(std::int64_t id) {
         place->second = 0;
 }
 
-void EntryWatch::Look(const Visit& visit) {
-    mayDiffer = database.HearsChange() || mayDiffer;
-    if (!mayDiffer) return;
-    auto read = Read();
+bool EntryWatch::Look(const Visit& visit, std::int64_t most) {
+    if (afterId == beforeAll) mayDiffer = database.HearsChange() || mayDiffer;
+    if (!mayDiffer) return false;
+    const auto read = Read(most);
+    const bool hasMore = std::ssize(read) == most;
+    const std::int64_t lastId = hasMore ? read.back().first : std::numeric_limits<std::int64_t>::max();
+    const auto before = SeenUntil(lastId);
     std::vector<IdAndVersion> saved;
     std::vector<IdAndVersion> deleted;
-    std::ranges::set_difference(read, seen, std::back_inserter(saved));
+    std::ranges::set_difference(read, before, std::back_inserter(saved));
     constexpr auto id = &IdAndVersion::first;
-    std::ranges::set_difference(seen, read, std::back_inserter(deleted), {}, id, id);
+    std::ranges::set_difference(before, read, std::back_inserter(deleted), {}, id, id);
     std::vector<EntryChange> changes;
     changes.reserve(saved.size() + deleted.size());
     for (const auto& entry : saved) changes.push_back({entry.first, false});
     for (const auto& entry : deleted) changes.push_back({entry.first, true});
-    visit(changes);
-    seen = std::move(read);
-    mayDiffer = false;
+    if (!hasMore || !changes.empty()) visit(changes);
+    Keep(read, lastId);
+    afterId = hasMore ? lastId : beforeAll;
+    return mayDiffer = hasMore;
 }
 
 }  // namespace NolSchedCtls

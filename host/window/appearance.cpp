@@ -81,16 +81,18 @@ class ClearEdges : public QProxyStyle {
     // Fusion's is black, on a dark bar, too.
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override {
-        if (which != SP_ToolBarHorizontalExtensionButton || option == nullptr)
+        if (which != SP_ToolBarHorizontalExtensionButton)
             return QProxyStyle::standardIcon(which, option, widget);
+        const QPalette palette = option == nullptr ? QGuiApplication::palette() : option->palette;
+        const auto direction = option == nullptr ? QGuiApplication::layoutDirection() : option->direction;
         constexpr int side = 16;
         QPixmap picture(QSize(side, side) * qApp->devicePixelRatio());
         picture.setDevicePixelRatio(qApp->devicePixelRatio());
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
-        painter.setPen(option->palette.color(QPalette::ButtonText));
+        painter.setPen(palette.color(QPalette::ButtonText));
         painter.drawText(QRect(0, 0, side, side), Qt::AlignCenter,
-                         option->direction == Qt::RightToLeft ? u"«"_s : u"»"_s);
+                         direction == Qt::RightToLeft ? u"«"_s : u"»"_s);
         painter.end();
         return picture;
     }

@@ -30,6 +30,12 @@ class BackgroundJob {
             });
     }
 
+    // Nothing of a start before this is shown. Waits for it.
+    void Stop() {
+        worker = {};
+        isRunning = false;
+    }
+
     // Until the result of the latest start is shown.
     bool IsRunning() const { return isRunning; }
 

@@ -2,53 +2,16 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <array>
-#include <limits>
-#include <memory>
-#include <optional>
-#include <vector>
+#include <unordered_map>
 
-#include "host/entries/entry_outlook.h"
+#include "host/window/background_job.h"
+#include "host/window/entry_filter.h"
+#include "host/window/entry_order.h"
+#include "host/window/entry_row.h"
 
 namespace NolSchedCtls {
 
-// What the list shows of one entry.
-struct EntryRow {
-    enum Column {
-        Id,
-        Name,
-        Group,
-        Sentence,
-        NextRun,
-        State,
-        Time,
-        Except,
-        Overrides,
-        Start,
-        End,
-        Saved,
-        columnCount
-    };
-
-    std::int64_t id = 0;
-    DateTime start = 0;
-    DateTime end = 0;
-    DateTime savedAt = 0;
-    bool isActive = false;
-    std::array<QString, columnCount> texts = {};
-    QString searched = {};                  // all texts, their case folded
-    std::optional<Schedule> schedule = {};  // none of an entry that has no runs, whatever its fields say
-    std::optional<DateTime> next = {};
-    QString reason = {};  // why an entry never runs or cannot be shown
-};
-EntryRow RowOf(const ListedEntry& entry, const EntryOutlook& outlook);
-
-// Rows never change once they are listed, so that a thread may read them.
-using EntryRows = std::vector<std::shared_ptr<const EntryRow>>;
-
-// Whether the word for an entry's state tells of a fault.
-bool IsTrouble(const QString& state);
-
+// Sorts and filters long lists on a thread beside the windows; they stay as they are until that is done.
 class EntryList : public QAbstractTableModel {
     Q_OBJECT
 
@@ -56,10 +19,10 @@ class EntryList : public QAbstractTableModel {
     using QAbstractTableModel::QAbstractTableModel;
 
     void Clear();
-    // After the others, wherever the list is sorted to; Sort puts them into their places.
-    void Append(const std::vector<EntryRow>& added);
+    // By Id. After the others, wherever the list is sorted to; Sort puts into their places.
+    void Append(const EntryRows& added);
     // In the place of the row of that id, or after the others.
-    void Put(const EntryRow& row);
+    void Put(const RowPointer& row);
     void Remove(std::int64_t id);
     // Tells of each entry whose next run has come what comes after it. False if there is none.
     bool Advance(DateTime now);
@@ -67,11 +30,14 @@ class EntryList : public QAbstractTableModel {
     // the model.
     void SetFilter(const QString& words, const QString& state = {});
     // Where a row stands out of its order.
-    void Sort();
+    void Sort() { Arrange(false); }
+    bool IsArranging() const { return job.IsRunning(); }
 
+    // By Id.
     const EntryRows& All() const { return rows; }
-    const EntryRows::value_type& RowAt(int place) const { return shown[static_cast<std::size_t>(place)]; }
-    std::size_t Size() const { return rows.size(); }
+    const EntryRows& Shown() const { return shown; }
+    const RowPointer& RowAt(int place) const { return shown.at(place); }
+    std::size_t Size() const { return static_cast<std::size_t>(rows.size()); }
     std::int64_t IdAt(int place) const { return RowAt(place)->id; }
     int PlaceOf(std::int64_t id) const;  // -1 for a row that is not shown
     bool IsGone(std::int64_t id) const;
@@ -80,31 +46,33 @@ class EntryList : public QAbstractTableModel {
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    void sort(int column, Qt::SortOrder order) override;
+    void sort(int column, Qt::SortOrder direction) override;
 
   Q_SIGNALS:
     // A row that was shown has changed and no longer passes the filter.
     void Left(const QString& name);
+    // The rows that pass the latest filter are shown.
+    void Filtered();
 
   private:
-    using RowPointer = std::shared_ptr<const EntryRow>;
-    static constexpr DateTime never = std::numeric_limits<DateTime>::infinity();
-
-    bool Passes(const EntryRow& row) const;
+    EntryRows::const_iterator FirstFrom(std::int64_t id) const;
     void Show(const EntryRows& added);
+    void ShowPut(int place, const RowPointer& row);
     void Hide(int place);
-    void HideFailing();
-    auto Before() const;
-    void Order();
+    void Replace(const std::unordered_map<const EntryRow*, RowPointer>& replaced);
     void Await(const EntryRow& row);
+    void Arrange(bool isFilterNew);
+    void TakeArranged(EntryRows arranged);
+    void Reorder(const EntryRows& ordered);
 
     EntryRows rows;
     EntryRows shown;
-    DateTime due = never;  // when the first of the next runs comes
-    QStringList filter;
-    QString filterState;
-    int sortColumn = EntryRow::Id;
-    Qt::SortOrder sortOrder = Qt::AscendingOrder;
+    DateTime due = EntryRow::never;  // when the first of the next runs comes
+    EntryFilter filter;
+    EntryOrder order;
+    bool isFiltering = false;  // the job goes from all rows, not from those shown
+    qsizetype taken = 0;       // by the job; what comes after them has been appended meanwhile
+    BackgroundJob job;
 };
 
 }  // namespace NolSchedCtls

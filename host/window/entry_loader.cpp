@@ -21,12 +21,9 @@ EntryLoader::EntryLoader(Workspace& workspaceA, EntryList& listA) : workspace(wo
     connect(&timer, &QTimer::timeout, this, &EntryLoader::LoadPiece);
 }
 
-void EntryLoader::Start() {
-    const bool isReached = Succeeds([this] {
-        total = static_cast<int>(workspace.Entries().Count());
-        outlook.emplace(workspace);
-    });
-    if (!isReached) return;
+void EntryLoader::Start(int expected) {
+    if (!Succeeds([this] { outlook.emplace(workspace); })) return;
+    total = expected;
     list.Clear();
     early.clear();
     lastId = std::numeric_limits<std::int64_t>::min();
@@ -34,15 +31,15 @@ void EntryLoader::Start() {
     timer.start(0);
 }
 
-bool EntryLoader::ReadPiece(std::vector<EntryRow>& piece) {
-    const auto take = [&](const ListedEntry& entry) { piece.push_back(RowOf(entry, *outlook)); };
+bool EntryLoader::ReadPiece(EntryRows& piece) {
+    const auto take = [&](const ListedEntry& entry) { piece.append(RowOf(entry, *outlook)); };
     const bool isRead = Succeeds([&] { workspace.Entries().ForEach(take, lastId, pieceSize); });
     isPartial = !isRead;
-    return isRead && piece.size() == static_cast<std::size_t>(pieceSize);
+    return isRead && piece.size() == pieceSize;
 }
 
 // A screen reader is told of the last piece, which stands for all.
-void EntryLoader::AppendPiece(const std::vector<EntryRow>& piece, bool hasMore) {
+void EntryLoader::AppendPiece(const EntryRows& piece, bool hasMore) {
     std::optional<Silence> silence;
     if (hasMore) silence.emplace();
     list.Append(piece);
@@ -51,12 +48,12 @@ void EntryLoader::AppendPiece(const std::vector<EntryRow>& piece, bool hasMore) 
 void EntryLoader::LoadPiece() {
     QElapsedTimer clock;
     clock.start();
-    std::vector<EntryRow> piece;
+    EntryRows piece;
     timer.stop();  // in a message box it would fire again
     const bool hasMore = ReadPiece(piece);
     if (hasMore) timer.start(0);
-    if (!piece.empty()) lastId = piece.back().id;
-    std::erase_if(piece, [this](const EntryRow& row) { return early.contains(row.id); });
+    if (!piece.empty()) lastId = piece.constLast()->id;
+    piece.removeIf([this](const RowPointer& row) { return early.contains(row->id); });
     AppendPiece(piece, hasMore);
     const int slowness = std::max(1, static_cast<int>(clock.elapsed()));
     pieceSize = std::clamp(pieceSize * millisecondsAPiece / slowness, smallestPiece, pieceSize * 2);

@@ -16,8 +16,9 @@ class EntryLoader : public QObject {
     EntryLoader(Workspace& workspaceA, EntryList& listA);
 
     // From the first entry on, with the holidays as they are now; what the list holds goes, unless the store
-    // fails at once. Stops with a message box where the store fails; what was loaded stays.
-    void Start();
+    // fails at once. Stops with a message box where the store fails; what was loaded stays. About so many
+    // entries are expected.
+    void Start(int expected);
     bool IsLoading() const { return timer.isActive(); }
     // Reads one entry anew; one that is gone goes from the list. Throws StoreError.
     void Reload(std::int64_t id);
@@ -34,9 +35,9 @@ class EntryLoader : public QObject {
 
   private:
     void LoadPiece();
-    void AppendPiece(const std::vector<EntryRow>& piece, bool hasMore);
+    void AppendPiece(const EntryRows& piece, bool hasMore);
     // True if there may be more after it. A failure is told, and keeps what was read before.
-    bool ReadPiece(std::vector<EntryRow>& piece);
+    bool ReadPiece(EntryRows& piece);
 
     Workspace& workspace;
     EntryList& list;

@@ -141,9 +141,12 @@ std::vector<int> EntryTable::ChosenPlaces() const {
     return places;
 }
 
+// Many rows are chosen in one piece.
 EntryRows EntryTable::ChosenRows() const {
+    const QItemSelection selection = selectionModel()->selection();
+    if (selection.size() == 1) return list.Shown().mid(selection.front().top(), selection.front().height());
     EntryRows rows;
-    for (const int place : ChosenPlaces()) rows.push_back(list.RowAt(place));
+    for (const int place : ChosenPlaces()) rows.append(list.RowAt(place));
     return rows;
 }
 
@@ -211,8 +214,7 @@ QString EntryTable::ChosenText() const {
     };
     QString text = line(
         [this](int column) { return list.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(); });
-    for (const auto& row : ChosenRows())
-        text += line([&row](int column) { return row->texts[static_cast<std::size_t>(column)]; });
+    for (const auto& row : ChosenRows()) text += line([&row](int column) { return row->Text(column); });
     return text;
 }
 

@@ -21,7 +21,8 @@ QLineEdit* MakeWords(QWidget* parent) {
     auto* const words = new QLineEdit(parent);
     words->setPlaceholderText(u"Filter"_s);
     Explain(*words, u"Filter"_s, u"Shows the entries that hold all of these words."_s);
-    words->setClearButtonEnabled(true);
+    // With the first letter: its picture is the first one that the window needs, and Qt loads much for it.
+    QObject::connect(words, &QLineEdit::textChanged, words, [words] { words->setClearButtonEnabled(true); });
     words->setMinimumWidth(words->fontMetrics().averageCharWidth() * fewestLetters);
     return words;
 }

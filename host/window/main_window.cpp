@@ -28,7 +28,8 @@ constexpr int blinkMilliseconds = 300;
 constexpr int millisecondsShown = 20'000;
 constexpr int watchMilliseconds = 1000;
 constexpr int troubledWatchMilliseconds = 10'000;
-constexpr std::size_t mostReloaded = 50;  // entries one by one; of more the list is loaded anew
+constexpr std::int64_t entriesALook = 20'000;  // take a few milliseconds
+constexpr std::size_t mostReloaded = 50;       // entries one by one; of more the list is loaded anew
 
 double HourOf(DateTime moment) { return std::floor(moment * hoursOfDay); }
 
@@ -59,7 +60,6 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
     connect(&watchTimer, &QTimer::timeout, this, &MainWindow::FollowOthers);
     table->setFocus();
     FollowOthers();
-    Refresh();
     ShowSelection();
 }
 
@@ -82,6 +82,7 @@ void MainWindow::MakeParts() {
     splitter->setSizes({width(), pane->fontMetrics().averageCharWidth() * 56});
     setCentralWidget(splitter);
     connect(filter, &FilterBar::Changed, this, &MainWindow::ApplyFilter);
+    connect(&list, &EntryList::Filtered, this, &MainWindow::ShowFiltered);
     connect(filter, &FilterBar::Accepted, table, qOverload<>(&QWidget::setFocus));
     connect(&list, &EntryList::Left, this, [this](const QString& name) { departed.append(name); });
     connect(table, &QTableView::activated, this, &MainWindow::Edit);
@@ -165,14 +166,14 @@ QString MainWindow::ChosenText(const EntryRows& chosen) const {
     if (chosen.size() > 1) return u"%1 entries"_s.arg(QLocale().toString(chosen.size()));
     if (chosen.empty()) return u"All entries"_s;
     const EntryRow& row = *chosen.front();
-    if (row.next) return row.texts[EntryRow::Name];
-    const QString reason = row.reason.isEmpty() ? QString() : u": "_s + row.reason;
-    return row.texts[EntryRow::Name] + u" - "_s + row.texts[EntryRow::State] + reason;
+    if (row.HasNext()) return row.name;
+    const QString& reason = row.reason.Text();
+    return row.name + u" - "_s + row.state.Text() + (reason.isEmpty() ? QString() : u": "_s + reason);
 }
 
 void MainWindow::ShowChosen() {
     const EntryRows chosen = table->ChosenRows();
-    if (chosen.empty() && loader.IsLoading()) return;  // not yet all
+    if (chosen.empty() && IsLoading()) return;  // not yet all
     pane->ShowChosen(chosen.empty() ? list.All() : chosen, ChosenText(chosen));
 }
 
@@ -190,9 +191,12 @@ void MainWindow::FollowClock() {
 }
 
 void MainWindow::ApplyFilter() {
-    const std::int64_t current = table->CurrentId();
+    filteredFrom = table->CurrentId();
     list.SetFilter(filter->Words(), filter->State());
-    table->ChooseOrFirst(current);
+}
+
+void MainWindow::ShowFiltered() {
+    table->ChooseOrFirst(filteredFrom);
     ShowSelection();
     ShowCount();
 }
@@ -260,22 +264,24 @@ void MainWindow::FollowIn(std::int64_t id) {
 
 // Without a word to the user but in the status bar: they have asked for nothing.
 void MainWindow::FollowOthers() {
-    if (loader.IsLoading() || acts->IsBusy()) return;
+    if (loader.IsLoading() || acts->IsBusy()) return watchTimer.start(watchMilliseconds);
     const Patience::Short isShort(patience);
     int interval = watchMilliseconds;
     try {
-        watch.Look([this](const auto& changes) { Show(changes); });
+        const bool hasMore = watch.Look([this](const auto& changes) { Show(changes); }, entriesALook);
+        if (watchTimer.interval() == troubledWatchMilliseconds) statusBar()->clearMessage();
+        if (hasMore) return watchTimer.start(0);
         FollowClock();
-        if (watchTimer.interval() != interval) statusBar()->clearMessage();
     } catch (const std::exception& error) {
         statusBar()->showMessage(ToQt(error.what()));
         interval = troubledWatchMilliseconds;
     }
     watchTimer.start(interval);
+    if (!std::exchange(isListed, true)) Refresh();
 }
 
 void MainWindow::Show(const std::vector<EntryChange>& changes) {
-    if (!watchTimer.isActive()) return;  // the list is about to be loaded for the first time
+    if (!isListed) return;  // the list is about to be loaded for the first time
     if (changes.size() > mostReloaded || loader.IsOutlookOld()) return Refresh();
     for (const EntryChange& change : changes) loader.Reload(change.id);
     ShowChanges();
@@ -304,7 +310,7 @@ void MainWindow::TellSaved(std::int32_t id) {
     const int place = list.PlaceOf(id);
     if (place < 0 && !list.IsGone(id))
         return Tell({u"Saved. It does not pass the filter, and is not in the list."_s});
-    const bool isShown = place >= 0 && IsTrouble(list.RowAt(place)->texts[EntryRow::State]);
+    const bool isShown = place >= 0 && IsTrouble(list.RowAt(place)->state.Text());
     if (!isShown) return Announce(*this, u"Saved"_s);
     Tell({u"Saved."_s, ChosenText({list.RowAt(place)})});
 }
@@ -358,7 +364,8 @@ void MainWindow::Duplicate() {
 void MainWindow::Refresh() {
     wantedId = table->CurrentId();
     wantedIds = table->ChosenIds();
-    loader.Start();
+    if (!isListed) return;  // it comes
+    loader.Start(static_cast<int>(watch.Size()));
     blink.start();
     for (const auto& editor : QList(editors)) {
         if (!editor || !editor->isVisible()) continue;

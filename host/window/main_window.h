@@ -40,7 +40,7 @@ class MainWindow : public QMainWindow {
     EntryEditor* OpenEntry(std::int32_t id);
     // A new scheduled entry, without a group yet.
     EntryEditor* OpenNew();
-    bool IsLoading() const { return loader.IsLoading(); }
+    bool IsLoading() const { return !isListed || loader.IsLoading(); }
     OutlookPane& Pane() { return *pane; }
     // The outlook is then that of all entries.
     void ChooseNone() { table->ChooseNone(); }
@@ -73,6 +73,7 @@ class MainWindow : public QMainWindow {
     void ShowProgress(int loaded, int total);
     void ShowSelection();
     void ApplyFilter();
+    void ShowFiltered();
     QString ChosenText(const EntryRows& chosen) const;
     void ShowChosen();
     void ShowOutlook();
@@ -94,14 +95,16 @@ class MainWindow : public QMainWindow {
     Workspace& workspace;
     Dialogs dialogs;
     Patience patience;
-    EntryList list;
+    EntryList list{this};
     EntryLoader loader;
     EntryWatch watch;
     QTimer watchTimer;
     QTimer choiceDelay;
-    double shownHour = 0;       // from which on the week load tells what is busiest
-    QTimer blink;               // the progress bar shows when it ends
-    std::int64_t wantedId = 0;  // to choose when the list is loaded
+    double shownHour = 0;           // from which on the week load tells what is busiest
+    QTimer blink;                   // the progress bar shows when it ends
+    bool isListed = false;          // or being loaded: what others do is looked at first, and then followed
+    std::int64_t filteredFrom = 0;  // the one that was current
+    std::int64_t wantedId = 0;      // to choose when the list is loaded
     std::vector<std::int64_t> wantedIds;
     QStringList departed;  // the list since the filter's last word
     EntryTable* table = nullptr;

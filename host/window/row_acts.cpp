@@ -44,7 +44,7 @@ RowActs::Entries RowActs::Chosen() const {
     for (const auto& row : table.ChosenRows()) {
         if (!std::in_range<std::int32_t>(row->id))
             throw RequestError("The entry " + std::to_string(row->id) + " has an Id that no entry can have.");
-        entries.push_back({static_cast<std::int32_t>(row->id), row->texts[EntryRow::Name].toStdString()});
+        entries.push_back({static_cast<std::int32_t>(row->id), row->name.toStdString()});
     }
     return entries;
 }
@@ -163,7 +163,7 @@ void RowActs::ChangeGroup() {
         if (entries.empty()) return;
         const auto group =
             ChooseGroup(Window(), dialogs, u"Change Group"_s, u"Study group of %1:"_s.arg(TextOf(entries)),
-                        table.ChosenRows().front()->texts[EntryRow::Group]);
+                        table.ChosenRows().front()->group.Text());
         if (!group) return;
         DoToEach(entries, u"Changed the group of %1."_s,
                  [&](std::int32_t id) { SetGroup(workspace, id, group->name); });

@@ -13,7 +13,7 @@ constexpr DateTime second = 1.0 / 86400;
 void ForEachRunning(const EntryRows& entries, const std::stop_token& stop, const auto& visit) {
     for (const auto& entry : entries) {
         if (stop.stop_requested()) return;
-        if (entry->schedule) visit(*entry);
+        if (entry->recurrence) visit(*entry);
     }
 }
 
@@ -25,7 +25,8 @@ std::size_t PartOf(Moment start, DateTime at, std::chrono::seconds part) {
 void ForEachPart(const EntryRow& entry, DateTime firstDay, int days, std::chrono::seconds part,
                  const auto& visit) {
     const Moment start = MomentOf(firstDay);
-    for (const DateTime at : entry.schedule->RunsBetween(firstDay, firstDay + days - second))
+    const Schedule schedule = entry.Runs();
+    for (const DateTime at : schedule.RunsBetween(firstDay, firstDay + days - second))
         visit(PartOf(start, at, part));
 }
 
@@ -44,8 +45,9 @@ std::vector<ShownRun> FirstRuns(const EntryRows& entries, DateTime from, DateTim
                                 const std::stop_token& stop) {
     std::set<ShownRun> first;
     ForEachRunning(entries, stop, [&](const EntryRow& entry) {
-        for (const DateTime at : entry.schedule->RunsBetween(from, to)) {
-            first.insert({at, entry.id, entry.texts[EntryRow::Name]});
+        const Schedule schedule = entry.Runs();
+        for (const DateTime at : schedule.RunsBetween(from, to)) {
+            first.insert({at, entry.id, entry.name});
             if (first.size() <= most) continue;
             const auto dropped = first.extract(std::prev(first.end()));
             if (dropped.value().id == entry.id) return;  // what follows is later still
@@ -59,7 +61,7 @@ WeekLoad LoadOfWeek(const EntryRows& entries, DateTime now, const std::stop_toke
     WeekLoad load{.firstDay = firstDay, .hourNow = PartOf(MomentOf(firstDay), now, std::chrono::hours{1})};
     std::unordered_map<QString, std::size_t> places;
     ForEachRunning(entries, stop, [&](const EntryRow& entry) {
-        const QString& group = entry.texts[EntryRow::Group];
+        const QString& group = entry.group.Text();
         const auto [found, isNew] = places.try_emplace(group, places.size());
         if (isNew) load.groups.append(group);
         ForEachPart(entry, firstDay, 7, std::chrono::hours{1}, [&, place = found->second](std::size_t hour) {

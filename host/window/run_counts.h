@@ -5,7 +5,7 @@
 #include <array>
 #include <stop_token>
 
-#include "host/window/entry_list.h"
+#include "host/window/entry_row.h"
 
 namespace NolSchedCtls {
 
