@@ -35,7 +35,8 @@ HandleTable& TheTable() {
 }
 
 std::vector<Handle>::iterator Find(HandleTable& table, NolSchedHandle handle) {
-    const auto found = std::ranges::lower_bound(table.handles, handle, {}, &Handle::number);
+    const auto isBefore = [](const Handle& held, NolSchedHandle number) { return held.number < number; };
+    const auto found = std::lower_bound(table.handles.begin(), table.handles.end(), handle, isBefore);
     if (found != table.handles.end() && found->number == handle) return found;
     TellBadHandle(handle,
                   handle > 0 && handle <= table.last ? " has been released" : " was never handed out");
