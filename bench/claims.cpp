@@ -141,7 +141,10 @@ Extent ExtentOf(int argc, char** argv) {
 int RunClaims(int argc, char** argv, std::vector<Claim> claims) {
     const Extent extent = ExtentOf(argc, argv);
     if (extent == Extent::Steady) std::erase_if(claims, [](const Claim& claim) { return !claim.isSteady; });
-    if (claims.empty()) return 0;
+    if (claims.empty()) {
+        benchmark::ClearRegisteredBenchmarks();
+        return 0;
+    }
     auto options = OptionsOf(extent);
     options.insert(options.begin(), argv[0]);
     options.push_back(FilterFor(claims));
