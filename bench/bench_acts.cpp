@@ -135,7 +135,7 @@ int main(int argc, char** argv) {
     for (const Act& act : acts) {
         MeasureAct(act);
         claims.push_back({std::string("act: ") + act.name + " / refill of a QComboBox", act.name,
-                          std::string("combo ") + act.name, 0.3});
+                          std::string("combo ") + act.name, 0.3, "", "", true});
     }
     return RunClaims(argc, argv, claims);
 }

@@ -71,11 +71,13 @@ std::vector<Claim> ClaimsOf(const std::string& size) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    const Extent extent = ExtentOf(argc, argv);
+    if (extent == Extent::Steady) return 0;  // no ratios
     const fs::path folder = fs::temp_directory_path() / "nolsched-window";
     fs::remove_all(folder);
     fs::create_directory(folder);
     fs::permissions(folder, fs::perms::owner_all);
-    const bool isOnce = argc > 1;
+    const bool isOnce = extent == Extent::Once;
     std::vector<Claim> claims;
     for (const auto& [size, repetitions] : {std::pair{100000, 5}, std::pair{1000000, 1}}) {
         const int measured = isOnce ? size / 100 : size;

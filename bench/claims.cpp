@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <map>
+#include <span>
 #include <string_view>
+#include <utility>
 
 namespace NolSchedCtls::Bench {
 
@@ -22,14 +25,20 @@ class Collector : public benchmark::BenchmarkReporter {
             hasFailed = hasFailed || run.error_occurred;
             if (run.run_type != Run::RT_Iteration) continue;
             const std::string& name = run.run_name.function_name;
-            values[name + ":"].push_back(run.GetAdjustedRealTime());
+            const bool isManual = run.run_name.time_type == "manual_time";
+            values[name + ":"].push_back(isSteady && !isManual ? run.GetAdjustedCPUTime()
+                                                               : run.GetAdjustedRealTime());
             for (const auto& [counter, value] : run.counters) values[name + ":" + counter].push_back(value);
         }
     }
 
-    double Median(const std::string& name, const std::string& counter) {
+    explicit Collector(bool isSteadyA) : isSteady(isSteadyA) {}
+
+    // The median of what a watch tells; or, for a busy machine, the least of the processor's time.
+    double Typical(const std::string& name, const std::string& counter) {
         auto& measured = values.at(name + ":" + counter);
-        const auto middle = measured.begin() + static_cast<std::ptrdiff_t>(measured.size() / 2);
+        const std::size_t place = isSteady ? 0 : measured.size() / 2;
+        const auto middle = measured.begin() + static_cast<std::ptrdiff_t>(place);
         std::nth_element(measured.begin(), middle, measured.end());
         return *middle;
     }
@@ -37,6 +46,7 @@ class Collector : public benchmark::BenchmarkReporter {
     bool hasFailed = false;
 
   private:
+    bool isSteady;
     std::map<std::string, std::vector<double>> values;
 };
 
@@ -63,37 +73,96 @@ std::string Figure(const Claim& claim) {
     return claim.against.empty() && *claim.counter == '\0' ? Duration(claim.figure) : Number(claim.figure);
 }
 
-void PrintRow(const Claim& claim, Collector& collector) {
-    const double ours = collector.Median(claim.ours, claim.counter);
+struct Row {
+    double ours;
+    double against;  // 1 for an absolute figure
+
+    Row(const Claim& claim, Collector& collector)
+        : ours(collector.Typical(claim.ours, claim.counter)),
+          against(claim.against.empty() ? 1 : collector.Typical(claim.against, claim.counter)) {}
+    double Ratio() const { return ours / against; }
+};
+
+void PrintRow(const Claim& claim, const Row& row) {
     const bool isRatio = !claim.against.empty();
-    const double against = isRatio ? collector.Median(claim.against, claim.counter) : 1;
-    const bool isReached = ours / against <= claim.figure;
+    const bool isReached = row.Ratio() <= claim.figure;
     std::printf("%-8s %-66s %10s %10s %7s %7s\n",
                 claim.figure == 0 ? "report"
                 : isReached       ? "reached"
                                   : "MISSED",
-                claim.work.c_str(), Measured(claim, ours).c_str(),
-                isRatio ? Measured(claim, against).c_str() : "",
-                isRatio ? Number(ours / against).c_str() : "", Figure(claim).c_str());
+                claim.work.c_str(), Measured(claim, row.ours).c_str(),
+                isRatio ? Measured(claim, row.against).c_str() : "",
+                isRatio ? Number(row.Ratio()).c_str() : "", Figure(claim).c_str());
+}
+
+// The value of an argument "--name=value"; nothing without it.
+std::string Option(int argc, char** argv, std::string_view name) {
+    for (const std::string_view argument : std::span(argv, static_cast<std::size_t>(argc)))
+        if (argument.starts_with(name)) return std::string(argument.substr(name.size()));
+    return {};
+}
+
+std::string InRegex(const std::string& name) {
+    std::string escaped;
+    for (const char letter : name) {
+        if (std::string_view("^$.*+?()[]{}|\\").find(letter) != std::string_view::npos) escaped += '\\';
+        escaped += letter;
+    }
+    return escaped;
+}
+
+// The benchmarks that the claims need, and no others.
+std::string FilterFor(const std::vector<Claim>& claims) {
+    std::string names;
+    for (const Claim& claim : claims)
+        for (const std::string& name : {claim.ours, claim.against})
+            if (!name.empty()) names += (names.empty() ? "" : "|") + InRegex(name);
+    return "--benchmark_filter=^(" + names + ")(/|$)";
+}
+
+std::vector<std::string> OptionsOf(Extent extent) {
+    constexpr const char* alternating = "--benchmark_enable_random_interleaving=true";
+    if (extent == Extent::Once) return {"--benchmark_min_time=0"};
+    if (extent == Extent::Steady)
+        return {"--benchmark_min_time=0.01", "--benchmark_repetitions=11", alternating};
+    return {"--benchmark_min_time=0.05", "--benchmark_repetitions=9", alternating};
 }
 
 }  // namespace
 
-int RunClaims(int argc, char** argv, const std::vector<Claim>& claims) {
-    const bool isOnce = argc > 1 && std::string_view(argv[1]) == "--once";
-    std::vector<std::string> options = {argv[0], "--benchmark_min_time=0.05", "--benchmark_repetitions=9",
-                                        "--benchmark_enable_random_interleaving=true"};
-    if (isOnce) options = {argv[0], "--benchmark_min_time=0"};
+Extent ExtentOf(int argc, char** argv) {
+    for (const std::string_view argument : std::span(argv, static_cast<std::size_t>(argc))) {
+        if (argument == "--once") return Extent::Once;
+        if (argument == "--steady") return Extent::Steady;
+    }
+    return Extent::Whole;
+}
+
+int RunClaims(int argc, char** argv, std::vector<Claim> claims) {
+    const Extent extent = ExtentOf(argc, argv);
+    if (extent == Extent::Steady) std::erase_if(claims, [](const Claim& claim) { return !claim.isSteady; });
+    if (claims.empty()) {
+        benchmark::ClearRegisteredBenchmarks();
+        return 0;
+    }
+    auto options = OptionsOf(extent);
+    options.insert(options.begin(), argv[0]);
+    options.push_back(FilterFor(claims));
     std::vector<char*> arguments;
     for (auto& option : options) arguments.push_back(option.data());
     auto count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    Collector collector;
+    Collector collector(extent == Extent::Steady);
     benchmark::RunSpecifiedBenchmarks(&collector);
     if (collector.hasFailed) return 1;
     benchmark::ClearRegisteredBenchmarks();  // what they hold on to ends before the program's application
                                              // does
-    for (const Claim& claim : claims) PrintRow(claim, collector);
+    std::ofstream ratios(Option(argc, argv, "--ratios="), std::ios::app);
+    for (const Claim& claim : claims) {
+        const Row row(claim, collector);
+        PrintRow(claim, row);
+        if (!claim.against.empty()) ratios << row.Ratio() << '\t' << claim.work << '\n';
+    }
     return 0;
 }
 

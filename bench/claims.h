@@ -16,7 +16,14 @@ struct Claim {
     double figure = 0;         // at most, a time in nanoseconds; 0: there is none, the row only reports
     const char* counter = "";  // of the benchmarks; empty: their time
     const char* unit = "";     // of the counter
+    // A ratio that comes out alike on a busy machine, to be held against an earlier run.
+    bool isSteady = false;
 };
+
+// What is measured: everything, steady claims alone, or each thing once to show that it runs.
+enum class Extent { Whole, Steady, Once };
+// By the program's arguments: "--steady" or "--once".
+Extent ExtentOf(int argc, char** argv);
 
 // Registers a benchmark of one step. What the step holds on to is made once, before it is measured.
 template <class Step>
@@ -28,8 +35,9 @@ benchmark::internal::Benchmark* Measure(const std::string& name, Step step) {
         ->UseRealTime();
 }
 
-// Runs all benchmarks and prints a row for each claim, made of the medians. "--once" as an argument: each
-// runs once, to show that it runs. Gives the exit status.
-int RunClaims(int argc, char** argv, const std::vector<Claim>& claims);
+// Runs the benchmarks and prints a row for each claim, made of the medians, in a steady run of the
+// least times of the processor. "--ratios=FILE" as an argument: the ratios are added to that file, one a
+// line. Gives the exit status.
+int RunClaims(int argc, char** argv, std::vector<Claim> claims);
 
 }  // namespace NolSchedCtls::Bench

@@ -19,6 +19,10 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     return pointers;
 }
 
+double SecondsOf(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
 }  // namespace
 
 Finished Run(const std::vector<std::string>& command, const std::vector<std::string>& environment) {
@@ -37,6 +41,7 @@ Finished Run(const std::vector<std::string>& command, const std::vector<std::str
     rusage usage{};
     wait4(child, &finished.status, 0, &usage);
     finished.nPeakKilobytes = usage.ru_maxrss;
+    finished.seconds = SecondsOf(usage.ru_utime) + SecondsOf(usage.ru_stime);
     if (finished.status != 0) throw std::runtime_error(arguments[0] + " failed.");
     return finished;
 }

@@ -8,6 +8,7 @@ namespace NolSchedCtls::Bench {
 
 struct Finished {
     int status = 0;
+    double seconds = 0;       // of the processor
     long nPeakKilobytes = 0;  // at least this program's own, which counts until the other one begins
 };
 

@@ -51,12 +51,19 @@ LintelValue StoreRows::Value(int column) const {
     return std::visit(copy, View(column));
 }
 
+const std::vector<std::string_view>& StoreRows::Names() const {
+    if (!names.empty()) return names;
+    names.resize(static_cast<std::size_t>(ColumnCount()));
+    for (int column = 0; std::string_view & name : names) name = ColumnName(column++);
+    return names;
+}
+
 // Columns are asked for in their order as a rule, so the search begins behind the last one found.
 int StoreRows::Place(std::string_view column) const {
-    const int count = ColumnCount();
-    for (int looked = 0; looked < count; ++looked) {
-        lastPlace = lastPlace + 1 < count ? lastPlace + 1 : 0;
-        if (EqualKeys(ColumnName(lastPlace), column)) return lastPlace;
+    for (std::size_t looked = 0; looked < Names().size(); ++looked) {
+        if (++lastPlace >= names.size()) lastPlace = 0;
+        if (names[lastPlace] == column || EqualKeys(names[lastPlace], column))
+            return static_cast<int>(lastPlace);
     }
     throw StoreError(Store() + ": the rows have no column " + std::string(column) + ".");
 }
@@ -68,7 +75,7 @@ std::string_view StoreRows::Checked(int column, std::string_view text) const {
 }
 
 LintelField StoreRows::Field(int column) const {
-    LintelField field{std::string(ColumnName(column)), Value(column)};
+    LintelField field{std::string(Names()[static_cast<std::size_t>(column)]), Value(column)};
     if (const auto* text = std::get_if<std::string>(&field.Value)) Checked(column, *text);
     return field;
 }

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -60,8 +61,10 @@ class StoreRows : public ILintelRows {
   private:
     virtual const std::string& Store() const = 0;
     std::string_view Checked(int column, std::string_view text) const;
+    const std::vector<std::string_view>& Names() const;
 
-    mutable int lastPlace = -1;
+    mutable std::vector<std::string_view> names;  // empty: not asked for yet
+    mutable std::size_t lastPlace = std::numeric_limits<std::size_t>::max();
 };
 
 enum class Access { Read, Write };

@@ -1,5 +1,7 @@
 #include "platform/services.h"
 
+#include <utility>
+
 #include "NolSchedCtls/base/text.h"
 #include "platform/document_store.h"
 
@@ -30,33 +32,32 @@ class DatabaseLintel : public ILintelDb {
     }
 
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
-        joined = Joined(values, [this](const LintelValue& value) { return database->Literal(value); });
+        const std::string literals =
+            Joined(values, [this](const LintelValue& value) { return database->Literal(value); });
+        joined = '(' + literals + ')';
         joinedValues = values;
-        return joined;
+        return literals;
     }
 
     LintelDateTime ImmediateDateTime() const override { return {Clock().Now(), true}; }
 
   private:
     // Splits off the values that were joined last, or the one number that a column is compared to at the end.
-    Split SplitOff(std::string_view statement) const {
-        const auto beginning = [statement](std::size_t left) {
-            return std::string(statement.substr(0, left));
-        };
-        const std::string list = '(' + joined + ')';
-        if (!joined.empty() && statement.ends_with(list)) {
-            const auto place = [](const LintelValue&) { return "?"; };
-            return {beginning(statement.size() - list.size()) + '(' + Joined(joinedValues, place) + ')',
-                    joinedValues};
+    Split SplitOff(std::string_view statement) {
+        if (!joinedValues.empty() && statement.ends_with(joined)) {
+            std::string text(statement.substr(0, statement.size() - joined.size()));
+            text += "(?";
+            for (std::size_t i = 1; i < joinedValues.size(); ++i) text += ", ?";
+            return {text + ')', std::exchange(joinedValues, {})};
         }
         const std::size_t end = statement.find_last_not_of("0123456789") + 1;
         const auto number = ParseWhole<std::int64_t>(statement.substr(end));
-        if (number && statement.substr(0, end).ends_with(" = ")) return {beginning(end) + '?', {*number}};
-        return {std::string(statement), {}};
+        if (!number || !statement.substr(0, end).ends_with(" = ")) return {std::string(statement), {}};
+        return {std::string(statement.substr(0, end)) + '?', {*number}};
     }
 
     std::shared_ptr<Database> database;
-    mutable std::string joined;
+    mutable std::string joined;  // in parentheses, as they end a statement
     mutable Database::Values joinedValues;
 };
 

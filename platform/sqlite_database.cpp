@@ -52,7 +52,6 @@ struct Binding {
 struct Close {
     void operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-    void operator()(char* text) const { sqlite3_free(text); }
 };
 
 // In a folder that is there: else it could not be made either.
@@ -67,6 +66,8 @@ struct Prepared {
     std::string text;
     std::unique_ptr<sqlite3_stmt, Close> statement;
 };
+// One that is in use stands in a list of its own, so that it goes back as it is.
+using Statements = std::list<Prepared>;
 
 class SqliteDatabase : public Database {
   public:
@@ -113,33 +114,33 @@ class SqliteDatabase : public Database {
         Fail(connection ? sqlite3_errmsg(connection.get()) : sqlite3_errstr(result), KindOf(result));
     }
     std::int64_t Changes() const { return sqlite3_changes64(connection.get()); }
-    void GiveBack(Prepared prepared);
+    void GiveBack(Statements& prepared);
 
   private:
     std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
     std::string QuotedText(const std::string& text) const override {
-        const std::unique_ptr<char, Close> quoted(sqlite3_mprintf("%Q", text.c_str()));
-        if (!quoted) Check(SQLITE_NOMEM);
-        return quoted.get();
+        std::string quoted = "'";
+        for (const char letter : text) quoted.append(letter == '\'' ? 2 : 1, letter);
+        return quoted + '\'';
     }
     Prepared Prepare(std::string_view statement) const;
-    Prepared Taken(std::string_view statement);
+    Statements Taken(std::string_view statement);
     static int Wait(void* self, int count) noexcept;
 
     std::unique_ptr<sqlite3, Close> connection;
-    std::list<Prepared> idle;  // the latest used first
-    LintelValue heardState;    // another one after a commit of another connection
+    Statements idle;         // the latest used first
+    LintelValue heardState;  // another one after a commit of another connection
     std::chrono::steady_clock::time_point waitBegan;
 };
 
 // Rows come one by one, as they are asked for.
 class SqliteRows : public StoreRows {
   public:
-    SqliteRows(SqliteDatabase& databaseA, Prepared preparedA)
-        : database(databaseA), prepared(std::move(preparedA)), statement(prepared.statement.get()) {
+    SqliteRows(SqliteDatabase& databaseA, Statements preparedA)
+        : database(databaseA), prepared(std::move(preparedA)), statement(prepared.front().statement.get()) {
         SqliteRows::MoveNext();
     }
-    ~SqliteRows() override { database.GiveBack(std::move(prepared)); }
+    ~SqliteRows() override { database.GiveBack(prepared); }
     SqliteRows(const SqliteRows&) = delete;
     SqliteRows& operator=(const SqliteRows&) = delete;
 
@@ -173,7 +174,7 @@ class SqliteRows : public StoreRows {
     const std::string& Store() const override { return database.Name(); }
 
     SqliteDatabase& database;
-    Prepared prepared;
+    Statements prepared;
     sqlite3_stmt* statement;
     bool atEnd = false;
 };
@@ -204,19 +205,21 @@ Prepared SqliteDatabase::Prepare(std::string_view statement) const {
     return prepared;
 }
 
-Prepared SqliteDatabase::Taken(std::string_view statement) {
+Statements SqliteDatabase::Taken(std::string_view statement) {
+    Statements taken;
     const auto found = std::ranges::find(idle, statement, &Prepared::text);
-    if (found == idle.end()) return Prepare(statement);
-    Prepared prepared = std::move(*found);
-    idle.erase(found);
-    return prepared;
+    if (found == idle.end())
+        taken.push_back(Prepare(statement));
+    else
+        taken.splice(taken.end(), idle, found);
+    return taken;
 }
 
-void SqliteDatabase::GiveBack(Prepared prepared) {
-    if (prepared.text.size() > longestIdle) return;
-    sqlite3_reset(prepared.statement.get());
-    sqlite3_clear_bindings(prepared.statement.get());
-    idle.push_front(std::move(prepared));
+void SqliteDatabase::GiveBack(Statements& prepared) {
+    if (prepared.front().text.size() > longestIdle) return;
+    sqlite3_reset(prepared.front().statement.get());
+    sqlite3_clear_bindings(prepared.front().statement.get());
+    idle.splice(idle.begin(), prepared);
     if (idle.size() > mostIdle) idle.pop_back();
 }
 
@@ -224,8 +227,8 @@ std::unique_ptr<StoreRows> SqliteDatabase::Run(std::string_view statement, const
     // A full or broken disk may have ended the transaction: what follows must not be stored on its own.
     if (IsInTransaction() && sqlite3_get_autocommit(connection.get()) != 0)
         Fail("the transaction was rolled back.", StoreError::Kind::Other);
-    Prepared prepared = Taken(statement);
-    sqlite3_stmt* const made = prepared.statement.get();
+    Statements prepared = Taken(statement);
+    sqlite3_stmt* const made = prepared.front().statement.get();
     if (sqlite3_bind_parameter_count(made) != static_cast<int>(values.size()))
         Fail("not as many values as places: " + Quoted(statement), StoreError::Kind::Other);
     for (int place = 1; const auto& value : values) Check(std::visit(Binding{made, place++}, value));

@@ -12,9 +12,8 @@ namespace NolSchedCtls::inline v1::MSQL {
 namespace {
 
 std::shared_ptr<CNolOverride> OverrideOfRow(const ILintelRows& rows) {
-    const auto number = [&rows](const char* column) {
-        return LintelDb().FieldToNumber(rows.Fields(column), 0);
-    };
+    const ILintelDb& lintel = LintelDb();
+    const auto number = [&](const char* column) { return lintel.FieldToNumber(rows.Fields(column), 0); };
     const auto text = [&rows](const char* column) { return FieldToText(rows.Fields(column)); };
     // In the order of the columns, so that of two bad ones the first is told.
     const auto nId = number("NOL_OverrideId");
