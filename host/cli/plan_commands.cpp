@@ -26,7 +26,7 @@ constexpr std::int32_t highestId = 2'000'000'000;  // so that the store has ids 
 
 enum class Outcome { Created, Changed, Unchanged };
 
-Json JsonOf(const std::vector<WordChange>& changes) {
+Json JsonOfChanges(const std::vector<WordChange>& changes) {
     Json told = Json::object();
     for (const auto& [word, from, to] : changes) told[std::string(word)] = {{"from", from}, {"to", to}};
     return told;
@@ -41,7 +41,7 @@ void Tell(Change& change, const CNolSchedData& record, Outcome outcome,
                   {{idKey, hasId ? Json(record.Id) : Json(nullptr)},
                    {"EditorName", record.EditorName},
                    {"act", acts[static_cast<int>(outcome)]},
-                   {"changes", JsonOf(changes)}}}});
+                   {"changes", JsonOfChanges(changes)}}}});
 }
 
 UsageError::Place PlaceOf(const CNolSchedData& record) {
