@@ -24,7 +24,7 @@ constexpr SortedBy byNumber = {
 
 double TimeOf(const EntryRow& row) { return row.start - std::floor(row.start); }
 
-constexpr std::array<SortedBy, EntryRow::columnCount> columns = {
+constexpr std::array<SortedBy, EntryRow::columnCount> sortedColumns = {
     byNumber<&EntryRow::id>,
     SortedBy{},
     SortedBy{.text = &EntryRow::group},
@@ -89,7 +89,7 @@ struct Stopped {};
 }  // namespace
 
 EntryRows Sorted(const EntryRows& rows, const EntryOrder& order, const std::stop_token& stop) {
-    const SortedBy& by = columns[static_cast<std::size_t>(order.column)];
+    const SortedBy& by = sortedColumns[static_cast<std::size_t>(order.column)];
     const bool isByName = by.number == nullptr && by.text == nullptr;
     const auto isBefore = [&](const Sortable& left, const Sortable& right) {
         if (stop.stop_requested()) throw Stopped();

@@ -28,7 +28,7 @@ QString SavedText(const EntryRow& row) {
     return row.savedAt == 0 ? who : who + u", "_s + ShortRunText(row.savedAt);
 }
 
-constexpr std::array<ShownColumn, EntryRow::columnCount> columns = {
+constexpr std::array<ShownColumn, EntryRow::columnCount> shownColumns = {
     ShownColumn{"Id", [](const EntryRow& row) { return QString::number(row.id); }},
     ShownColumn{"Name", [](const EntryRow& row) { return row.name; }},
     ShownColumn{"Group", SharedTextOf<&EntryRow::group>},
@@ -46,7 +46,7 @@ constexpr std::array<ShownColumn, EntryRow::columnCount> columns = {
     ShownColumn{"Saved", SavedText},
 };
 
-const ShownColumn& KindOf(int column) { return columns[static_cast<std::size_t>(column)]; }
+const ShownColumn& KindOf(int column) { return shownColumns[static_cast<std::size_t>(column)]; }
 
 std::string KindsText(const ListedEntry& entry) {
     constexpr std::string_view study = " Study";
