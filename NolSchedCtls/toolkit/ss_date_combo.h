@@ -14,7 +14,7 @@ namespace NolSchedCtls::inline v1 {
 // The bounds limit what a user can choose; a date that code writes stands as it is.
 class NOLSCHED_API SSDateCombo : public TypedField {
   public:
-    SSDateCombo(FieldPlace placeA, std::string nameA) : TypedField(placeA, std::move(nameA)) {}
+    SSDateCombo(FieldPlace placeA, std::string_view nameA) : TypedField(placeA, nameA) {}
     FieldKind Kind() override { return this; }
 
     // Reads by the display format first, then by the other forms, also with a time after a blank; what the
