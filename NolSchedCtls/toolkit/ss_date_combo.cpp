@@ -23,7 +23,7 @@ std::optional<DateTime> SSDateCombo::Read(std::string_view text) const {
 void SSDateCombo::SetText(std::string_view text) {
     const auto read = Read(text);
     if (!read) throw ValueError("The field " + Name() + " cannot show " + Quoted(text) + ": it is no date.");
-    SetDate(DateOf(*read));
+    SetDateValue(*read);
 }
 
 bool SSDateCombo::SetDate(DateTime dateA) {

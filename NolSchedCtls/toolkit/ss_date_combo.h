@@ -25,6 +25,8 @@ class NOLSCHED_API SSDateCombo : public TypedField {
     // the date is then unchanged.
     void SetText(std::string_view text);
     DateTime DateValue() const;  // without a time of day
+    // Like SetText with that day's text.
+    void SetDateValue(DateTime dateA) { SetDate(DateOf(dateA)); }
 
     static constexpr DateTime MinDate() { return 32874.0; }  // 1/1/1990
     DateTime MaxDate() const { return maxDate; }
