@@ -51,6 +51,7 @@ NolSchedOverrideTab::NolSchedOverrideTab(const OverrideKind& kindA)
 
 std::vector<std::unique_ptr<NolSchedOverrideTab::Number>> NolSchedOverrideTab::MakeNumbers() {
     std::vector<std::unique_ptr<Number>> made;
+    made.reserve(kind.numberFields.size());
     for (const NumberField& field : kind.numberFields) made.push_back(std::make_unique<Number>(*this, field));
     return made;
 }
