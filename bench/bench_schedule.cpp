@@ -95,6 +95,6 @@ int main(int argc, char** argv) {
                           0.5, "", "", true});
     }
     claims.push_back({"the same, weekly, and the tab made for it / libical", "made tab weekly", "ical weekly",
-                      0, "", "", true});
+                      0.6, "", "", true});
     return RunClaims(argc, argv, claims);
 }

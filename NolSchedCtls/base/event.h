@@ -103,8 +103,8 @@ class Event {
     }
 
     void Raise(Arguments... arguments) const {
+        if (!places) return;
         const auto held = places;  // a handler may end this event
-        if (!held) return;
         const EventPlaces::Depth depth(*held);
         const std::size_t count = held->list.size();
         for (std::size_t i = 0; i < count; ++i) {

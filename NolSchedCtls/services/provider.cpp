@@ -122,10 +122,11 @@ void MakeProvider(const char* service) {
 }
 
 ServiceProvider& Provider(const char* service) {
-    if (OfThread().isMaking) TellMissing(service, "its provider is being made.");
-    if (!OfThread().isEnding && OfThread().generation != TheInstallation().generation) MakeProvider(service);
-    if (!OfThread().provider) TellMissing(service, "its provider has ended.");
-    return *OfThread().provider;
+    const ThreadServices& services = OfThread();
+    if (services.isMaking) TellMissing(service, "its provider is being made.");
+    if (!services.isEnding && services.generation != TheInstallation().generation) MakeProvider(service);
+    if (!services.provider) TellMissing(service, "its provider has ended.");
+    return *services.provider;
 }
 
 template <class Service>

@@ -8,14 +8,14 @@ namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API CheckBox : public ViewField {
   public:
-    CheckBox(FieldPlace placeA, std::string nameA, std::string captionA)
-        : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+    CheckBox(FieldPlace placeA, std::string_view nameA, std::string_view captionA)
+        : ViewField(placeA, nameA, captionA) {}
     FieldKind Kind() override { return this; }
 
     int Value() const { return value; }
     // Raises Clicked if the value changes.
     void SetValue(int valueA) {
-        if (Assign(FieldPart::Value, value, valueA)) Clicked.Raise();
+        if (Assign(FieldPart::Value, value, valueA)) RaiseOwn(Clicked);
     }
 
     // The user turns the box over.

@@ -226,15 +226,14 @@ void CheckDatePattern(std::string_view pattern) {
 
 void CheckWholeDatePattern(std::string_view pattern) {
     CheckDatePattern(pattern);
+    if (pattern.empty()) return;
+    std::string there;
+    for (std::string_view left = pattern; !left.empty();)
+        if (const auto piece = TakePiece(left); piece != "DDDD") there += piece.front();
     constexpr std::array parts = {std::pair{'D', "day"}, std::pair{'M', "month"}, std::pair{'Y', "year"}};
-    for (const auto& [letter, part] : parts) {
-        bool isThere = pattern.empty();
-        for (std::string_view left = pattern; !left.empty();) {
-            const std::string_view piece = TakePiece(left);
-            isThere = isThere || (piece.front() == letter && piece != "DDDD");
-        }
-        if (!isThere) throw NolSchedError("The date format " + Quoted(pattern) + " lacks the " + part + ".");
-    }
+    for (const auto& [letter, part] : parts)
+        if (there.find(letter) == std::string::npos)
+            throw NolSchedError("The date format " + Quoted(pattern) + " lacks the " + part + ".");
 }
 
 std::string ShortDateText(DateTime date, IDateSettings& settings) {

@@ -32,7 +32,7 @@ std::string DropDownList::Offer() const {
 void DropDownList::SetListIndex(int index) {
     if (!IsInList(index))
         throw ValueError("The list " + Name() + " has no index " + std::to_string(index) + "; " + Offer());
-    if (Assign(FieldPart::Value, listIndex, index)) Clicked.Raise();
+    if (Assign(FieldPart::Value, listIndex, index)) RaiseOwn(Clicked);
 }
 
 const std::string& DropDownList::Text() const {

@@ -8,7 +8,7 @@ namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API DropDownList : public ViewField {
   public:
-    DropDownList(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    DropDownList(FieldPlace placeA, std::string_view nameA) : ViewField(placeA, nameA) {}
     FieldKind Kind() override { return this; }
 
     void Clear();                         // nothing is selected then; raises no click

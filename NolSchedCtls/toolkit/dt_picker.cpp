@@ -32,7 +32,7 @@ void DTPicker::SetTime(int hourA, int minuteA) {
     hour = hourA;
     minute = minuteA;
     Tell(FieldPart::Value);
-    Changed.Raise();
+    RaiseOwn(Changed);
 }
 
 std::string DTPicker::ValueText() const {

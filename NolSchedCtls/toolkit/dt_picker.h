@@ -9,7 +9,7 @@ namespace NolSchedCtls::inline v1 {
 
 class NOLSCHED_API DTPicker : public TypedField {
   public:
-    DTPicker(FieldPlace placeA, std::string nameA) : TypedField(placeA, std::move(nameA)) {}
+    DTPicker(FieldPlace placeA, std::string_view nameA) : TypedField(placeA, nameA) {}
     FieldKind Kind() override { return this; }
 
     // 0 to 23 and 0 to 59; midnight at first. Writing raises Changed if the time changes, and throws

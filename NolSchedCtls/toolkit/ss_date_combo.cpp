@@ -23,7 +23,7 @@ std::optional<DateTime> SSDateCombo::Read(std::string_view text) const {
 void SSDateCombo::SetText(std::string_view text) {
     const auto read = Read(text);
     if (!read) throw ValueError("The field " + Name() + " cannot show " + Quoted(text) + ": it is no date.");
-    SetDate(DateOf(*read));
+    SetDateValue(*read);
 }
 
 bool SSDateCombo::SetDate(DateTime dateA) {
@@ -32,7 +32,7 @@ bool SSDateCombo::SetDate(DateTime dateA) {
     DropRefusedText();
     if (!isChange) return false;
     Tell(FieldPart::Value);
-    Changed.Raise();
+    RaiseOwn(Changed);
     return true;
 }
 
@@ -57,7 +57,7 @@ bool SSDateCombo::IsOffered(DateTime dateA) const { return dateA >= MinDate() &&
 
 bool SSDateCombo::PickDate(DateTime dateA) {
     if (!IsOffered(dateA) || !BeginUserAct()) return false;
-    if (!SetDate(std::floor(dateA))) Clicked.Raise();
+    if (!SetDate(std::floor(dateA))) RaiseOwn(Clicked);
     return true;
 }
 
@@ -77,7 +77,7 @@ std::string SSDateCombo::Take(std::string_view text) {
 
 bool SSDateCombo::BeginEdit() {
     if (!BeginUserAct()) return false;
-    EditFormatRequest.Raise();
+    RaiseOwn(EditFormatRequest);
     return true;
 }
 

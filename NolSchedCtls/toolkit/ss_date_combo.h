@@ -14,7 +14,7 @@ namespace NolSchedCtls::inline v1 {
 // The bounds limit what a user can choose; a date that code writes stands as it is.
 class NOLSCHED_API SSDateCombo : public TypedField {
   public:
-    SSDateCombo(FieldPlace placeA, std::string nameA) : TypedField(placeA, std::move(nameA)) {}
+    SSDateCombo(FieldPlace placeA, std::string_view nameA) : TypedField(placeA, nameA) {}
     FieldKind Kind() override { return this; }
 
     // Reads by the display format first, then by the other forms, also with a time after a blank; what the
@@ -25,6 +25,8 @@ class NOLSCHED_API SSDateCombo : public TypedField {
     // the date is then unchanged.
     void SetText(std::string_view text);
     DateTime DateValue() const;  // without a time of day
+    // Like SetText with that day's text.
+    void SetDateValue(DateTime dateA) { SetDate(DateOf(dateA)); }
 
     static constexpr DateTime MinDate() { return 32874.0; }  // 1/1/1990
     DateTime MaxDate() const { return maxDate; }

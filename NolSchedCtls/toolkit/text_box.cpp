@@ -55,10 +55,11 @@ std::string TextAfterEdit(const std::string& text, std::string_view edited, std:
 }
 
 void TextBox::SetText(const std::string& textA) {
-    if (Assign(FieldPart::Value, text, textA)) Changed.Raise();
+    if (Assign(FieldPart::Value, text, textA)) RaiseOwn(Changed);
 }
 
 char32_t TextBox::FilterKey(char32_t key) {
+    Control().OnKeyTyped(*this, key);
     KeyTyped.Raise(key);
     return key;
 }

@@ -14,8 +14,8 @@ inline constexpr char32_t keyBackspace = 8;
 // The limit binds users alone: what code writes stands as it is, so that no stored value is cut.
 class NOLSCHED_API TextBox : public ViewField {
   public:
-    TextBox(FieldPlace placeA, std::string nameA, std::size_t maxLengthA = 0)
-        : ViewField(placeA, std::move(nameA)), maxLength(maxLengthA) {}
+    TextBox(FieldPlace placeA, std::string_view nameA, std::size_t maxLengthA = 0)
+        : ViewField(placeA, nameA), maxLength(maxLengthA) {}
     FieldKind Kind() override { return this; }
 
     const std::string& Text() const { return text; }  // UTF-8

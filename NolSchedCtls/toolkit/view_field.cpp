@@ -10,12 +10,17 @@ namespace NolSchedCtls::inline v1 {
 
 FieldPlace::FieldPlace(Frame& frameA) : control(frameA.Control()), frame(&frameA) {}
 
-ViewField::ViewField(FieldPlace placeA, std::string nameA, std::string captionA)
-    : caption(std::move(captionA)), place(placeA), name(std::move(nameA)) {
+ViewField::ViewField(FieldPlace placeA, std::string_view nameA, std::string_view captionA)
+    : caption(captionA), place(placeA), name(nameA) {
     place.control.fields.push_back(this);
 }
 
 void ViewField::Tell(FieldPart part) { place.control.FieldChanged.Raise(*this, part); }
+
+void ViewField::RaiseOwn(const Event<>& event) {
+    place.control.OnEvent(*this, event);
+    event.Raise();
+}
 
 void Frame::TellState() {
     Tell(FieldPart::State);
@@ -69,7 +74,7 @@ void ViewField::SetFocus() {
                             (IsShown() ? "disabled." : "hidden."));
     UserControl& control = place.control;
     ViewField* const former = std::exchange(control.focused, this);
-    if (former != nullptr && former != this) control.FocusLeft.Raise(*former);
+    if (former != nullptr && former != this) control.RaiseFocusLeft(*former);
     control.FocusMoved.Raise(*this);
 }
 
@@ -92,7 +97,12 @@ ViewField* UserControl::FocusedField() const {
 }
 
 void UserControl::LeaveFocus() {
-    if (focused != nullptr) FocusLeft.Raise(*focused);
+    if (focused != nullptr) RaiseFocusLeft(*focused);
+}
+
+void UserControl::RaiseFocusLeft(ViewField& field) {
+    OnFocusLeft(field);
+    FocusLeft.Raise(field);
 }
 
 std::vector<ViewField*> UserControl::TabStops() const {

@@ -99,13 +99,16 @@ class NOLSCHED_API ViewField {
     virtual bool IsTabStop() const { return true; }
 
   protected:
-    ViewField(FieldPlace placeA, std::string nameA, std::string captionA = {});
+    ViewField(FieldPlace placeA, std::string_view nameA, std::string_view captionA = {});
 
     // True if a user can reach the field; it then has the focus.
     bool BeginUserAct();
 
     // Raises the control's FieldChanged.
     void Tell(FieldPart part);
+
+    // Raises an event of the field, which its control hears before any handler.
+    void RaiseOwn(const Event<>& event);
 
     template <class T>
     bool Assign(FieldPart part, T& member, const T& value) {
@@ -131,8 +134,8 @@ class NOLSCHED_API ViewField {
 
 class NOLSCHED_API Frame : public ViewField {
   public:
-    Frame(FieldPlace placeA, std::string nameA, std::string captionA)
-        : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+    Frame(FieldPlace placeA, std::string_view nameA, std::string_view captionA)
+        : ViewField(placeA, nameA, captionA) {}
     FieldKind Kind() override { return this; }
     bool IsTabStop() const override { return false; }
 
@@ -142,8 +145,8 @@ class NOLSCHED_API Frame : public ViewField {
 
 class NOLSCHED_API Label : public ViewField {
   public:
-    Label(FieldPlace placeA, std::string nameA, std::string captionA)
-        : ViewField(placeA, std::move(nameA), std::move(captionA)) {}
+    Label(FieldPlace placeA, std::string_view nameA, std::string_view captionA)
+        : ViewField(placeA, nameA, captionA) {}
     FieldKind Kind() override { return this; }
     bool IsTabStop() const override { return false; }
     void SetCaption(const std::string& captionA) { Assign(FieldPart::Caption, caption, captionA); }
@@ -166,7 +169,7 @@ Kind* FieldAs(ViewField& field) {
 // A control with view fields, which register themselves in tab order and end with it.
 class NOLSCHED_API UserControl {
   public:
-    UserControl() = default;
+    UserControl() { fields.reserve(10); }  // all that most tabs have
     UserControl(const UserControl&) = delete;
     UserControl& operator=(const UserControl&) = delete;
     virtual ~UserControl() = default;
@@ -207,6 +210,13 @@ class NOLSCHED_API UserControl {
 
   private:
     friend class ViewField;
+    friend class TextBox;
+
+    // What the events of its fields set off in the control itself, before any handler hears them.
+    virtual void OnEvent(ViewField& /*field*/, const Event<>& /*event*/) {}
+    virtual void OnKeyTyped(TextBox& /*box*/, char32_t& /*key*/) {}
+    virtual void OnFocusLeft(ViewField& /*field*/) {}
+    void RaiseFocusLeft(ViewField& field);
 
     std::vector<ViewField*> fields;
     ViewField* focused = nullptr;

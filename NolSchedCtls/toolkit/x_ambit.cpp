@@ -40,7 +40,7 @@ bool XAmbitPurge::LoadPurgeOptions(const std::string& AutoPurgeA, std::int32_t P
     autoPurge = AutoPurgeA;
     days = newDays;
     Tell(FieldPart::Value);
-    if (changed) Changed.Raise();
+    if (changed) RaiseOwn(Changed);
     return inRange;
 }
 
@@ -62,13 +62,13 @@ bool XAmbitPurge::IsPurgeValid(const std::string& title) const {
 std::int32_t XAmbitPurge::PurgeDays() const { return ParseWhole(days).value_or(0); }
 
 void XAmbitPurge::SetDays(const std::string& text) {
-    if (Assign(FieldPart::Value, days, text)) Changed.Raise();
+    if (Assign(FieldPart::Value, days, text)) RaiseOwn(Changed);
 }
 
 bool XAmbitPurge::Click() {
     if (!BeginUserAct()) return false;
     Assign(FieldPart::Value, autoPurge, std::string(IsOn() ? "N" : "Y"));
-    Changed.Raise();
+    RaiseOwn(Changed);
     return true;
 }
 
@@ -97,7 +97,7 @@ bool XAmbitPurge::PasteDays(std::string_view text) {
 }
 
 void XAmbitDownload::SetDownloadMode(const std::string& codeA) {
-    if (Assign(FieldPart::Value, code, codeA)) Changed.Raise();
+    if (Assign(FieldPart::Value, code, codeA)) RaiseOwn(Changed);
 }
 
 std::string_view XAmbitDownload::Text() const {

@@ -18,7 +18,7 @@ class NOLSCHED_API XAmbitPurge : public ViewField {
   public:
     static constexpr std::size_t maxLength = 5;  // of the days that a user types
 
-    XAmbitPurge(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    XAmbitPurge(FieldPlace placeA, std::string_view nameA) : ViewField(placeA, nameA) {}
     FieldKind Kind() override { return this; }
 
     // Shows the values and takes the user's range. False if the interval lies outside it; the control then
@@ -64,7 +64,7 @@ inline constexpr std::array downloadModes = {DownloadModeEntry{"A", "Automatic"}
 // A code that is none of the entries' is kept and shows nothing.
 class NOLSCHED_API XAmbitDownload : public ViewField {
   public:
-    XAmbitDownload(FieldPlace placeA, std::string nameA) : ViewField(placeA, std::move(nameA)) {}
+    XAmbitDownload(FieldPlace placeA, std::string_view nameA) : ViewField(placeA, nameA) {}
     FieldKind Kind() override { return this; }
 
     const std::string& DownloadMode() const { return code; }

@@ -29,7 +29,7 @@ void XMarlet::Choose(DocumentPointer documentA, std::string typedA) {
     document = std::move(documentA);
     typed = std::move(typedA);
     Tell(FieldPart::Value);
-    if (changed) DocumentChange.Raise();
+    if (changed) RaiseOwn(DocumentChange);
 }
 
 void XMarlet::Reread() {

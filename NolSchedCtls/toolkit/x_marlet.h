@@ -14,8 +14,8 @@ class NOLSCHED_API XMarlet : public ViewField {
     using DocumentPointer = std::shared_ptr<const CaddisDocument>;
 
     // Messages call what is picked by the subject: "Scenario".
-    XMarlet(FieldPlace placeA, std::string nameA, std::string_view subjectA)
-        : ViewField(placeA, std::move(nameA)), subject(subjectA) {}
+    XMarlet(FieldPlace placeA, std::string_view nameA, std::string_view subjectA)
+        : ViewField(placeA, nameA), subject(subjectA) {}
     FieldKind Kind() override { return this; }
 
     // The state names the type of document that the picker offers; comes before all else.

@@ -166,6 +166,7 @@ struct CHost {
             {"HOM", [&] { return c.CreateTab("XNolSchedHomOvr", &hom); }},
             {"load general", [&] { return c.LoadData(general, record, notifier); }},
             {"load schedule", [&] { return c.LoadData(schedule, record, notifier); }},
+            {"day", [&] { return c.Act(schedule, "SSDStartDate", "date", "2/3/2026"); }},
             {"load HOM", [&] { return c.LoadData(hom, record, notifier); }},
             {"click", [&] { return trace += "| ", c.Act(hom, "chkOverride", "click", nullptr); }},
             {"pick", [&] { return c.Act(hom, "fdocCBScenario", "pick", "Baseline"); }},
@@ -208,9 +209,9 @@ TEST(CInterface, DoesTheWholeJob) {
     EXPECT_EQ(
         host.TakeTrace(),
         "Query SELECT * FROM NOL_Override WHERE NOL_OverrideId = 42; changed; changed; changed; changed; "
-        "changed; changed; changed; changed; | focus chkOverride; field chkOverride; field fraScenario; "
-        "field lblScenario; field fdocCBScenario; field fraDuration; field txtDuration; field Label1; field "
-        "chkHom; changed; changed; focus fdocCBScenario; field fdocCBScenario; "
+        "changed; changed; changed; changed; focus SSDStartDate; | focus chkOverride; field chkOverride; "
+        "field fraScenario; field lblScenario; field fdocCBScenario; field fraDuration; field txtDuration; "
+        "field Label1; field chkHom; changed; changed; focus fdocCBScenario; field fdocCBScenario; "
         "changed; | Execute DELETE FROM NOL_Override WHERE NOL_OverrideId = 42; "
         "Execute INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
         "Retrieve_Delay, ClearLog) VALUES (42, '~', 0, 0, 30, 0, '~'); "
@@ -419,10 +420,7 @@ TEST(CInterface, NamesACallBackThatFails) {
          0,
          "load schedule: -8 The call-back Now answered the Now \"yesterday\"."},
         {"Now", {}, 0, "load schedule: -8 The call-back Now answered without the column Now."},
-        {"DateOrder",
-         {{{"Order", "dmy"}}},
-         0,
-         "load schedule: -8 The call-back DateOrder answered the Order \"dmy\"."},
+        {"DateOrder", {{{"Order", "dmy"}}}, 0, "day: -8 The call-back DateOrder answered the Order \"dmy\"."},
         {"Literal",
          {{{"Literal", nullptr}}},
          0,

@@ -50,18 +50,13 @@ XNolSchedGenTab::XNolSchedGenTab() {
     cSchedData = std::make_shared<CNolSchedData>();
     txtRptGrp.SetEnabled(false);
     txtRptGrp.SetVisible(false);
-    ConnectFields();
 }
 
-void XNolSchedGenTab::ConnectFields() {
+void XNolSchedGenTab::OnEvent(ViewField& field, const Event<>& /*event*/) {
+    if (&field == &txtRptGrp || (&field == &fdocRptGroup && fLoading)) return;
+    NotifyChanged();
     for (const KindBox& kindBox : KindBoxes())
-        (this->*kindBox.pBox).Clicked.Connect([this, &kindBox] { KindBoxClicked(kindBox); });
-    chkCreateFiles.Clicked.Connect([this] { NotifyChanged(); });
-    ctlDownloadOptions.Changed.Connect([this] { NotifyChanged(); });
-    ctlPurgeOptions.Changed.Connect([this] { NotifyChanged(); });
-    fdocRptGroup.DocumentChange.Connect([this] {
-        if (!fLoading) NotifyChanged();
-    });
+        if (&field == &(this->*kindBox.pBox)) KindBoxClicked(kindBox);
 }
 
 void XNolSchedGenTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::string& /*sName*/,
@@ -144,7 +139,6 @@ void XNolSchedGenTab::SaveState() {
 
 void XNolSchedGenTab::KindBoxClicked(const KindBox& kindBox) {
     const CheckBox& box = this->*kindBox.pBox;
-    NotifyChanged();
     if (kindBox.fWritesFlagAtClick) (*cSchedData).*kindBox.kind.pFlag = FlagOfBox(box);
     if (cpvnNotify) cpvnNotify->SetTabOverride(std::string(kindBox.kind.sKey), box.Value() != 0);
 }

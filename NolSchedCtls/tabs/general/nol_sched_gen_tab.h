@@ -41,7 +41,7 @@ class NOLSCHED_API XNolSchedGenTab : public PaviseTab {
     struct KindBox;
     static std::span<const KindBox> KindBoxes();
 
-    void ConnectFields();
+    void OnEvent(ViewField& field, const Event<>& event) override;
     void ShowGroup();
     void CheckPurge();
     void ShowFlags();

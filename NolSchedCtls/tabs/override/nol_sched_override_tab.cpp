@@ -38,23 +38,21 @@ std::int32_t NumberOfText(const NumberField& field, const std::string& text) {
 
 NolSchedOverrideTab::Number::Number(UserControl& control, const NumberField& fieldA)
     : field(fieldA),
-      frame(control, std::string(field.sFrame), std::string(field.sFrameCaption)),
-      text(frame, std::string(field.sTextBox), field.nMaxLength),
-      unit(frame, std::string(field.sUnitLabel), std::string(field.sUnitCaption)) {}
+      frame(control, field.sFrame, field.sFrameCaption),
+      text(frame, field.sTextBox, field.nMaxLength),
+      unit(frame, field.sUnitLabel, field.sUnitCaption) {}
 
 NolSchedOverrideTab::NolSchedOverrideTab(const OverrideKind& kindA)
     : kind(kindA),
-      chkOverride(*this, "chkOverride", std::string(kind.sBoxCaption)),
+      chkOverride(*this, "chkOverride", kind.sBoxCaption),
       scenario(kind.sScenarioHeading.empty() ? nullptr : std::make_unique<Scenario>(*this)),
       numbers(MakeNumbers()),
-      note(kind.sNote.empty() ? nullptr
-                              : std::make_unique<Label>(*this, "lblNote", std::string(kind.sNote))) {
-    ConnectFields();
-}
+      note(kind.sNote.empty() ? nullptr : std::make_unique<Label>(*this, "lblNote", kind.sNote)) {}
 
-std::deque<NolSchedOverrideTab::Number> NolSchedOverrideTab::MakeNumbers() {
-    std::deque<Number> made;
-    for (const NumberField& field : kind.numberFields) made.emplace_back(*this, field);
+std::vector<std::unique_ptr<NolSchedOverrideTab::Number>> NolSchedOverrideTab::MakeNumbers() {
+    std::vector<std::unique_ptr<Number>> made;
+    made.reserve(kind.numberFields.size());
+    for (const NumberField& field : kind.numberFields) made.push_back(std::make_unique<Number>(*this, field));
     return made;
 }
 
@@ -63,24 +61,18 @@ XNolSchedPlmOvr::XNolSchedPlmOvr() : NolSchedOverrideTab(plmOverride) {}
 XNolSchedRfcOvr::XNolSchedRfcOvr() : NolSchedOverrideTab(rfcOverride) {}
 XNolSchedVcsOvr::XNolSchedVcsOvr() : NolSchedOverrideTab(vcsOverride) {}
 
-void NolSchedOverrideTab::ConnectFields() {
-    chkOverride.Clicked.Connect([this] {
-        SetOverrideState(chkOverride.Value() == 1);
-        NotifyChanged();
-    });
-    if (scenario) scenario->fdocCBScenario.DocumentChange.Connect([this] { NotifyChanged(); });
-    for (Number& number : numbers) {
-        TextBox& text = number.text;
-        text.Changed.Connect([this] { NotifyChanged(); });
-        text.KeyTyped.Connect([&text](char32_t& key) { MNolSchedCtls::FilterDigitKey(text, key); });
-    }
+void NolSchedOverrideTab::OnEvent(ViewField& field, const Event<>& /*event*/) {
+    if (&field == &chkOverride) SetOverrideState(chkOverride.Value() == 1);
+    NotifyChanged();
 }
+
+void NolSchedOverrideTab::OnKeyTyped(TextBox& box, char32_t& key) { MNolSchedCtls::FilterDigitKey(box, key); }
 
 void NolSchedOverrideTab::SetOverrideState(bool fState) {
     fOverrideOn = fState;
     chkOverride.SetValue(fState ? 1 : 0);
     if (scenario) scenario->fraScenario.SetVisible(fState);
-    for (Number& number : numbers) number.frame.SetVisible(fState);
+    for (const auto& number : numbers) number->frame.SetVisible(fState);
     if (cpvnNotify) cpvnNotify->SetTabState(sOverrideKey, fState);
 }
 
@@ -118,7 +110,7 @@ void NolSchedOverrideTab::LoadNoOverride() {
 void NolSchedOverrideTab::LoadOverride(const CNolOverride& item) {
     chkOverride.SetValue(1);
     if (scenario) ShowScenario(item);
-    for (Number& number : numbers) number.text.SetText(TextOfNumber(item.*number.field.pValue));
+    for (const auto& number : numbers) number->text.SetText(TextOfNumber(item.*number->field.pValue));
     SetOverrideState(true);
 }
 
@@ -135,8 +127,8 @@ void NolSchedOverrideTab::ShowScenario(const CNolOverride& item) {
 bool NolSchedOverrideTab::IsTabValid(const std::string& sMsgBoxTitle) {
     if (!fOverrideOn) return true;
     if (scenario && !IsScenarioValid(sMsgBoxTitle)) return false;
-    for (Number& number : numbers)
-        if (!number.text.Text().empty() && !IsNumberValid(number, sMsgBoxTitle)) return false;
+    for (const auto& number : numbers)
+        if (!number->text.Text().empty() && !IsNumberValid(*number, sMsgBoxTitle)) return false;
     return true;
 }
 
@@ -170,8 +162,8 @@ std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
         item->ScenarioId = picker.Document()->Id;
         picker.KeepState(*CaddisPickerStates().PickerStates().StatesForType(picker.Document()->DocumentType));
     }
-    for (const Number& number : numbers)
-        item.get()->*number.field.pValue = NumberOfText(number.field, number.text.Text());
+    for (const auto& number : numbers)
+        item.get()->*number->field.pValue = NumberOfText(number->field, number->text.Text());
     return item;
 }
 

@@ -1,8 +1,8 @@
 // The page of one study kind's override: a box that switches it on, and the settings that it then has.
 #pragma once
 
-#include <deque>
 #include <memory>
+#include <vector>
 
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
@@ -55,17 +55,18 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
   protected:
     // Made in tab order; what a kind does not have is not there.
     std::unique_ptr<Scenario> scenario;
-    std::deque<Number> numbers;
+    std::vector<std::unique_ptr<Number>> numbers;
     std::unique_ptr<Label> note;
 
   public:
-    Frame& fraDuration = numbers.at(0).frame;
-    TextBox& txtDuration = numbers.at(0).text;
-    Label& Label1(std::size_t index) { return numbers.at(index).unit; }  // the unit after each number
+    Frame& fraDuration = numbers.at(0)->frame;
+    TextBox& txtDuration = numbers.at(0)->text;
+    Label& Label1(std::size_t index) { return numbers.at(index)->unit; }  // the unit after each number
 
   private:
-    std::deque<Number> MakeNumbers();
-    void ConnectFields();
+    std::vector<std::unique_ptr<Number>> MakeNumbers();
+    void OnEvent(ViewField& field, const Event<>& event) override;
+    void OnKeyTyped(TextBox& box, char32_t& key) override;
     void SetOverrideState(bool fState);
     void TabOverride(const std::string& TheName, bool TheState);
     void LoadOverride(const CNolOverride& item);
@@ -96,24 +97,24 @@ class NOLSCHED_API XNolSchedPlmOvr : public NolSchedOverrideTab {
     Frame& fraScenario = scenario->fraScenario;
     Label& lblScenario = scenario->lblScenario;
     XMarlet& fdocCBScenario = scenario->fdocCBScenario;
-    Frame& fraRetrieveDelay = numbers[1].frame;
-    TextBox& txtRetrieveDelay = numbers[1].text;
+    Frame& fraRetrieveDelay = numbers[1]->frame;
+    TextBox& txtRetrieveDelay = numbers[1]->text;
 };
 
 class NOLSCHED_API XNolSchedRfcOvr : public NolSchedOverrideTab {
   public:
     XNolSchedRfcOvr();
 
-    Frame& fraPollingInterval = numbers[1].frame;
-    TextBox& txtPollingInterval = numbers[1].text;
+    Frame& fraPollingInterval = numbers[1]->frame;
+    TextBox& txtPollingInterval = numbers[1]->text;
 };
 
 class NOLSCHED_API XNolSchedVcsOvr : public NolSchedOverrideTab {
   public:
     XNolSchedVcsOvr();
 
-    Frame& fraRetrieveDelay = numbers[1].frame;
-    TextBox& txtRetrieveDelay = numbers[1].text;
+    Frame& fraRetrieveDelay = numbers[1]->frame;
+    TextBox& txtRetrieveDelay = numbers[1]->text;
     Label& lblNote = *note;
 };
 

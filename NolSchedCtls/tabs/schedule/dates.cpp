@@ -12,12 +12,10 @@ namespace NolSchedCtls::inline v1 {
 
 namespace {
 
-// The general form without its time: no short form holds a blank.
-std::string DateOnlyText(DateTime dateTime) { return ShortDateText(dateTime); }
-
-DateTime ReadField(const SSDateCombo& field, const std::string& text) {
-    if (const auto read = field.Read(text)) return *read;
-    throw NolSchedError("The field " + field.Name() + " holds " + Quoted(text) + ", which is no date.");
+// A refused text stands for no day, also where no user reaches it.
+DateTime DayOf(const SSDateCombo& field) {
+    if (!field.Refusal().empty()) throw NolSchedError(field.Refusal());
+    return field.DateValue();
 }
 
 DateTime AtTime(DateTime day, int hour, int minute, int second) {
@@ -40,7 +38,7 @@ void XNolScheduleTab::SetCtlsDates() {
 
 void XNolScheduleTab::ShowStart() {
     const DateTime first = Record().FirstDateTime;
-    SSDStartDate.SetText(DateOnlyText(first));
+    SSDStartDate.SetDateValue(first);
     const DateTimeParts parts = SplitDateTime(first);
     dtpStartTime.SetHour(parts.hour);
     dtpStartTime.SetMinute(parts.minute);
@@ -50,9 +48,9 @@ void XNolScheduleTab::ShowEnd() {
     const DateTime lastDay = DateOf(Record().FinalDateTime);
     const bool isOnNoEnd = std::floor(Record().FinalDateTime) == MAppConstants::NoEndDate;  // rounds past it
     const bool hasEnd = lastDay != MAppConstants::NoEndDate && !isOnNoEnd;
-    if (hasEnd) SSDEndDate.SetText(DateOnlyText(lastDay));
+    if (hasEnd) SSDEndDate.SetDateValue(lastDay);
     chkEndDate.SetValue(hasEnd ? 1 : 0);
-    if (!hasEnd) SSDEndDate.SetText(DateOnlyText(Clock().Now()));
+    if (!hasEnd) SSDEndDate.SetDateValue(Clock().Now());
     SSDEndDate.SetVisible(hasEnd);
     txtNoEndDate.SetVisible(!hasEnd);
 }
@@ -67,13 +65,11 @@ void XNolScheduleTab::SetEndDateCtls() {
 }
 
 DateTime XNolScheduleTab::GetFirstDateTime() const {
-    return ReadField(SSDStartDate, SSDStartDate.Text() + " " + std::to_string(dtpStartTime.Hour()) + ":" +
-                                       std::to_string(dtpStartTime.Minute()));
+    return AtTime(DayOf(SSDStartDate), dtpStartTime.Hour(), dtpStartTime.Minute(), 0);
 }
 
 DateTime XNolScheduleTab::GetFinalDateTime() const {
-    const DateTime day =
-        chkEndDate.Value() == 0 ? MAppConstants::NoEndDate : ReadField(SSDEndDate, SSDEndDate.Text());
+    const DateTime day = chkEndDate.Value() == 0 ? MAppConstants::NoEndDate : DayOf(SSDEndDate);
     if (cboPeriod.Text() == periodHourly) return AtTime(day, 23, 59, 59);
     return AtTime(day, dtpStartTime.Hour(), dtpStartTime.Minute(), 0);
 }

@@ -34,6 +34,7 @@ void XNolScheduleTab::LoadDayNameList(DayNames nFill) {
     const std::size_t first = nFill == DayNames::Weekdays ? 2 : 1;
     const std::size_t last = nFill == DayNames::DayOnly ? 1 : names.Count();
     std::vector<std::string_view> items;
+    items.reserve(last);
     cboDayName.Clear();
     for (std::size_t position = first; position <= last; ++position)
         items.emplace_back(names.Item(position).Item("UIVal"));
@@ -44,6 +45,7 @@ void XNolScheduleTab::LoadDayNumList(DayNumbers nFill) {
     const auto& names = CodeTables().MonthDayNames();
     const std::size_t last = nFill == DayNumbers::Long ? 28 : 4;
     std::vector<std::string_view> items;
+    items.reserve(last + 1);
     cboDayNum.Clear();
     for (std::size_t position = 1; position <= last; ++position) items.emplace_back(names.Item(position));
     items.emplace_back(names.Item(lastPosition));

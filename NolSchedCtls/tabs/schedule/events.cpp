@@ -10,13 +10,9 @@ namespace NolSchedCtls::inline v1 {
 
 namespace {
 
-CheckBox ExcludeBox(Frame& frame, std::size_t index) {
-    return {frame, "cbExcludeDay(" + std::to_string(index) + ")", std::string(exclusions[index].sCaption)};
-}
-
 template <std::size_t... index>
 std::array<CheckBox, sizeof...(index)> ExcludeBoxes(Frame& frame, std::index_sequence<index...> /*all*/) {
-    return {{ExcludeBox(frame, index)...}};
+    return {{CheckBox{frame, exclusions[index].sBox, exclusions[index].sCaption}...}};
 }
 
 }  // namespace
@@ -24,7 +20,6 @@ std::array<CheckBox, sizeof...(index)> ExcludeBoxes(Frame& frame, std::index_seq
 XNolScheduleTab::XNolScheduleTab()
     : cbExcludeDay(ExcludeBoxes(Frame3, std::make_index_sequence<exclusions.size()>())) {
     SetDesignSizes();
-    ConnectFields();
     InitControls();
     SSDEndDate.SetDefaultDate("Today");
     SSDStartDate.SetDefaultDate("Today");
@@ -56,36 +51,24 @@ void XNolScheduleTab::InitControls() {
     SSDEndDate.SetMaxDate(lastOffered);
 }
 
-void XNolScheduleTab::ConnectFields() {
-    cboPeriod.Clicked.Connect([this] {
-        SetCtlsOfPeriod();
-        NotifyChanged();
-    });
-    cboFrequency.Clicked.Connect([this] { NotifyChanged(); });
-    cboDayName.Clicked.Connect([this] { DayListClicked(&XNolScheduleTab::RefreshDayNumList); });
-    cboDayNum.Clicked.Connect([this] { DayListClicked(&XNolScheduleTab::RefreshDayNameList); });
-    chkEndDate.Clicked.Connect([this] {
-        if (fLoading) return;
-        SetEndDateCtls();
-        NotifyChanged();
-    });
-    for (CheckBox& box : cbExcludeDay) box.Clicked.Connect([this] { NotifyChanged(); });
-    dtpStartTime.Changed.Connect([this] { NotifyChanged(); });
-    ConnectDateField(SSDStartDate);
-    ConnectDateField(SSDEndDate);
-    FocusLeft.Connect([this](ViewField& left) {
-        auto* const date = FieldAs<SSDateCombo>(left);
-        if (date != nullptr && !fLoading) date->SetDisplayFormat(longDateFormat);
-    });
+void XNolScheduleTab::OnEvent(ViewField& field, const Event<>& event) {
+    for (SSDateCombo* const date : {&SSDStartDate, &SSDEndDate})
+        if (&event == &date->EditFormatRequest) return BeginDateEdit(*date);
+    if (&field == &cboDayName) return DayListClicked(&XNolScheduleTab::RefreshDayNumList);
+    if (&field == &cboDayNum) return DayListClicked(&XNolScheduleTab::RefreshDayNameList);
+    if (&field == &txtNoEndDate || (&field == &chkEndDate && fLoading)) return;
+    if (&field == &cboPeriod) SetCtlsOfPeriod();
+    if (&field == &chkEndDate) SetEndDateCtls();
+    NotifyChanged();
 }
 
-void XNolScheduleTab::ConnectDateField(SSDateCombo& field) {
-    field.Changed.Connect([this] { NotifyChanged(); });
-    field.Clicked.Connect([this] { NotifyChanged(); });
-    field.EditFormatRequest.Connect([&field] {
-        field.SetDisplayFormat(DateSettings().EditDateFormat());
-        field.SetFocus();
-    });
+void XNolScheduleTab::BeginDateEdit(SSDateCombo& field) {
+    field.SetDisplayFormat(DateSettings().EditDateFormat());
+    field.SetFocus();
+}
+
+void XNolScheduleTab::OnFocusLeft(ViewField& field) {
+    if (auto* const date = FieldAs<SSDateCombo>(field)) date->SetDisplayFormat(longDateFormat);
 }
 
 }  // namespace NolSchedCtls::inline v1

@@ -10,20 +10,21 @@
 namespace NolSchedCtls::inline v1 {
 
 struct Exclusion {
+    std::string_view sBox;
     std::string_view sCaption;
     std::string CNolSchedData::*pInclude;
 };
 
 inline constexpr std::array exclusions = {
-    Exclusion{"S&unday", &CNolSchedData::IncludeSundays},
-    Exclusion{"&Monday", &CNolSchedData::IncludeMondays},
-    Exclusion{"Tuesda&y", &CNolSchedData::IncludeTuesdays},
-    Exclusion{"&Wednesday", &CNolSchedData::IncludeWednesdays},
-    Exclusion{"Thurs&day", &CNolSchedData::IncludeThursdays},
-    Exclusion{"Fr&iday", &CNolSchedData::IncludeFridays},
-    Exclusion{"Sa&turday", &CNolSchedData::IncludeSaturdays},
-    Exclusion{"Ho&lidays", &CNolSchedData::IncludeHolidays},
-    Exclusion{"Day After H&olidays", &CNolSchedData::IncludeDayAfterHol},
+    Exclusion{"cbExcludeDay(0)", "S&unday", &CNolSchedData::IncludeSundays},
+    Exclusion{"cbExcludeDay(1)", "&Monday", &CNolSchedData::IncludeMondays},
+    Exclusion{"cbExcludeDay(2)", "Tuesda&y", &CNolSchedData::IncludeTuesdays},
+    Exclusion{"cbExcludeDay(3)", "&Wednesday", &CNolSchedData::IncludeWednesdays},
+    Exclusion{"cbExcludeDay(4)", "Thurs&day", &CNolSchedData::IncludeThursdays},
+    Exclusion{"cbExcludeDay(5)", "Fr&iday", &CNolSchedData::IncludeFridays},
+    Exclusion{"cbExcludeDay(6)", "Sa&turday", &CNolSchedData::IncludeSaturdays},
+    Exclusion{"cbExcludeDay(7)", "Ho&lidays", &CNolSchedData::IncludeHolidays},
+    Exclusion{"cbExcludeDay(8)", "Day After H&olidays", &CNolSchedData::IncludeDayAfterHol},
 };
 inline constexpr std::size_t weekdayExclusions = 7;  // the first ones; the others are the holidays'
 

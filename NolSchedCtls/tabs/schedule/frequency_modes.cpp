@@ -143,8 +143,11 @@ void XNolScheduleTab::PackRow() {
 }
 
 void XNolScheduleTab::LoadPeriodList() {
-    for (const FrequencyMode& mode : FrequencyModes())
-        cboPeriod.AddItem(CodeTables().PeriodNames().Item(mode.sKey));
+    const auto& names = CodeTables().PeriodNames();
+    std::vector<std::string_view> items;
+    items.reserve(names.Count());
+    for (const FrequencyMode& mode : FrequencyModes()) items.emplace_back(names.Item(mode.sKey));
+    cboPeriod.AddItems(items);
     cboPeriod.SetListIndex(hourly);
 }
 

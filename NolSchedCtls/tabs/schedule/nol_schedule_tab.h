@@ -110,8 +110,9 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
 
     // events
     void SetDesignSizes();
-    void ConnectFields();
-    void ConnectDateField(SSDateCombo& field);
+    void OnEvent(ViewField& field, const Event<>& event) override;
+    void OnFocusLeft(ViewField& field) override;
+    static void BeginDateEdit(SSDateCombo& field);
 
     // validation
     bool ValidateSchedule(std::string& sMessage) const;
