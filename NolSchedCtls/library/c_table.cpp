@@ -108,7 +108,7 @@ const auto& At(const auto& items, std::int32_t index, const char* what) {
 std::int32_t InstallServices(const NolSchedServices* services) {
     return Call([&] {
         if (services == nullptr)
-            v1::InstallServices({});
+            NolSchedCtls::InstallServices({});
         else
             InstallCalledServices(*services);
     });
@@ -311,7 +311,7 @@ void DoAct(ViewField& field, Verb verb, const std::string& text) {
     if (const std::string obstacle = ObstacleTo(verb, field); !obstacle.empty()) refuse(obstacle + ".");
     bool isDone = false;
     try {
-        isDone = v1::DoAct(verb, field, text);
+        isDone = NolSchedCtls::DoAct(verb, field, text);
     } catch (const RefusedText& refusal) {
         refuse(std::string(": ") + refusal.what());
     }
