@@ -1,5 +1,5 @@
 # cmake --install: headers under include/NolSchedCtls and include/outlook, the libraries, the package for
-# find_package, and a .pc file of the shared library.
+# find_package, and .pc files: of the shared library, and of the outlook beside it.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -23,8 +23,10 @@ install(
     COMPONENT development)
 
 file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)  # the package may be moved as a whole
-configure_file(cmake/NolSchedCtls.pc.in NolSchedCtls.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/NolSchedCtls.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+foreach(part NolSchedCtls NolSchedOutlook)
+    configure_file(cmake/${part}.pc.in ${part}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${part}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endforeach()
 install(
     FILES docs/embedding.md
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libnolschedctls-dev

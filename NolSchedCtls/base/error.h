@@ -9,7 +9,7 @@
 
 namespace NolSchedCtls::inline v1 {
 
-// Every failure that the library throws derives from this. The message names the thing and the value.
+// Every failure that the library itself throws derives from this. The message names the thing and the value.
 class NOLSCHED_API NolSchedError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;

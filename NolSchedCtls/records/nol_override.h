@@ -19,7 +19,7 @@ class NOLSCHED_API CNolOverride {
     std::int32_t Duration = -1;          // minutes
     std::int32_t Polling_Interval = -1;  // seconds
     std::int32_t Retrieve_Delay = -1;    // minutes
-    std::string ClearLog;                // carried between row and record; no tab shows or sets it
+    std::string ClearLog;  // from row to record and back; no tab shows it, its kind's SaveData drops it
 
     void Initialize(std::int32_t nNOL_OverrideIdA, std::string sOverrideTypeA, std::int32_t nScenarioIdA,
                     std::int32_t nDurationA, std::int32_t nPolling_IntervalA, std::int32_t nRetrieve_DelayA,

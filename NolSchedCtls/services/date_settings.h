@@ -14,7 +14,8 @@ enum class DateFieldOrder { MonthFirst, DayFirst, YearFirst };
 class NOLSCHED_API IDateSettings {
   public:
     virtual ~IDateSettings() = default;
-    // The pattern of a date that is being edited (see DateText); its numbers stand in the order of DateOrder.
+    // The pattern of a date that is being edited; its numbers stand in the order of DateOrder. DDDD is the
+    // weekday, MMMM the month's name, MM, M, DD, D and YYYY are numbers; anything else stands for itself.
     virtual std::string EditDateFormat() = 0;
     // The order of the short form: "3/2/2026", "2/3/2026" or "2026/3/2".
     virtual DateFieldOrder DateOrder() = 0;

@@ -76,11 +76,13 @@ class NOLSCHED_API ILintelDb {
 // The text of a field, empty without a value; numbers in plain digits.
 NOLSCHED_API std::string FieldToText(const LintelField& field);
 
-// Created while a failure is being handled, which it may read as std::current_exception().
+// Made and used while a failure is being handled: PresentFailure() (base/error.h) tells its words, to the
+// report's constructor and in ReportFailure, and std::current_exception() is the failure itself.
 class NOLSCHED_API ILintelFailureReport {
   public:
     virtual ~ILintelFailureReport() = default;
-    // Makes the failure known and returns; must not throw.
+    // Makes the failure known and returns; must not throw. The text comes before the failure's own words; the
+    // records give an empty one.
     virtual void ReportFailure(std::string_view sText) = 0;
 };
 

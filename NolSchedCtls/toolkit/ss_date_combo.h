@@ -32,8 +32,9 @@ class NOLSCHED_API SSDateCombo : public TypedField {
     DateTime MaxDate() const { return maxDate; }
     void SetMaxDate(DateTime maxDateA) { Assign(FieldPart::State, maxDate, maxDateA); }
 
-    // A pattern of DateText; empty, as at first, for the regional short form. Throws NolSchedError for a
-    // pattern that cannot be shown. Raises no Changed.
+    // A pattern of EditDateFormat's letters (services/date_settings.h); empty, as at first, for the regional
+    // short form. Throws NolSchedError for one that cannot be shown, or lacks day, month or year. Raises no
+    // Changed.
     const std::string& DisplayFormat() const { return displayFormat; }
     void SetDisplayFormat(std::string_view format);
     // The date until one is set: "Today", which follows the clock, or the text of a date. Throws

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <vector>
 
 #include "NolSchedCtls/records/entry_columns.h"
 #include "NolSchedCtls/services/memory_services.h"
@@ -29,10 +30,21 @@ class Screen {
     explicit Screen(UserControl& tabA) : tab(tabA) {
         changed = tab.FieldChanged.Connect([this](ViewField&, FieldPart) { isDrawn = false; });
         moved = tab.FocusMoved.Connect([this](ViewField&) { isDrawn = false; });
+        Place(nullptr);
         Turn(0);
     }
 
+    // In the order of the page: what stands on the tab itself, each frame with what it holds.
+    void Place(const ViewField* frame) {
+        for (const ViewField* const field : tab.Fields()) {
+            if (field->Container() != frame) continue;
+            page.push_back(field);
+            Place(field);
+        }
+    }
+
     void Press(int key) {
+        if (key == KEY_RESIZE) isDrawn = false;
         if (key == '\t' || key == KEY_BTAB) return Turn(key == '\t' ? 1 : -1);
         ViewField* const field = tab.FocusedField();
         if (field != nullptr) VisitField(*field, [&](auto& kind) { Act(kind, key); });
@@ -48,7 +60,7 @@ class Screen {
         erase();
         const ViewField* before = nullptr;
         int row = 0, column = 0;
-        for (const ViewField* const field : tab.Fields()) {
+        for (const ViewField* const field : page) {
             if (!field->IsShown()) continue;
             if (before != nullptr && !IsBeside(*before, *field)) addch('\n');
             if (field->HasFocus()) getyx(stdscr, row, column);
@@ -89,14 +101,23 @@ class Screen {
     static void Act(DropDownList& list, int key) {
         if (key == ' ') list.PickIndex((list.ListIndex() + 1) % static_cast<int>(list.Entries().size()));
     }
+    // The first letter takes the place of what stood there; the backspace shortens it.
     void Act(TypedField& field, int key) {
-        if (std::exchange(typedInto, &field) != &field) typed.clear();
-        if (key >= ' ' && key <= '~') typed += static_cast<char>(key);
-        if (key == KEY_BACKSPACE && !typed.empty()) typed.pop_back();
+        const bool isLetter = key >= ' ' && key <= '~';
+        if (!isLetter && key != KEY_BACKSPACE) return;
+        if (std::exchange(typedInto, &field) != &field) {
+            if (auto* const date = FieldAs<SSDateCombo>(field)) date->BeginEdit();
+            typed = isLetter ? std::string() : field.Text();
+        }
+        if (isLetter)
+            typed += static_cast<char>(key);
+        else if (!typed.empty())
+            typed.pop_back();
         isDrawn = false;
     }
 
     UserControl& tab;
+    std::vector<const ViewField*> page;
     bool isDrawn = false;
     TypedField* typedInto = nullptr;
     std::string typed;

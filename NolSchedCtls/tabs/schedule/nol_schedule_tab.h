@@ -62,7 +62,7 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     DTPicker dtpStartTime{Frame2, "dtpStartTime"};
     Frame Frame3{*this, "Frame3", "Exclude  "};
     std::array<CheckBox, 9> cbExcludeDay;          // Sunday to Saturday, holidays, days after them
-    TextBox txtNoEndDate{Frame1, "txtNoEndDate"};  // in the place of SSDEndDate without an end
+    TextBox txtNoEndDate{Frame1, "txtNoEndDate"};  // in the place of SSDEndDate; last by Tab
 
   private:
     struct FrequencyMode;
