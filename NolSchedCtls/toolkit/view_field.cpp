@@ -69,7 +69,8 @@ void ViewField::SetFocus() {
                             (IsShown() ? "disabled." : "hidden."));
     UserControl& control = place.control;
     ViewField* const former = std::exchange(control.focused, this);
-    if (former != nullptr && former != this) control.FocusLeft.Raise(*former);
+    const bool hadLeft = std::exchange(control.hasLeft, false);
+    if (former != nullptr && former != this && !hadLeft) control.FocusLeft.Raise(*former);
     control.FocusMoved.Raise(*this);
 }
 
@@ -78,6 +79,7 @@ bool ViewField::HasFocus() const { return place.control.focused == this; }
 bool ViewField::BeginUserAct() {
     if (!IsUsable()) return false;
     if (!HasFocus()) SetFocus();
+    place.control.hasLeft = false;  // the user has come back
     return true;
 }
 
@@ -92,7 +94,7 @@ ViewField* UserControl::FocusedField() const {
 }
 
 void UserControl::LeaveFocus() {
-    if (focused != nullptr) FocusLeft.Raise(*focused);
+    if (focused != nullptr && !std::exchange(hasLeft, true)) FocusLeft.Raise(*focused);
 }
 
 std::vector<ViewField*> UserControl::TabStops() const {

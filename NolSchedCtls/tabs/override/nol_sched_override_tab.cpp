@@ -58,6 +58,11 @@ std::deque<NolSchedOverrideTab::Number> NolSchedOverrideTab::MakeNumbers() {
     return made;
 }
 
+Label& NolSchedOverrideTab::Label1(std::size_t index) {
+    if (index < numbers.size()) return numbers[index].unit;
+    throw NolSchedError("The tab has no Label1(" + std::to_string(index) + ").");
+}
+
 XNolSchedHomOvr::XNolSchedHomOvr() : NolSchedOverrideTab(homOverride) {}
 XNolSchedPlmOvr::XNolSchedPlmOvr() : NolSchedOverrideTab(plmOverride) {}
 XNolSchedRfcOvr::XNolSchedRfcOvr() : NolSchedOverrideTab(rfcOverride) {}
@@ -104,6 +109,7 @@ void NolSchedOverrideTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::
         LoadOverride(*item);
     else
         LoadNoOverride();
+    Loaded();
 }
 
 void NolSchedOverrideTab::LoadNoOverride() {
@@ -133,6 +139,7 @@ void NolSchedOverrideTab::ShowScenario(const CNolOverride& item) {
 }
 
 bool NolSchedOverrideTab::IsTabValid(const std::string& sMsgBoxTitle) {
+    if (!TellsLoaded(sMsgBoxTitle)) return false;
     if (!fOverrideOn) return true;
     if (scenario && !IsScenarioValid(sMsgBoxTitle)) return false;
     for (Number& number : numbers)
@@ -176,7 +183,7 @@ std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
 }
 
 void NolSchedOverrideTab::SaveData() {
-    CNolSchedData& data = Record();
+    CNolSchedData& data = LoadedRecord();
     if (!fOverrideOn) return;
     auto item = OverrideOfView();
     data.*kind.study.pFlag = "Y";
