@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "NolSchedCtls/base/error.h"
+
 namespace NolSchedCtls::inline v1 {
 
 // A handler's place at an event. Copies stand for the same handler; may outlive the event.
@@ -96,7 +98,9 @@ class Event {
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
 
+    // Throws NolSchedError for an empty handler.
     Connection Connect(Handler handler) {
+        if (!handler) throw NolSchedError("An event takes no empty handler.");
         auto place = std::make_shared<Place>();
         place->handler = std::move(handler);
         return EventPlaces::Join(places, std::move(place));

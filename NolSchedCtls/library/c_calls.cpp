@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "NolSchedCtls/base/utf8.h"
+#include "NolSchedCtls/services/provider.h"
 
 namespace NolSchedCtls::inline v1::C {
 
@@ -49,6 +50,8 @@ std::int32_t ResultOfFailure() {
         return error.result;
     } catch (const ValueError&) {
         return NOLSCHED_BAD_VALUE;
+    } catch (const NoServicesError&) {
+        return NOLSCHED_BAD_ORDER;
     } catch (...) {
         return NOLSCHED_FAILED;
     }

@@ -89,8 +89,10 @@ void WriteColumn(CNolSchedData& record, std::size_t column, const char* text) {
                           [&] { return std::string(recordColumns[column].name) + ": "; });
 }
 
-std::string ReadColumn(const CNolSchedData& record, std::size_t column) {
-    return Read(record, recordColumns[column]);
+std::string ReadColumn(const CNolSchedData& record, std::string_view name) {
+    if (EqualKeys(name, "DBFirstDateTime")) return TextOf(record.DBFirstDateTime().Value);
+    if (EqualKeys(name, "DBFinalDateTime")) return TextOf(record.DBFinalDateTime().Value);
+    return Read(record, recordColumns[RecordColumnIndex(name)]);
 }
 
 std::string ReadColumn(const CNolOverride& override, std::string_view name) {

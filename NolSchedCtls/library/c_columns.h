@@ -16,7 +16,8 @@ std::size_t RecordColumnIndex(std::string_view name);
 
 // Null is no value. Throws CallError for a text that is none of the column's.
 void WriteColumn(CNolSchedData& record, std::size_t column, const char* text);
-std::string ReadColumn(const CNolSchedData& record, std::size_t column);
+std::string ReadColumn(const CNolSchedData& record,
+                       std::string_view name);  // also DBFirstDateTime, DBFinalDateTime
 std::string ReadColumn(const CNolOverride& override, std::string_view name);
 
 }  // namespace NolSchedCtls::inline v1::C

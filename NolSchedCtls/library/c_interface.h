@@ -84,7 +84,8 @@ typedef struct NolSchedC1 {
     const char* (*LastFailure)(void);
 
     // Copies the services and replaces those of the process; null takes them away. The call-backs are good
-    // until then, and on other threads until their next call.
+    // until then, and on other threads until their next call. NOLSCHED_BAD_VALUE for a size that is the end
+    // of no call-back.
     int32_t (*InstallServices)(const NolSchedServices* services);
     // Of a call-back's answer, until it returns: begins the next row (the first begins by itself), and puts a
     // column into the row, without a value for a null text.
@@ -98,18 +99,21 @@ typedef struct NolSchedC1 {
     int32_t (*CreateRecord)(NolSchedHandle* record);
     int32_t (*InitNew)(NolSchedHandle record, int32_t isImmediate, int32_t groupId, const char* name);
     // Takes the columns as they have been set, of which only NextRunDate, LastRunDate, the overrides' flags
-    // and IsNew may lack, and reads the override rows.
+    // and IsNew may lack, and reads the override rows. What fails may be tried again.
     int32_t (*InitEdit)(NolSchedHandle record);
     // The columns of the entry's row in their order, then HomOvr, PlmOvr, RfcOvr, VcsOvr and IsNew ("Y" or
     // "N"). NOLSCHED_NO beyond the last.
     int32_t (*ColumnName)(int32_t index, const char** name);
     // Found without regard to case. Dates are 2026-03-02T09:05:00; null stands for 0, no text or "N".
     int32_t (*SetColumn)(NolSchedHandle record, const char* column, const char* text);
+    // As DBFirstDateTime and DBFinalDateTime, which are no columns to count or set, it gives what the host
+    // stores as FirstDateTime and FinalDateTime: an immediate entry's first is the moment of the call.
     int32_t (*GetColumn)(NolSchedHandle record, const char* column, const char** text);
-    // A column of NOL_Override of the override at that index, which counts from 0; -1 for a number without a
-    // value. NOLSCHED_NO beyond the last.
+    // A column of NOL_Override of the override at that index, which counts from 0; of a number without a
+    // value -1 as a tab saves it, 0 as InitEdit reads it. NOLSCHED_NO beyond the last.
     int32_t (*GetOverride)(NolSchedHandle record, int32_t index, const char* column, const char** text);
-    // NOLSCHED_HOST_FAILED if a statement fails, told once all inserts have been tried: the host rolls back.
+    // NOLSCHED_HOST_FAILED if a statement fails, told once all inserts have been tried, each failure in a
+    // line of its own: the host rolls back.
     int32_t (*SaveNolOverrides)(NolSchedHandle record);
 
     int32_t (*CreateNotifier)(NolSchedHeard heard, void* host, NolSchedHandle* notifier);

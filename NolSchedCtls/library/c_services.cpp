@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -107,7 +108,12 @@ struct CalledReport : ILintelFailureReport {
     void ReportFailure(std::string_view sText) override {
         const std::string text = std::string(sText) + failure;
         reports += (reports.empty() ? "" : "\n") + text;
-        if (report.call != nullptr) report.Rows(text);
+        if (report.call == nullptr) return;
+        try {
+            report.Rows(text);
+        } catch (...) {
+            reports += "\n" + PresentFailure();
+        }
     }
     Asked report;
     std::string failure = PresentFailure();
@@ -217,6 +223,9 @@ class CalledProvider : public MemoryProvider {
 
 // A host that was made for an earlier library has fewer call-backs.
 void InstallCalledServices(const NolSchedServices& services) {
+    if (services.size < offsetof(NolSchedServices, Execute) || services.size % sizeof(NolSchedAsked) != 0)
+        throw CallError(NOLSCHED_BAD_VALUE, "The size " + std::to_string(services.size) +
+                                                " of NolSchedServices is not the end of a call-back.");
     NolSchedServices known{};
     std::memcpy(&known, &services, std::min(services.size, sizeof(known)));
     InstallServices([known] { return std::make_unique<CalledProvider>(known); });

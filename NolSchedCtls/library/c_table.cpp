@@ -1,5 +1,6 @@
 #include "NolSchedCtls/library/c_table.h"
 
+#include <array>
 #include <bitset>
 
 #include "NolSchedCtls/library/c_calls.h"
@@ -8,6 +9,7 @@
 #include "NolSchedCtls/library/c_services.h"
 #include "NolSchedCtls/library/catalogue.h"
 #include "NolSchedCtls/records/entry_columns.h"
+#include "NolSchedCtls/records/study_kinds.h"
 #include "NolSchedCtls/services/provider.h"
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
 #include "NolSchedCtls/toolkit/acts.h"
@@ -66,7 +68,6 @@ struct Tab : Object {
     }
 
     const std::shared_ptr<PaviseTab> control;
-    bool isLoaded = false;
     std::vector<ScopedConnection> heard;
 };
 
@@ -85,7 +86,8 @@ std::shared_ptr<Record> EmptyRecord(NolSchedHandle handle) {
 
 std::shared_ptr<Tab> LoadedTab(NolSchedHandle handle) {
     auto tab = ObjectAs<Tab>(handle);
-    if (!tab->isLoaded) throw CallError(NOLSCHED_BAD_ORDER, "The tab is empty; LoadData comes first.");
+    if (!tab->control->IsLoaded())
+        throw CallError(NOLSCHED_BAD_ORDER, "The tab is empty; LoadData comes first.");
     return tab;
 }
 
@@ -170,6 +172,19 @@ std::int32_t InitNew(NolSchedHandle record, std::int32_t isImmediate, std::int32
     throw CallError(NOLSCHED_BAD_ORDER, "InitEdit lacks the column " + std::string(column) + ".");
 }
 
+// What a failure among the override rows leaves behind would stand in the way of the next try.
+void FillOrLeave(CNolSchedData& data, InitEditArguments arguments) {
+    std::array<std::string, studyKinds.size()> flags;
+    for (std::size_t i = 0; i < flags.size(); ++i) flags[i] = data.*studyKinds[i].pFlag;
+    try {
+        data.InitEdit(std::move(arguments));
+    } catch (...) {
+        data.Overrides() = {};
+        for (std::size_t i = 0; i < flags.size(); ++i) data.*studyKinds[i].pFlag = flags[i];
+        throw;
+    }
+}
+
 std::int32_t InitEdit(NolSchedHandle record) {
     return Call([&] {
         const auto empty = EmptyRecord(record);
@@ -180,7 +195,7 @@ std::int32_t InitEdit(NolSchedHandle record) {
             arguments.*column.pArgument = (*empty->data).*column.pProperty;
         };
         for (const EntryColumn& column : entryColumns) std::visit(take, column);
-        empty->data->InitEdit(std::move(arguments));
+        FillOrLeave(*empty->data, std::move(arguments));
         empty->isFilled = true;
     });
 }
@@ -207,7 +222,7 @@ std::int32_t GetColumn(NolSchedHandle record, const char* column, const char** t
     return Call([&] {
         const auto held = ObjectAs<Record>(record);
         CheckPointer(text, "the place for a text");
-        HandOut(text, ReadColumn(*held->data, RecordColumnIndex(Text(column, "a column's name"))));
+        HandOut(text, ReadColumn(*held->data, Text(column, "a column's name")));
     });
 }
 
@@ -256,9 +271,7 @@ std::int32_t LoadData(NolSchedHandle tab, NolSchedHandle record, NolSchedHandle 
         const auto loaded = ObjectAs<Tab>(tab);
         const auto filled = FilledRecord(record);
         const auto hearing = notifier == 0 ? nullptr : ObjectAs<Notifier>(notifier);
-        loaded->isLoaded = false;
         loaded->control->LoadData(filled->data, {}, hearing ? hearing->notify : nullptr);
-        loaded->isLoaded = true;
         loaded->Hear(tab, hearing);
     });
 }

@@ -95,8 +95,9 @@ ThreadServices& OfThread() {
 }
 #endif
 
+template <class Error = NolSchedError>
 [[noreturn]] void TellMissing(const char* service, const char* why) {
-    throw NolSchedError(std::string("The service ") + service + " is not there: " + why);
+    throw Error(std::string("The service ") + service + " is not there: " + why);
 }
 
 // The factory is the host's: it may take its time, use other threads and fail, and holds up nobody else.
@@ -110,7 +111,7 @@ void MakeProvider(const char* service) {
         factory = installation.factory;
         generation = installation.generation;
     }
-    if (!factory) TellMissing(service, "no services are installed (InstallServices).");
+    if (!factory) TellMissing<NoServicesError>(service, "no services are installed (InstallServices).");
     struct Making {
         Making() { OfThread().isMaking = true; }
         ~Making() { OfThread().isMaking = false; }

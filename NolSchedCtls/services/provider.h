@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+#include "NolSchedCtls/base/error.h"
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/services/caddis.h"
 #include "NolSchedCtls/services/clock.h"
@@ -46,6 +47,12 @@ class NOLSCHED_API ServiceProvider {
     virtual std::unique_ptr<IDayConversion> CreateDayConversion();            // by CodeTables' DayNames
     virtual std::unique_ptr<IClock> CreateClock();                            // the system's local time
     virtual std::unique_ptr<IDateSettings> CreateDateSettings();              // the month first
+};
+
+// What is thrown for a service while none are installed.
+class NOLSCHED_API NoServicesError : public NolSchedError {
+  public:
+    using NolSchedError::NolSchedError;
 };
 
 using ProviderFactory = std::function<std::unique_ptr<ServiceProvider>()>;

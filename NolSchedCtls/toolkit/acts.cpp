@@ -6,6 +6,7 @@
 #include "NolSchedCtls/base/date_time.h"
 #include "NolSchedCtls/base/utf8.h"
 #include "NolSchedCtls/toolkit/fields.h"
+#include "NolSchedCtls/toolkit/text_edit.h"
 
 namespace NolSchedCtls::inline v1 {
 
@@ -18,36 +19,42 @@ constexpr std::array<std::string_view, 6> verbNames = {"click", "pick", "type", 
 constexpr std::array kindNames = {"check box", "list", "text box", "label", "frame",
                                   "date",      "time", "picker",   "purge", "download"};
 
-const std::string& ContentOf(const TextBox& box) { return box.Text(); }
-const std::string& ContentOf(const XAmbitPurge& purge) { return purge.DaysText(); }
 bool Paste(TextBox& box, std::string_view text) { return box.Paste(text); }
 bool Paste(XAmbitPurge& purge, std::string_view text) { return purge.PasteDays(text); }
 
-// Keys into an emptied field. A key that changes nothing was refused, by the filter or the length: what was
-// typed before it goes again. A byte that is no UTF-8 is the key U+FFFD.
+std::size_t LimitOf(const TextBox& box) { return box.MaxLength(); }
+std::size_t LimitOf(const XAmbitPurge& /*purge*/) { return XAmbitPurge::maxLength; }
+
+// The text's keys. A byte that is no UTF-8 is the key U+FFFD.
+std::vector<Character> KeysOf(std::string_view text) {
+    std::vector<Character> keys;
+    for (; !text.empty(); text.remove_prefix(keys.back().bytes)) keys.push_back(FirstCharacter(text));
+    return keys;
+}
+
+// Keys into an emptied field, once all of them have passed the filter and the length.
 bool Type(auto& field, const std::string& text) {
-    const std::string former = ContentOf(field);
-    if (!Paste(field, "")) return false;
-    for (std::string_view left = text; !left.empty();) {
-        const Character key = FirstCharacter(left);
-        const std::string before = ContentOf(field);
-        field.Key(key.code);
-        if (ContentOf(field) == before) {
-            Paste(field, former);
-            const std::string_view shown = key.IsBroken() ? "\xEF\xBF\xBD" : left.substr(0, key.bytes);
+    const std::vector<Character> keys = KeysOf(text);
+    std::string typed;
+    std::size_t at = 0;
+    for (const Character& key : keys) {
+        const char32_t passed = field.FilterKey(key.code);
+        std::string longer = passed == 0 ? typed : TextAfterKey(typed, passed, LimitOf(field));
+        if (longer == typed) {
+            const std::string shown = key.IsBroken() ? "\xEF\xBF\xBD" : text.substr(at, key.bytes);
             throw RefusedText("the key " + Quoted(shown) + " of " + Quoted(text) + " is refused.");
         }
-        left.remove_prefix(key.bytes);
+        typed = std::move(longer);
+        at += key.bytes;
     }
+    if (!Paste(field, "")) return false;
+    for (const Character& key : keys) field.Key(key.code);
     return true;
 }
 
 bool PasteWhole(auto& field, const std::string& text) {
-    const std::string former = ContentOf(field);
-    if (!Paste(field, text)) return false;
-    if (ContentOf(field) == text) return true;
-    Paste(field, former);
-    throw RefusedText(Quoted(text) + " is too long.");
+    if (CutToLength(text, LimitOf(field)) != text) throw RefusedText(Quoted(text) + " is too long.");
+    return Paste(field, text);
 }
 
 // A text that the field refuses leaves it as it was.

@@ -74,7 +74,8 @@ void ViewField::SetFocus() {
                             (IsShown() ? "disabled." : "hidden."));
     UserControl& control = place.control;
     ViewField* const former = std::exchange(control.focused, this);
-    if (former != nullptr && former != this) control.RaiseFocusLeft(*former);
+    const bool hadLeft = std::exchange(control.hasLeft, false);
+    if (former != nullptr && former != this && !hadLeft) control.RaiseFocusLeft(*former);
     control.FocusMoved.Raise(*this);
 }
 
@@ -83,6 +84,7 @@ bool ViewField::HasFocus() const { return place.control.focused == this; }
 bool ViewField::BeginUserAct() {
     if (!IsUsable()) return false;
     if (!HasFocus()) SetFocus();
+    place.control.hasLeft = false;  // the user has come back
     return true;
 }
 
@@ -97,7 +99,7 @@ ViewField* UserControl::FocusedField() const {
 }
 
 void UserControl::LeaveFocus() {
-    if (focused != nullptr) RaiseFocusLeft(*focused);
+    if (focused != nullptr && !std::exchange(hasLeft, true)) RaiseFocusLeft(*focused);
 }
 
 void UserControl::RaiseFocusLeft(ViewField& field) {

@@ -203,7 +203,7 @@ class NOLSCHED_API UserControl {
     ViewField* RefusedField() const;
 
     Event<ViewField&, FieldPart> FieldChanged;  // before the field's own event
-    Event<ViewField&> FocusLeft;                // the field that had the focus; before FocusMoved
+    Event<ViewField&> FocusLeft;                // the field that had the focus, once; before FocusMoved
     // Raised again for the field that has the focus already: a screen may have lost it meanwhile.
     Event<ViewField&> FocusMoved;
     Event<ViewField&> Beep;  // the system's beep, for the field that refused a key
@@ -220,6 +220,7 @@ class NOLSCHED_API UserControl {
 
     std::vector<ViewField*> fields;
     ViewField* focused = nullptr;
+    bool hasLeft = false;  // the focus is elsewhere, which the focused field has heard
     bool visible = true;
 };
 

@@ -53,7 +53,11 @@ std::string XMarlet::CheckMessage() const {
 
 std::vector<XMarlet::DocumentPointer> XMarlet::Entries() const {
     if (!state) return {};
-    return CaddisStore().DocumentsOfType(state->DocumentType);
+    auto documents = CaddisStore().DocumentsOfType(state->DocumentType);
+    if (std::find(documents.begin(), documents.end(), nullptr) != documents.end())
+        throw NolSchedError("The store gave a document of the type " + Quoted(state->DocumentType.Name) +
+                            " that is not there.");
+    return documents;
 }
 
 XMarlet::DocumentPointer XMarlet::EntryNamed(std::string_view sName) const {

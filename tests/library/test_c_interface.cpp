@@ -42,6 +42,14 @@ const std::map<std::string, const char*> storedColumns = {{"Id", "42"},
                                                           {"PurgeInterval", "30"},
                                                           {"SubFolderName", nullptr}};
 
+const Rows storedOverride = {{{"nol_overrideid", "42"},
+                              {"Type", "PLM Study"},
+                              {"ScenarioId", nullptr},
+                              {"Duration", nullptr},
+                              {"Polling_Interval", "30"},
+                              {"Retrieve_Delay", nullptr},
+                              {"ClearLog", "ä"}}};
+
 // A host in C. What its call-backs answer and what results they give is set by the tests; what it hears and
 // is asked to do stands in the trace.
 struct CHost {
@@ -198,13 +206,7 @@ struct CHost {
 
 TEST(CInterface, DoesTheWholeJob) {
     CHost host;
-    host.answers["Query"] = {{{"nol_overrideid", "42"},
-                              {"Type", "PLM Study"},
-                              {"ScenarioId", nullptr},
-                              {"Duration", nullptr},
-                              {"Polling_Interval", "30"},
-                              {"Retrieve_Delay", nullptr},
-                              {"ClearLog", "ä"}}};
+    host.answers["Query"] = storedOverride;
     EXPECT_EQ(host.Job(), "done");
     EXPECT_EQ(
         host.TakeTrace(),
@@ -221,9 +223,26 @@ TEST(CInterface, DoesTheWholeJob) {
     for (const char* column : {"Type", "polling_interval", "ClearLog", "ScenarioId"})
         host.trace += host.Read(c.GetOverride, host.record, 0, column) + "; ";
     host.trace += host.Read(c.GetOverride, host.record, 1, "Type") + "; ";
-    for (const char* column : {"Id", "editorname", "FirstDateTime", "HomOvr", "IsNew", "SubFolderName"})
+    c.SetColumn(host.record, "RunMode", "I");
+    host.answers["Now"] = {{{"Now", "2026-03-03T10:00:00"}}};
+    for (const char* column : {"Id", "editorname", "FirstDateTime", "HomOvr", "IsNew", "SubFolderName",
+                               "DBFirstDateTime", "dbfinaldatetime"})
         host.trace += host.Read(c.GetColumn, host.record, column) + "; ";
-    EXPECT_EQ(host.TakeTrace(), "PLM Study; 30; ä; 0; HOM Study; 42; Nightly; 2026-03-02T09:05:00; Y; N; ; ");
+    EXPECT_EQ(host.TakeTrace(),
+              "PLM Study; 30; ä; 0; HOM Study; 42; Nightly; 2026-03-02T09:05:00; Y; N; ; "
+              "2026-03-03T10:00:00; 2036-12-31T00:00:00; ");
+}
+
+TEST(CInterface, OpensAgainWhatHasFailed) {
+    CHost host;
+    host.MakeRecord();
+    auto& rows = host.answers["Query"] = {storedOverride[0], {{"NOL_OverrideId", "many"}}};
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(host.Told(host.c.InitEdit(host.record)),
+                  "-9 The column NOL_OverrideId holds \"many\", which is no 32-bit number.");
+    rows.clear();
+    EXPECT_EQ(host.Told(host.c.InitEdit(host.record)), "ok");
+    EXPECT_EQ(host.Read(host.c.GetColumn, host.record, "PlmOvr"), "");
 }
 
 TEST(CInterface, TellsWhatFieldsHold) {
@@ -269,6 +288,13 @@ TEST(CInterface, SaysWhatIsWrongWithACall) {
     host.made.push_back(fresh);
     const char* text = "untouched";
     Handle made = 0;
+    const auto install = [&](std::size_t size) {
+        return [=, &c] {
+            NolSchedServices given{};
+            given.size = size;
+            return c.InstallServices(&given);
+        };
+    };
     const auto act = [&](const char* field, const char* verb, const char* with) {
         return [=, &c] { return c.Act(hom, field, verb, with); };
     };
@@ -279,6 +305,8 @@ TEST(CInterface, SaysWhatIsWrongWithACall) {
         {[&] { return c.LoadData(empty, record, hom); }, "-4 The handle is no notifier."},
         {[&] { return c.Release(host.lastAnswer); }, "-4 The handle has been released."},
         {[&] { return c.Give(host.lastAnswer, "Now", "late"); }, "-4 The handle has been released."},
+        {install(0), "-6 The size 0 of NolSchedServices is not the end of a call-back."},
+        {install(17), "-6 The size 17 of NolSchedServices is not the end of a call-back."},
         {[&] { return c.CreateTab("CNolOverride", &made); }, "-5 There is no tab \"CNolOverride\"."},
         {[&] { return c.CreateTab(nullptr, &made); }, "-3 A null pointer stands for a tab's name."},
         {[&] { return c.CreateTab("XNolSchedHomOvr", nullptr); },
@@ -297,6 +325,8 @@ TEST(CInterface, SaysWhatIsWrongWithACall) {
         {[&] { return c.ColumnName(34, &text); }, "1 There is no column 34."},
         {[&] { return c.GetOverride(record, 0, "Type", &text); }, "1 There is no override 0."},
         {[&] { return c.SetColumn(record, "Colour", "red"); }, "-5 There is no column \"Colour\"."},
+        {[&] { return c.SetColumn(record, "DBFirstDateTime", "2026-03-02"); },
+         "-5 There is no column \"DBFirstDateTime\"."},
         {[&] { return c.SetColumn(record, nullptr, "red"); },
          "-3 A null pointer stands for a column's name."},
         {[&] { return c.SetColumn(record, "Id", "4294967296"); },
@@ -345,10 +375,9 @@ TEST(CInterface, SaysWhatIsWrongWithACall) {
     EXPECT_EQ(
         host.TakeTrace(),
         "focus chkOverride; field chkOverride; field fraScenario; field lblScenario; field fdocCBScenario; "
-        "field fraDuration; field txtDuration; field Label1; changed; focus "
-        "txtDuration; field txtDuration; changed; beep txtDuration; field txtDuration; changed; field "
-        "txtDuration; changed; field txtDuration; changed; focus fdocCBScenario; field fdocCBScenario; "
-        "changed; T[16]: HOM Override.\r\nThere is no Scenario named \"Nowhere\".; show HOM Study; focus "
+        "field fraDuration; field txtDuration; field Label1; changed; beep txtDuration; "
+        "focus fdocCBScenario; field fdocCBScenario; changed; T[16]: HOM Override.\r\nThere is no Scenario "
+        "named \"Nowhere\".; show HOM Study; focus "
         "fdocCBScenario; ");
     void* found = &found;
     EXPECT_EQ(DllGetClassObject(NOLSCHED_C_CLASS, "NolSchedC2", &found), componentNoInterface);
@@ -429,13 +458,21 @@ TEST(CInterface, NamesACallBackThatFails) {
          {{{"Failure", "disk full"}}},
          5,
          "save overrides: -8 The call-back Execute failed: disk full"},
-        {"Report", {}, 5, "save overrides: -8 The call-back Report failed (5)."},
+        {"Report",
+         {},
+         5,
+         "save overrides: -8 The call-back Literal answered without the column Literal.\nThe call-back "
+         "Report "
+         "failed (5).\nThe call-back Literal answered without the column Literal.\nThe call-back Report "
+         "failed "
+         "(5)."},
     };
     std::string told, expected;
     for (const auto& [service, answer, result, end] : cases) {
         CHost host;
         host.answers[service] = answer;
-        if (std::string(service) == "Report") host.answers["Literal"].clear();
+        if (std::string(service) == "Report")
+            host.answers["Literal"].clear(), host.answers["Query"] = storedOverride;
         host.results[std::string(service).substr(0, std::string(service).find(' '))] = result;
         told += host.Job() + "\n";
         expected += std::string(end) + "\n";
@@ -471,7 +508,7 @@ TEST(CInterface, ServesInMemoryWhatAHostLeavesOut) {
     EXPECT_EQ(host.TakeTrace().find("Execute"), std::string::npos);
     EXPECT_EQ(host.Told(host.c.InstallServices(nullptr)), "ok");
     EXPECT_EQ(host.Job(),
-              "InitEdit: -9 The service LintelDb is not there: no services are installed (InstallServices).");
+              "InitEdit: -7 The service LintelDb is not there: no services are installed (InstallServices).");
 }
 
 }  // namespace

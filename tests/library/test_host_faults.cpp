@@ -21,6 +21,19 @@ class FaultyProvider : public MemoryProvider {
   public:
     explicit FaultyProvider(std::string& traceA)
         : MemoryProvider(std::make_shared<MemoryStore>()), trace(traceA) {}
+    std::unique_ptr<ICaddisStore> CreateCaddisStore() override {
+        struct WithoutDocuments : ICaddisStore {
+            using Document = std::shared_ptr<const CaddisDocument>;
+            Document FindDocument(const CaddisDocumentType& /*type*/, std::int32_t /*nId*/) override {
+                return {};
+            }
+            std::vector<Document> DocumentsOfType(const CaddisDocumentType& /*type*/) override {
+                return {nullptr};
+            }
+            CaddisUser CurrentUser() override { return {}; }
+        };
+        return std::make_unique<WithoutDocuments>();
+    }
     std::unique_ptr<ILintelFailureReport> CreateLintelFailureReport() override { return nullptr; }
     std::unique_ptr<IDocumentTypes> CreateDocumentTypes() override { return nullptr; }
     std::unique_ptr<ILintelDb> CreateLintelDb() override {
@@ -67,6 +80,11 @@ TEST(HostFaults, InServicesAreNamed) {
               "The service LintelFailureReport is not there: the provider made none.");
     EXPECT_EQ(FailureOf([] { CNolSchedData().InitEdit(LaterArguments()); }),
               "The database gave no rows of overrides, not even an empty set.");
+    UserControl control;
+    XMarlet picker(control, "picker", "Scenario");
+    picker.RestoreState(std::make_shared<MarletState>(MarletState{{"Scenario"}}));
+    EXPECT_EQ(FailureOf([&] { picker.Paste("North"); }),
+              "The store gave a document of the type \"Scenario\" that is not there.");
     Clock();
     InstallServices({});
     EXPECT_EQ(trace, "The service DateSettings is not there: it has ended.") << "the store had not";
@@ -86,14 +104,33 @@ TEST(HostFaults, KeepTheirTypeWhileATabLoads) {
 }
 
 TEST(HostFaults, DoNoHarmToATab) {
-    const OpenEntry open;
+    OpenEntry open;
+    open.record->InitNew(nullptr, false, 5, "Nightly");
     for (const auto& published : PublishedClasses().subspan(2)) {
         const auto tab = CreateControl(published.sProgId);
         EXPECT_EQ(FailureOf([&] { tab->LoadData(nullptr, "", nullptr); }), "There is no record to load.");
-        EXPECT_EQ(FailureOf([&] { tab->SaveData(); }), "The tab has no record; LoadData comes first.");
+        const auto isRefused = [&](const std::string& why) {
+            EXPECT_EQ(open.Valid(*tab), "T[16]: " + why + "; refused") << published.sProgId;
+            EXPECT_EQ(FailureOf([&] { tab->SaveData(); }), why) << published.sProgId;
+        };
+        isRefused("The tab has no record; LoadData comes first.");
+        const auto fail = [] { throw HostError("no such widget"); };
+        for (int i = 0; i < 2; ++i) {
+            ++open.record->FirstDateTime, ++open.record->PurgeInterval;
+            const ScopedConnection change = open.notify->Changed.Connect(fail);
+            const ScopedConnection state =
+                open.notify->PaviseStateChange.Connect([&](auto&, bool) { fail(); });
+            EXPECT_THROW(tab->LoadData(open.record, "", open.notify), HostError) << published.sProgId;
+            open.TakeTrace();
+            isRefused("The tab has no record: LoadData did not succeed.");
+            tab->LoadData(open.record, "", nullptr);
+            tab->IsTabValid("T");
+            EXPECT_EQ(open.TakeTrace().find("no record"), std::string::npos) << published.sProgId;
+        }
     }
+    EXPECT_EQ(FailureOf([] { XNolSchedPlmOvr().Label1(2); }), "The tab has no Label1(2).");
+    EXPECT_EQ(FailureOf([&] { open.notify->Changed.Connect({}); }), "An event takes no empty handler.");
     XNolScheduleTab tab;
-    open.record->InitNew(nullptr, false, 5, "Nightly");
     tab.LoadData(open.record, "", nullptr);
     for (CheckBox& box : tab.cbExcludeDay) box.SetValue(1);
     tab.Frame1.SetEnabled(false);

@@ -19,12 +19,13 @@ class NOLSCHED_API IPaviseControl {
   public:
     virtual ~IPaviseControl() = default;
     virtual bool HandleTabProcess(const std::string& sProcess) = 0;  // whether the tab dealt with it
-    // Shows the first failure in a box of its own, under the title, and sets the focus.
+    // Shows the first failure in a box of its own, under the title, and sets the focus. A tab whose last load
+    // did not succeed, or that has none, is not valid, and says so.
     virtual bool IsTabValid(const std::string& sMsgBoxTitle) = 0;
     // For what a tab remembers from one entry to the next: LoadState before LoadData, SaveState after the
     // host has stored the entry.
     virtual void LoadState() = 0;
-    // Writes the view to the record.
+    // Writes the view to the record. Throws NolSchedError unless the last load has succeeded.
     virtual void SaveData() = 0;
     // Keeps the record and the notifier, both shared with the host, and fills the view. The tab reports
     // changes while it loads, like a user's. Throws NolSchedError for no record, before it keeps anything,

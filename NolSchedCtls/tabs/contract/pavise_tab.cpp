@@ -11,12 +11,17 @@ void PaviseTab::Keep(std::shared_ptr<CNolSchedData> v, std::shared_ptr<CPaviseNo
     if (!v) throw NolSchedError("There is no record to load.");
     cpvnNotify = std::move(dtN);
     cSchedData = std::move(v);
-    isLoaded = true;
+    obstacle = "The tab has no record: LoadData did not succeed.";
 }
 
-CNolSchedData& PaviseTab::Record() const {
-    if (!isLoaded) throw NolSchedError("The tab has no record; LoadData comes first.");
+CNolSchedData& PaviseTab::LoadedRecord() const {
+    if (!IsLoaded()) throw NolSchedError(obstacle);
     return *cSchedData;
+}
+
+bool PaviseTab::TellsLoaded(const std::string& sTitle) const {
+    if (!IsLoaded()) ShowError(obstacle, sTitle);
+    return IsLoaded();
 }
 
 void PaviseTab::NotifyChanged() const {

@@ -14,12 +14,19 @@ class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
     bool HandleTabProcess(const std::string& sProcess) override;  // always false
     void LoadState() override {}
     void SaveState() override {}
+    // Whether the view is the record's: the last load has succeeded.
+    bool IsLoaded() const { return obstacle.empty(); }
 
   protected:
-    // The first step of a load. Throws NolSchedError for no record.
+    // The first step of a load, and its last. The first throws NolSchedError for no record.
     void Keep(std::shared_ptr<CNolSchedData> v, std::shared_ptr<CPaviseNotify> dtN);
-    // Throws NolSchedError before the load.
-    CNolSchedData& Record() const;
+    void Loaded() { obstacle.clear(); }
+    // From the first step of a load on.
+    CNolSchedData& Record() const { return *cSchedData; }
+    // The first step of a save. Throws NolSchedError unless the tab is loaded.
+    CNolSchedData& LoadedRecord() const;
+    // The first step of a check: tells the same in the tab's error box.
+    bool TellsLoaded(const std::string& sTitle) const;
     // Tells the host of an edit; nothing without a notifier.
     void NotifyChanged() const;
     // The tab's own error box with a stop sign.
@@ -33,7 +40,7 @@ class NOLSCHED_API PaviseTab : public UserControl, public IPaviseControl {
     std::shared_ptr<CNolSchedData> cSchedData;
 
   private:
-    bool isLoaded = false;
+    std::string obstacle = "The tab has no record; LoadData comes first.";  // to a check and a save
 };
 
 }  // namespace NolSchedCtls::inline v1

@@ -74,6 +74,7 @@ void XNolSchedGenTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::stri
     ShowFlags();
     if (cSchedData->Overrides().Count() > 0) EnableKindBoxes();
     fLoading = false;
+    Loaded();
 }
 
 void XNolSchedGenTab::ShowGroup() {
@@ -108,6 +109,7 @@ void XNolSchedGenTab::EnableKindBoxes() {
 }
 
 bool XNolSchedGenTab::IsTabValid(const std::string& sMsgBoxTitle) {
+    if (!TellsLoaded(sMsgBoxTitle)) return false;
     if (fdocRptGroup.ValidDocument()) return ctlPurgeOptions.IsPurgeValid(sMsgBoxTitle);
     if (cSchedData->IsOverride()) {
         ShowError(groupDeleted, sMsgBoxTitle);
@@ -119,7 +121,7 @@ bool XNolSchedGenTab::IsTabValid(const std::string& sMsgBoxTitle) {
 }
 
 void XNolSchedGenTab::SaveData() {
-    const CNolSchedData& data = Record();
+    const CNolSchedData& data = LoadedRecord();
     const auto& group = fdocRptGroup.Document();
     if (!group) throw NolSchedError("The entry " + Quoted(data.EditorName) + " has no study group to save.");
     cSchedData->RptGrpId = group->Id;

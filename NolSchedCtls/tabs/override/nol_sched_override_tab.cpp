@@ -56,6 +56,11 @@ std::vector<std::unique_ptr<NolSchedOverrideTab::Number>> NolSchedOverrideTab::M
     return made;
 }
 
+Label& NolSchedOverrideTab::Label1(std::size_t index) {
+    if (index < numbers.size()) return numbers[index]->unit;
+    throw NolSchedError("The tab has no Label1(" + std::to_string(index) + ").");
+}
+
 XNolSchedHomOvr::XNolSchedHomOvr() : NolSchedOverrideTab(homOverride) {}
 XNolSchedPlmOvr::XNolSchedPlmOvr() : NolSchedOverrideTab(plmOverride) {}
 XNolSchedRfcOvr::XNolSchedRfcOvr() : NolSchedOverrideTab(rfcOverride) {}
@@ -96,6 +101,7 @@ void NolSchedOverrideTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::
         LoadOverride(*item);
     else
         LoadNoOverride();
+    Loaded();
 }
 
 void NolSchedOverrideTab::LoadNoOverride() {
@@ -125,6 +131,7 @@ void NolSchedOverrideTab::ShowScenario(const CNolOverride& item) {
 }
 
 bool NolSchedOverrideTab::IsTabValid(const std::string& sMsgBoxTitle) {
+    if (!TellsLoaded(sMsgBoxTitle)) return false;
     if (!fOverrideOn) return true;
     if (scenario && !IsScenarioValid(sMsgBoxTitle)) return false;
     for (const auto& number : numbers)
@@ -168,7 +175,7 @@ std::shared_ptr<CNolOverride> NolSchedOverrideTab::OverrideOfView() const {
 }
 
 void NolSchedOverrideTab::SaveData() {
-    CNolSchedData& data = Record();
+    CNolSchedData& data = LoadedRecord();
     if (!fOverrideOn) return;
     auto item = OverrideOfView();
     data.*kind.study.pFlag = "Y";

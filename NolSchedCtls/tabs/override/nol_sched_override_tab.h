@@ -61,7 +61,7 @@ class NOLSCHED_API NolSchedOverrideTab : public PaviseTab {
   public:
     Frame& fraDuration = numbers.at(0)->frame;
     TextBox& txtDuration = numbers.at(0)->text;
-    Label& Label1(std::size_t index) { return numbers.at(index)->unit; }  // the unit after each number
+    Label& Label1(std::size_t index);  // the unit after each number; NolSchedError beyond the last
 
   private:
     std::vector<std::unique_ptr<Number>> MakeNumbers();

@@ -65,11 +65,12 @@ void XNolScheduleTab::LoadData(std::shared_ptr<CNolSchedData> v, const std::stri
                                std::shared_ptr<CPaviseNotify> dtN) {
     Keep(std::move(v), std::move(dtN));
     SetCtlsFromData();
+    Loaded();
 }
 
 // A refused text stands for no value.
 void XNolScheduleTab::SaveData() {
-    Record();  // before anything is asked of the view
+    LoadedRecord();  // before anything is asked of the view
     if (const ViewField* const field = RefusedField()) throw NolSchedError(field->Refusal());
     SetDataFromCtls();
 }

@@ -24,7 +24,6 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
 
     // Refuses only what can never run; moves the focus to SSDStartDate then.
     bool IsTabValid(const std::string& sMsgBoxTitle) override;
-    // Throws NolSchedError before the first load.
     void SaveData() override;
     // Every write to a field acts as a user's edit would. Throws NolSchedError with the record's field and
     // value where one cannot be shown; the steps before stay in force.

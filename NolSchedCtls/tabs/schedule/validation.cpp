@@ -30,6 +30,7 @@ bool XNolScheduleTab::ValidateSchedule(std::string& sMessage) const {
 }
 
 bool XNolScheduleTab::IsTabValid(const std::string& sMsgBoxTitle) {
+    if (!TellsLoaded(sMsgBoxTitle)) return false;
     if (ViewField* const field = RefusedField()) {
         ShowError(field->Refusal(), sMsgBoxTitle);
         TrySetFocus(*field);
