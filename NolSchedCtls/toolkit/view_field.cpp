@@ -70,7 +70,7 @@ void ViewField::SetFocus() {
     UserControl& control = place.control;
     ViewField* const former = std::exchange(control.focused, this);
     if (former != nullptr && former != this) control.FocusLeft.Raise(*former);
-    control.FocusMoved.Raise(*this);
+    if (HasFocus()) control.FocusMoved.Raise(*this);  // who heard the other may have moved it on
 }
 
 bool ViewField::HasFocus() const { return place.control.focused == this; }
@@ -78,7 +78,7 @@ bool ViewField::HasFocus() const { return place.control.focused == this; }
 bool ViewField::BeginUserAct() {
     if (!IsUsable()) return false;
     if (!HasFocus()) SetFocus();
-    return true;
+    return IsUsable();  // who heard of the focus may have changed it
 }
 
 ViewField* UserControl::FindField(std::string_view name) const {
