@@ -15,7 +15,7 @@ using Moment = std::chrono::local_seconds;
 inline constexpr Day dayZero{std::chrono::year{1899} / 12 / 30};
 inline constexpr Moment earliestMoment = Day{std::chrono::year{1900} / 1 / 1};
 inline constexpr Moment latestMoment = Day{std::chrono::year{9999} / 12 / 31} + std::chrono::seconds{86399};
-inline constexpr Moment noMoment = Moment::max();  // after every other
+inline constexpr Moment noMoment = (Moment::max)();  // after every other
 
 inline Day DayOf(Moment moment) { return std::chrono::floor<std::chrono::days>(moment); }
 

@@ -77,6 +77,7 @@ std::string_view RecordColumnName(std::size_t index) {
 }
 
 std::size_t RecordColumnIndex(std::string_view name) { return IndexIn(recordColumns, name); }
+std::size_t OverrideColumnIndex(std::string_view name) { return IndexIn(overrideColumns, name); }
 
 void WriteColumn(CNolSchedData& record, std::size_t column, const char* text) {
     const auto write = [&](const auto property) {
@@ -95,8 +96,8 @@ std::string ReadColumn(const CNolSchedData& record, std::string_view name) {
     return Read(record, recordColumns[RecordColumnIndex(name)]);
 }
 
-std::string ReadColumn(const CNolOverride& override, std::string_view name) {
-    return Read(override, overrideColumns[IndexIn(overrideColumns, name)]);
+std::string ReadColumn(const CNolOverride& override, std::size_t column) {
+    return Read(override, overrideColumns[column]);
 }
 
 }  // namespace NolSchedCtls::inline v1::C

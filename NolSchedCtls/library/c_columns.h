@@ -13,11 +13,12 @@ namespace NolSchedCtls::inline v1::C {
 std::string_view RecordColumnName(std::size_t index);
 // Throws CallError for a name that no column has, as do the others.
 std::size_t RecordColumnIndex(std::string_view name);
+std::size_t OverrideColumnIndex(std::string_view name);
 
 // Null is no value. Throws CallError for a text that is none of the column's.
 void WriteColumn(CNolSchedData& record, std::size_t column, const char* text);
-std::string ReadColumn(const CNolSchedData& record,
-                       std::string_view name);  // also DBFirstDateTime, DBFinalDateTime
-std::string ReadColumn(const CNolOverride& override, std::string_view name);
+// Of DBFirstDateTime and DBFinalDateTime, too.
+std::string ReadColumn(const CNolSchedData& record, std::string_view name);
+std::string ReadColumn(const CNolOverride& override, std::size_t column);
 
 }  // namespace NolSchedCtls::inline v1::C

@@ -28,7 +28,8 @@ const LintelField* FindColumn(const Row& row, std::string_view column) {
     return found == row.end() ? nullptr : &*found;
 }
 
-// A call-back that the host has given.
+// A call-back that the host has given. It may replace the services, so what works on with its answer works on
+// a copy.
 struct Asked {
     const char* name;
     NolSchedAsked call;
@@ -37,13 +38,14 @@ struct Asked {
     std::vector<Row> Rows(std::string_view text) const {
         const auto answer = std::make_shared<Answer>();
         const Handle handle(answer);
+        const char* const asked = name;
         const std::int32_t result = call(host, std::string(text).c_str(), handle.number);
-        if (!answer->failure.empty()) TellFailed(name, "answered what cannot be taken: " + answer->failure);
+        if (!answer->failure.empty()) TellFailed(asked, "answered what cannot be taken: " + answer->failure);
         if (result == NOLSCHED_OK) return std::move(answer->rows);
         const LintelField* const why =
             answer->rows.empty() ? nullptr : FindColumn(answer->rows.front(), "Failure");
-        TellFailed(name, "failed" + (why == nullptr ? " (" + std::to_string(result) + ")."
-                                                    : ": " + FieldToText(*why)));
+        TellFailed(asked, "failed" + (why == nullptr ? " (" + std::to_string(result) + ")."
+                                                     : ": " + FieldToText(*why)));
     }
 
     std::string Column(const Row& row, const char* column) const {
@@ -53,8 +55,9 @@ struct Asked {
     }
 
     std::string OneText(const char* column, std::string_view text = {}) const {
+        const Asked asked = *this;
         const std::vector<Row> rows = Rows(text);
-        return Column(rows.empty() ? Row() : rows.front(), column);
+        return asked.Column(rows.empty() ? Row() : rows.front(), column);
     }
 
     [[noreturn]] void TellNonsense(const char* column, const std::string& text) const {
@@ -72,6 +75,25 @@ struct Asked {
     };
 };
 
+// What is wrong with the rows is wrong with the call-back's answer.
+auto OfQuery(auto step) {
+    try {
+        return step();
+    } catch (const NolSchedError& error) {
+        TellFailed("Query", std::string("answered what makes no sense: ") + error.what());
+    }
+}
+
+struct CalledRows : ILintelRows {
+    explicit CalledRows(std::vector<Row> answered) : rows(RowsInMemory(std::move(answered))) {}
+    bool AtEnd() const override { return rows->AtEnd(); }
+    void MoveNext() override { rows->MoveNext(); }
+    LintelField Fields(std::string_view sColumn) const override {
+        return OfQuery([&] { return rows->Fields(sColumn); });
+    }
+    const std::unique_ptr<ILintelRows> rows;
+};
+
 struct CalledLintel : ILintelDb {
     CalledLintel(const NolSchedServices& services, std::unique_ptr<ILintelDb> memoryA)
         : execute{"Execute", services.Execute, services.host},
@@ -84,14 +106,17 @@ struct CalledLintel : ILintelDb {
         execute.Rows(sStatement);
     }
     std::unique_ptr<ILintelRows> OpenRows(const OpenRowsArguments& arguments) override {
-        return query.call == nullptr ? memory->OpenRows(arguments)
-                                     : RowsInMemory(query.Rows(arguments.sQuery));
+        if (query.call == nullptr) return memory->OpenRows(arguments);
+        return std::make_unique<CalledRows>(query.Rows(arguments.sQuery));
+    }
+    std::int32_t FieldToNumber(const LintelField& field, std::int32_t nFallback) const override {
+        return OfQuery([&] { return ILintelDb::FieldToNumber(field, nFallback); });
     }
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
-        return Joined(values, [this](const LintelValue& value) {
+        return Joined(values, [asked = literal, memory = memory](const LintelValue& value) {
             const auto* const text = std::get_if<std::string>(&value);
-            return text == nullptr || literal.call == nullptr ? memory->JoinValues({value})
-                                                              : literal.OneText("Literal", *text);
+            return text == nullptr || asked.call == nullptr ? memory->JoinValues({value})
+                                                            : asked.OneText("Literal", *text);
         });
     }
     LintelDateTime ImmediateDateTime() const override { return memory->ImmediateDateTime(); }
@@ -99,7 +124,7 @@ struct CalledLintel : ILintelDb {
     Asked execute;
     Asked query;
     Asked literal;
-    std::unique_ptr<ILintelDb> memory;
+    std::shared_ptr<ILintelDb> memory;
 };
 
 struct CalledReport : ILintelFailureReport {
@@ -128,13 +153,14 @@ struct CalledCaddis : ICaddisStore {
     std::vector<std::shared_ptr<const CaddisDocument>> DocumentsOfType(
         const CaddisDocumentType& type) override {
         if (documents.call == nullptr) return memory->DocumentsOfType(type);
+        const Asked asked = documents;
         std::vector<std::shared_ptr<const CaddisDocument>> found;
-        for (const Row& row : documents.Rows(type.Name)) {
-            const std::string text = documents.Column(row, "Id");
+        for (const Row& row : asked.Rows(type.Name)) {
+            const std::string text = asked.Column(row, "Id");
             const auto id = ParseWhole(text);
-            if (!id) documents.TellNonsense("Id", text);
+            if (!id) asked.TellNonsense("Id", text);
             found.push_back(
-                std::make_shared<CaddisDocument>(CaddisDocument{*id, documents.Column(row, "Name"), type}));
+                std::make_shared<CaddisDocument>(CaddisDocument{*id, asked.Column(row, "Name"), type}));
         }
         return found;
     }
@@ -172,11 +198,12 @@ struct CalledMessages : IMessageService {
 struct CalledClock : IClock {
     explicit CalledClock(const NolSchedServices& services) : now{"Now", services.Now, services.host} {}
     DateTime Now() override {
-        const std::string text = now.OneText("Now");
+        const Asked asked = now;
+        const std::string text = asked.OneText("Now");
         try {
             return ParseIso(text);
         } catch (const ValueError&) {
-            now.TellNonsense("Now", text);
+            asked.TellNonsense("Now", text);
         }
     }
     Asked now;

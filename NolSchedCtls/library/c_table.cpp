@@ -231,9 +231,9 @@ std::int32_t GetOverride(NolSchedHandle record, std::int32_t index, const char* 
         const auto held = ObjectAs<Record>(record);
         const auto& overrides = held->data->Overrides();
         CheckPointer(text, "the place for a text");
-        const std::string name = Text(column, "a column's name");
+        const std::size_t found = OverrideColumnIndex(Text(column, "a column's name"));
         if (index < 0 || static_cast<std::size_t>(index) >= overrides.Count()) TellBeyond("override", index);
-        HandOut(text, ReadColumn(*overrides.Item(static_cast<std::size_t>(index) + 1), name));
+        HandOut(text, ReadColumn(*overrides.Item(static_cast<std::size_t>(index) + 1), found));
     });
 }
 
@@ -271,6 +271,7 @@ std::int32_t LoadData(NolSchedHandle tab, NolSchedHandle record, NolSchedHandle 
         const auto loaded = ObjectAs<Tab>(tab);
         const auto filled = FilledRecord(record);
         const auto hearing = notifier == 0 ? nullptr : ObjectAs<Notifier>(notifier);
+        loaded->Silence();  // of the notifier before
         loaded->control->LoadData(filled->data, {}, hearing ? hearing->notify : nullptr);
         loaded->Hear(tab, hearing);
     });

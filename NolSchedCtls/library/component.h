@@ -3,7 +3,8 @@
 // A host opens the shared library, looks up DllGetClassObject and asks for a class by its name; once
 // DllRegisterServer has run in the process, by its program identifier too. It may close the library again
 // while DllCanUnloadNow gives componentOk: every object that was made inside counts, the overrides of a save,
-// too. The static archive has no entry points.
+// too. Its code stays mapped as long as a thread lives that has called it. The static archive has no entry
+// points.
 #pragma once
 
 #include <cstdint>

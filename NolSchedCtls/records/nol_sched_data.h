@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "NolSchedCtls/base/collection.h"
@@ -22,12 +23,18 @@ namespace NolSchedCtls::inline v1 {
 // For an argument whose value comes later.
 struct GivenLater {};
 
-// An argument that must be given: a call that leaves it out does not compile.
+// What converts without loss; a date may be any number. A null pointer is no text.
+template <class Value, class T>
+concept Gives = std::convertible_to<Value, T> &&
+                (std::floating_point<T> || requires(Value value) { T{std::move(value)}; }) &&
+                !(std::is_null_pointer_v<Value> && std::same_as<T, std::string>);
+
+// An argument that must be given: a call that leaves it out, or gives what does not fit, does not compile.
 template <class T>
 struct Given {
     Given(GivenLater /*value*/) : value() {}
     template <class Value>
-    requires std::convertible_to<Value, T> Given(Value valueA) : value(std::move(valueA)) {}
+    requires Gives<Value, T> Given(Value valueA) : value(std::move(valueA)) {}
 
     T value;
 };

@@ -12,8 +12,10 @@ namespace NolSchedCtls::inline v1::MSQL {
 namespace {
 
 std::shared_ptr<CNolOverride> OverrideOfRow(const ILintelRows& rows) {
-    const ILintelDb& lintel = LintelDb();
-    const auto number = [&](const char* column) { return lintel.FieldToNumber(rows.Fields(column), 0); };
+    const auto number = [&](const char* column) {
+        const LintelField field = rows.Fields(column);
+        return LintelDb().FieldToNumber(field, 0);
+    };
     const auto text = [&rows](const char* column) { return FieldToText(rows.Fields(column)); };
     // In the order of the columns, so that of two bad ones the first is told.
     const auto nId = number("NOL_OverrideId");
@@ -28,12 +30,16 @@ std::shared_ptr<CNolOverride> OverrideOfRow(const ILintelRows& rows) {
 }
 
 void Insert(const CNolOverride& override, std::int32_t nId) {
-    ILintelDb& lintel = LintelDb();
-    const auto wrapped = [&lintel](std::int32_t number) { return lintel.NumberToValue(number, -1); };
-    const std::string values = lintel.JoinValues(
-        {std::int64_t{nId}, override.OverrideType, wrapped(override.ScenarioId), wrapped(override.Duration),
-         wrapped(override.Polling_Interval), wrapped(override.Retrieve_Delay), override.ClearLog});
-    lintel.ExecuteStatement(
+    const auto wrapped = [](std::int32_t number) { return LintelDb().NumberToValue(number, -1); };
+    const std::vector<LintelValue> row = {std::int64_t{nId},
+                                          override.OverrideType,
+                                          wrapped(override.ScenarioId),
+                                          wrapped(override.Duration),
+                                          wrapped(override.Polling_Interval),
+                                          wrapped(override.Retrieve_Delay),
+                                          override.ClearLog};
+    const std::string values = LintelDb().JoinValues(row);  // a host may replace its services within
+    LintelDb().ExecuteStatement(
         "INSERT INTO NOL_Override (NOL_OverrideId, Type, ScenarioId, Duration, Polling_Interval, "
         "Retrieve_Delay, ClearLog) VALUES (" +
         values + ")");

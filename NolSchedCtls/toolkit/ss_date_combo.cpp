@@ -13,11 +13,13 @@ constexpr std::string_view today = "Today";
 }  // namespace
 
 std::string SSDateCombo::ValueText() const {
-    return displayFormat.empty() ? ShortDateText(DateValue()) : DateText(DateValue(), displayFormat);
+    const DateTime value = DateValue();
+    return displayFormat.empty() ? ShortDateText(value) : DateText(value, displayFormat);
 }
 
 std::optional<DateTime> SSDateCombo::Read(std::string_view text) const {
-    return ReadDateText(text, ShownDate{DateValue(), displayFormat});
+    const ShownDate shown{DateValue(), displayFormat};  // before the settings: the clock may replace them
+    return ReadDateText(text, shown);
 }
 
 void SSDateCombo::SetText(std::string_view text) {

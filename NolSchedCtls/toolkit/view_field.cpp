@@ -76,7 +76,7 @@ void ViewField::SetFocus() {
     ViewField* const former = std::exchange(control.focused, this);
     const bool hadLeft = std::exchange(control.hasLeft, false);
     if (former != nullptr && former != this && !hadLeft) control.RaiseFocusLeft(*former);
-    control.FocusMoved.Raise(*this);
+    if (HasFocus()) control.FocusMoved.Raise(*this);  // who heard the other may have moved it on
 }
 
 bool ViewField::HasFocus() const { return place.control.focused == this; }
@@ -85,7 +85,7 @@ bool ViewField::BeginUserAct() {
     if (!IsUsable()) return false;
     if (!HasFocus()) SetFocus();
     place.control.hasLeft = false;  // the user has come back
-    return true;
+    return IsUsable();              // who heard of the focus may have changed it
 }
 
 ViewField* UserControl::FindField(std::string_view name) const {

@@ -54,19 +54,19 @@ const Rows storedOverride = {{{"nol_overrideid", "42"},
 // is asked to do stands in the trace.
 struct CHost {
     CHost() {
-        NolSchedServices given{};
-        given.size = sizeof(given);
-        given.host = this;
+        installed.size = sizeof(installed);
+        installed.host = this;
         const auto asked = AskedAll(std::make_index_sequence<services.size()>());
-        NolSchedAsked* const places[] = {&given.Execute,  &given.Query, &given.Literal,   &given.Documents,
-                                         &given.Settings, &given.Now,   &given.DateOrder, &given.Report};
+        NolSchedAsked* const places[] = {&installed.Execute,   &installed.Query,    &installed.Literal,
+                                         &installed.Documents, &installed.Settings, &installed.Now,
+                                         &installed.DateOrder, &installed.Report};
         for (std::size_t i = 0; i < services.size(); ++i) *places[i] = asked[i];
-        given.Message = [](void* host, const char* text, std::int32_t flags, const char* title) {
+        installed.Message = [](void* host, const char* text, std::int32_t flags, const char* title) {
             auto& self = *static_cast<CHost*>(host);
             self.trace += std::string(title) + "[" + std::to_string(flags) + "]: " + text + "; ";
             return self.results["Message"];
         };
-        EXPECT_EQ(c.InstallServices(&given), NOLSCHED_OK);
+        EXPECT_EQ(c.InstallServices(&installed), NOLSCHED_OK);
     }
     CHost(const CHost&) = delete;
     CHost& operator=(const CHost&) = delete;
@@ -93,6 +93,7 @@ struct CHost {
         if (service == "Execute" || service == "Query" || service == "Report")
             trace += service + " " + text + "; ";
         lastAnswer = answer;
+        if (isReinstalling) c.InstallServices(&installed);
         for (const auto& row : answers[service + (service == "Documents" ? " " + text : "")]) {
             c.NewRow(answer);
             for (const auto& [column, value] : row) c.Give(answer, column, value);
@@ -196,6 +197,8 @@ struct CHost {
                                            {"Now", {{{"Now", "2026-03-02T09:05:00"}}}},
                                            {"DateOrder", {{{"Order", "DMY"}}}}};
     std::map<std::string, std::int32_t> results;
+    bool isReinstalling = false;  // each call-back replaces the services by the same
+    NolSchedServices installed{};
     std::function<void()> onHeard;
     std::string trace;
     std::vector<Handle> made;
@@ -324,6 +327,7 @@ TEST(CInterface, SaysWhatIsWrongWithACall) {
         {[&] { return c.FieldName(hom, -1, &text); }, "1 There is no field -1."},
         {[&] { return c.ColumnName(34, &text); }, "1 There is no column 34."},
         {[&] { return c.GetOverride(record, 0, "Type", &text); }, "1 There is no override 0."},
+        {[&] { return c.GetOverride(record, 0, "Colour", &text); }, "-5 There is no column \"Colour\"."},
         {[&] { return c.SetColumn(record, "Colour", "red"); }, "-5 There is no column \"Colour\"."},
         {[&] { return c.SetColumn(record, "DBFirstDateTime", "2026-03-02"); },
          "-5 There is no column \"DBFirstDateTime\"."},
@@ -410,11 +414,16 @@ TEST(CInterface, NamesACallBackThatFails) {
          1,
          "InitEdit: -8 The call-back Query failed: no such table"},
         {"Query", {}, 17, "InitEdit: -8 The call-back Query failed (17)."},
-        {"Query", {{{"Type", "HOM Study"}}}, 0, "InitEdit: -9 The rows have no column NOL_OverrideId."},
+        {"Query",
+         {{{"Type", "HOM Study"}}},
+         0,
+         "InitEdit: -8 The call-back Query answered what makes no sense: The rows have no column "
+         "NOL_OverrideId."},
         {"Query",
          {{{"NOL_OverrideId", "many"}}},
          0,
-         "InitEdit: -9 The column NOL_OverrideId holds \"many\", which is no 32-bit number."},
+         "InitEdit: -8 The call-back Query answered what makes no sense: The column NOL_OverrideId holds "
+         "\"many\", which is no 32-bit number."},
         {"Query",
          {{{nullptr, "1"}}},
          0,
@@ -468,8 +477,11 @@ TEST(CInterface, NamesACallBackThatFails) {
          "(5)."},
     };
     std::string told, expected;
-    for (const auto& [service, answer, result, end] : cases) {
+    const std::size_t count = std::size(cases);
+    for (std::size_t i = 0; i < 2 * count; ++i) {
+        const auto& [service, answer, result, end] = cases[i % count];
         CHost host;
+        host.isReinstalling = i >= count;
         host.answers[service] = answer;
         if (std::string(service) == "Report")
             host.answers["Literal"].clear(), host.answers["Query"] = storedOverride;
@@ -495,6 +507,25 @@ TEST(CInterface, KeepsWhatIsReleasedAsLongAsItIsUsed) {
     EXPECT_EQ(host.Told(c.Act(tab, "chkOverride", "click", nullptr)), "ok");
     EXPECT_EQ(host.Told(c.SaveData(tab)), "-4 The handle has been released.");
     EXPECT_EQ(host.TakeTrace(), "field chkOverride; ok, ok");
+}
+
+TEST(CInterface, ALoadIsHeardByNobody) {
+    CHost host;
+    const Handle tab = host.Open("XNolScheduleTab");
+    EXPECT_EQ(host.Told(host.c.SetColumn(host.record, "Periodicity", "W")), "ok");
+    EXPECT_EQ(host.Told(host.c.LoadData(tab, host.record, host.notifier)), "ok");
+    EXPECT_EQ(host.TakeTrace().find("field"), std::string::npos) << "nor a second one";
+}
+
+// The released ones are kept for a while, and are released all the same.
+TEST(CInterface, ReleasesManyHandlesInAnyOrder) {
+    CHost host;
+    std::vector<Handle> many(20000);
+    for (Handle& handle : many) EXPECT_EQ(host.c.CreateRecord(&handle), NOLSCHED_OK);
+    for (const Handle handle : many) {
+        EXPECT_EQ(host.c.Release(handle), NOLSCHED_OK);
+        EXPECT_EQ(host.c.Release(handle), NOLSCHED_BAD_HANDLE);
+    }
 }
 
 // A host that was made for an earlier library gives fewer services, and those left out are in memory.

@@ -6,7 +6,7 @@
 #include "NolSchedCtls/tabs/contract/pavise_tab.h"
 #include "NolSchedCtls/tabs/override/nol_sched_override_tab.h"
 #include "NolSchedCtls/tabs/schedule/nol_schedule_tab.h"
-#include "tests/library/fake_services.h"
+#include "tests/library/test_schedule_tools.h"
 
 namespace NolSchedCtls::Testing {
 namespace {
@@ -184,6 +184,71 @@ TEST(HostFaults, AHandlerMayDoAllButEndItsTab) {
         open.notify->SetTabOverride("HOM Study", true);
         open.notify->MarkChanged();
     }
+}
+
+// Whichever event of a change fails, the tab saves what was before the change or what is after it, or
+// refuses and leaves the record; the next load shows all.
+TEST(HostFaults, AChangeThatIsCutShortIsNotSaved) {
+    using Change = void (*)(XNolScheduleTab&);
+    const std::pair<std::function<Record()>, Change> changes[] = {
+        {[] { return RecordOf("D"); }, [](auto& tab) { tab.cboPeriod.Pick("Monthly"); }},
+        {[] { return RecordOf("D"); }, [](auto& tab) { tab.cboPeriod.Pick("Weekly"); }},
+        {[] { return RecordOf("M", 1, 5); }, [](auto& tab) { tab.cboDayNum.Pick("7th"); }}};
+    const InstalledWorld world;
+    for (const auto& [before, change] : changes) {
+        OpenTab whole(before());
+        const std::string had = whole.Saved();
+        change(whole.tab);
+        const std::string has = whole.Saved();
+        bool hasFailed = true;
+        for (int failing = 0; hasFailed; ++failing) {
+            OpenTab open(before());
+            const std::string stored = FieldsOf(*open.record);
+            int events = 0;
+            const auto fail = [&] {
+                if (events++ == failing) throw HostError("no such widget");
+            };
+            const ScopedConnection changed = open.tab.FieldChanged.Connect([&](auto&, auto) { fail(); });
+            const ScopedConnection told = open.notify->Changed.Connect(fail);
+            hasFailed = FailureOf([&, &act = change] { act(open.tab); }) != "no failure";
+            events = failing + 1;
+            const bool isRefused = FailureOf([&] { open.tab.SaveData(); }) != "no failure";
+            const std::string saved = FieldsOf(*open.record);
+            EXPECT_TRUE(isRefused ? saved == stored : saved == had || saved == has)
+                << failing << ": " << saved;
+            open.tab.LoadData(RecordOf("M", 1, 5), "", nullptr);
+            EXPECT_EQ(ScheduleSentence(open.tab), "Monthly on the 5th Day of every 1 month(s)");
+            open.tab.cboDayName.Pick("Monday");
+            EXPECT_EQ(open.tab.cboDayNum.Entries().size(), 5) << failing << ": the lists are in step";
+        }
+    }
+}
+
+TEST(HostFaults, AListThatIsEmptiedOutlivesTheServices) {
+    const InstalledWorld world;
+    OpenTab open(RecordOf("D"));
+    open.tab.FieldChanged.Connect([](auto&, FieldPart part) {
+        if (part == FieldPart::Entries) InstallMemoryServices();
+    });
+    EXPECT_TRUE(open.tab.cboPeriod.Pick("Monthly"));
+    EXPECT_EQ(ScheduleSentence(open.tab), "Monthly on the 1st Day of every 1 month(s)");
+}
+
+// Who hears that a field has lost the focus takes it back, or shuts the field that it went to.
+TEST(HostFaults, TheFocusStandsWhereAHandlerHasPutIt) {
+    const InstalledWorld world;
+    OpenTab open(RecordOf("D"));
+    std::string moves;
+    open.tab.SSDStartDate.SetFocus();
+    open.tab.FocusMoved.Connect([&](const ViewField& field) { moves += field.Name() + " "; });
+    ScopedConnection left = open.tab.FocusLeft.Connect([&](ViewField& field) {
+        if (&field == &open.tab.SSDStartDate) field.SetFocus();
+    });
+    open.tab.dtpStartTime.SetFocus();
+    EXPECT_EQ(moves + open.tab.FocusedField()->Name(), "SSDStartDate SSDStartDate");
+    left = open.tab.FocusLeft.Connect([&](auto&) { open.tab.dtpStartTime.SetEnabled(false); });
+    EXPECT_FALSE(open.tab.dtpStartTime.PickTime(22, 30));
+    EXPECT_EQ(open.tab.dtpStartTime.Text(), "9:05 AM");
 }
 
 TEST(HostFaults, AReportMayChangeTheOverridesThatAreSaved) {

@@ -20,36 +20,48 @@ bool OffersWeekdays(std::string_view sNumber) {
 }
 
 void SelectAgain(DropDownList& list, const std::string& remembered) {
-    try {
+    if (list.Offers(remembered))
         list.SetText(remembered);
-    } catch (const std::exception&) {
-        list.SetListIndex(0);  // the new entries lack it
-    }
+    else
+        list.SetListIndex(0);
+}
+
+// What a list offers now. The texts are its own: who hears that it is empty may replace the services.
+void Refill(DropDownList& list, const std::vector<std::string>& items) {
+    list.Clear();
+    list.AddItems(items);
 }
 
 }  // namespace
+
+// Neither refreshes the other.
+void XNolScheduleTab::BeginDayLists() {
+    LoadDayNumList(DayNumbers::Long);
+    LoadDayNameList(DayNames::Weekdays);
+    for (DropDownList* const list : {&cboDayName, &cboDayNum}) {
+        fDaySyncToggle = true;
+        list->SetListIndex(0);
+    }
+    fDaySyncToggle = false;
+}
 
 void XNolScheduleTab::LoadDayNameList(DayNames nFill) {
     const auto& names = CodeTables().DayNames();
     const std::size_t first = nFill == DayNames::Weekdays ? 2 : 1;
     const std::size_t last = nFill == DayNames::DayOnly ? 1 : names.Count();
-    std::vector<std::string_view> items;
-    items.reserve(last);
-    cboDayName.Clear();
+    std::vector<std::string> items;
     for (std::size_t position = first; position <= last; ++position)
-        items.emplace_back(names.Item(position).Item("UIVal"));
-    cboDayName.AddItems(items);
+        items.push_back(names.Item(position).Item("UIVal"));
+    Refill(cboDayName, items);
 }
 
 void XNolScheduleTab::LoadDayNumList(DayNumbers nFill) {
     const auto& names = CodeTables().MonthDayNames();
     const std::size_t last = nFill == DayNumbers::Long ? 28 : 4;
-    std::vector<std::string_view> items;
-    items.reserve(last + 1);
-    cboDayNum.Clear();
-    for (std::size_t position = 1; position <= last; ++position) items.emplace_back(names.Item(position));
-    items.emplace_back(names.Item(lastPosition));
-    cboDayNum.AddItems(items);
+    std::vector<std::string> items;
+    for (std::size_t position = 1; position <= last; ++position) items.push_back(names.Item(position));
+    items.push_back(names.Item(lastPosition));
+    Refill(cboDayNum, items);
 }
 
 void XNolScheduleTab::RefreshDayNumList() {
@@ -81,7 +93,13 @@ void XNolScheduleTab::DayListClicked(void (XNolScheduleTab::*pRefresh)()) {
     if (fLoading) return;
     fDaySyncToggle = !fDaySyncToggle;
     if (!fDaySyncToggle) return;
-    (this->*pRefresh)();
+    try {
+        (this->*pRefresh)();
+    } catch (...) {
+        fDaySyncToggle = false;  // the next click refreshes again
+        sShaped.clear();
+        throw;
+    }
     NotifyChanged();
 }
 

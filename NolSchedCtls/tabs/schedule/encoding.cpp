@@ -91,7 +91,9 @@ void XNolScheduleTab::ShowPeriod() {
     const std::string_view sText = PeriodCodeToText(Record().Periodicity);
     const auto codeOf = [](const PeriodCode& row) { return Quoted(row.sCode); };
     if (sText.empty()) throw ValueError("it is one of " + Joined(periodCodes, codeOf) + ".");
+    if (!IsShaped()) BeginDayLists();  // a failure has cut the last change short
     cboPeriod.SetText(sText);
+    if (!IsShaped()) SetCtlsOfPeriod();
 }
 
 // A number picked in another mode can lie beyond a new tab's hidden list, which then stays as it is.
@@ -120,17 +122,30 @@ int XNolScheduleTab::GetDayNumIndex() const {
     return code.nLastIndex == 0 ? 0 : IndexOfNumber(Record().*code.pNumber, code.nLastIndex);
 }
 
+// What fails fails before the first property is written.
 void XNolScheduleTab::SetDataFromCtls() const {
+    CheckShape();
+    const DateTime dFirst = GetFirstDateTime();
+    const DateTime dFinal = GetFinalDateTime();
+    const std::int32_t nFrequency = GetFrequency();
+    const std::int32_t nWeekday = GetWhichWeekday();
     CNolSchedData& data = Record();
-    data.FirstDateTime = GetFirstDateTime();
-    data.FinalDateTime = GetFinalDateTime();
+    data.FirstDateTime = dFirst;
+    data.FinalDateTime = dFinal;
     data.Periodicity = PeriodTextToCode(cboPeriod.Text(), cboDayName.Text() == dayOfMonth);
-    data.Frequency = GetFrequency();
+    data.Frequency = nFrequency;
     data.WhichMonthDate = GetWhichMonthDate();
     data.WhichWeek = GetWhichWeek();
-    data.WhichWeekday = GetWhichWeekday();
+    data.WhichWeekday = nWeekday;
     for (std::size_t index = 0; index < exclusions.size(); ++index)
         data.*exclusions[index].pInclude = cbExcludeDay[index].Value() == 0 ? "Y" : "N";
+}
+
+// A failure in the middle of an act, in a service or a handler, leaves fields that belong to two modes.
+void XNolScheduleTab::CheckShape() const {
+    if (!IsShaped() || cboDayName.ListIndex() < 0 || cboDayNum.ListIndex() < 0)
+        throw NolSchedError("A failure has cut the change to " + Quoted(cboPeriod.Text()) +
+                            " short; the entry is loaded again before it is saved.");
 }
 
 std::int32_t XNolScheduleTab::GetFrequency() const {

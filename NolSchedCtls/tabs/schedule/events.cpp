@@ -43,10 +43,7 @@ void XNolScheduleTab::SetDesignSizes() {
 void XNolScheduleTab::InitControls() {
     constexpr DateTime lastOffered = 49674.0;  // 12/31/2035, a year before what stands for no end
     LoadPeriodList();
-    LoadDayNumList(DayNumbers::Long);
-    LoadDayNameList(DayNames::Weekdays);
-    cboDayName.SetListIndex(0);
-    cboDayNum.SetListIndex(0);
+    BeginDayLists();
     SSDStartDate.SetMaxDate(lastOffered);
     SSDEndDate.SetMaxDate(lastOffered);
 }

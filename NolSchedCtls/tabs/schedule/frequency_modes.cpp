@@ -117,6 +117,16 @@ void XNolScheduleTab::SetCtlsOfPeriod() {
 }
 
 void XNolScheduleTab::SetCtls(const FrequencyMode& mode) {
+    sShaped = cboPeriod.Text();
+    try {
+        Shape(mode);
+    } catch (...) {
+        sShaped.clear();
+        throw;
+    }
+}
+
+void XNolScheduleTab::Shape(const FrequencyMode& mode) {
     for (const RowField& place : RowOf(*this)) place.field->SetVisible((mode.nRow & place.bit) != 0);
     if (mode.nFrequencies > 0) lblUnit.SetCaption(std::string(mode.sUnit));
     if (mode.endDate == EndDate::Refreshed)

@@ -73,6 +73,7 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     // encoding
     void SetCtlsFromData();
     void SetDataFromCtls() const;
+    void CheckShape() const;
     void ShowPeriod();
     void ShowFrequency();
     void ShowExclusions();
@@ -97,10 +98,13 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     void LoadPeriodList();
     void LoadFrequencyList(int nMax);
     void SetCtlsOfPeriod();
+    bool IsShaped() const { return sShaped == cboPeriod.Text(); }
     void SetCtls(const FrequencyMode& mode);
+    void Shape(const FrequencyMode& mode);
     void PackRow();
 
     // day lists
+    void BeginDayLists();
     void LoadDayNameList(DayNames nFill);
     void LoadDayNumList(DayNumbers nFill);
     void RefreshDayNameList();
@@ -116,6 +120,7 @@ class NOLSCHED_API XNolScheduleTab : public PaviseTab {
     // validation
     bool ValidateSchedule(std::string& sMessage) const;
 
+    std::string sShaped;          // the period whose mode the fields have; empty after a failure
     bool fLoading = true;         // only while the tab is being created
     bool fDaySyncToggle = false;  // inverted by every click of a day list; see DayListClicked
 };
