@@ -29,11 +29,11 @@ inline DateTime DateTimeOf(Moment moment) {
 inline Moment MomentOf(DateTime dateTime) {
     constexpr DateTime earliest = 2;
     constexpr DateTime latest = 2958466;
-    const DateTime within = dateTime > earliest ? std::min(dateTime, latest) : earliest;
+    const DateTime within = dateTime > earliest ? (std::min)(dateTime, latest) : earliest;
     const double day = std::floor(within);
     const double second = std::round((within - day) * 86400);
-    return std::min(latestMoment, dayZero + std::chrono::days{static_cast<int>(day)} +
-                                      std::chrono::seconds{static_cast<int>(second)});
+    return (std::min)(latestMoment, dayZero + std::chrono::days{static_cast<int>(day)} +
+                                        std::chrono::seconds{static_cast<int>(second)});
 }
 
 }  // namespace NolSchedCtls::inline v1
