@@ -242,7 +242,8 @@ TEST(CInterface, OpensAgainWhatHasFailed) {
     auto& rows = host.answers["Query"] = {storedOverride[0], {{"NOL_OverrideId", "many"}}};
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(host.Told(host.c.InitEdit(host.record)),
-                  "-9 The column NOL_OverrideId holds \"many\", which is no 32-bit number.");
+                  "-8 The call-back Query answered what makes no sense: The column NOL_OverrideId holds "
+                  "\"many\", which is no 32-bit number.");
     rows.clear();
     EXPECT_EQ(host.Told(host.c.InitEdit(host.record)), "ok");
     EXPECT_EQ(host.Read(host.c.GetColumn, host.record, "PlmOvr"), "");
