@@ -32,7 +32,7 @@ class DatabaseLintel : public ILintelDb {
     }
 
     std::string JoinValues(const std::vector<LintelValue>& values) const override {
-        const std::string literals =
+        std::string literals =
             Joined(values, [this](const LintelValue& value) { return database->Literal(value); });
         joined = '(' + literals + ')';
         joinedValues = values;
