@@ -5,8 +5,10 @@
 #include "NolSchedCtls/services/memory_services.h"
 
 // The static archive lacks them.
-#pragma weak DllGetClassObject
-#pragma weak DllCanUnloadNow
+extern "C" {
+[[gnu::weak]] NolSchedCtls::DllGetClassObjectFunction DllGetClassObject;
+[[gnu::weak]] NolSchedCtls::DllCanUnloadNowFunction DllCanUnloadNow;
+}
 
 using namespace NolSchedCtls;
 
