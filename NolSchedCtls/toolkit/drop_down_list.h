@@ -1,6 +1,8 @@
 // A drop-down list: its value is one of its entries, or nothing.
 #pragma once
 
+#include <utility>
+
 #include "NolSchedCtls/base/export.h"
 #include "NolSchedCtls/toolkit/view_field.h"
 
@@ -18,6 +20,10 @@ class NOLSCHED_API DropDownList : public ViewField {
     void AddItems(const Items& items) {
         entries.insert(entries.end(), items.begin(), items.end());
         Tell(FieldPart::Entries);
+    }
+    void AddItems(std::vector<std::string>&& items) {
+        if (entries.empty()) entries.swap(items);
+        AddItems(std::as_const(items));
     }
     const std::vector<std::string>& Entries() const { return entries; }
     bool Offers(std::string_view text) const { return IndexOf(text) >= 0; }

@@ -27,9 +27,9 @@ void SelectAgain(DropDownList& list, const std::string& remembered) {
 }
 
 // What a list offers now. The texts are its own: who hears that it is empty may replace the services.
-void Refill(DropDownList& list, const std::vector<std::string>& items) {
+void Refill(DropDownList& list, std::vector<std::string> items) {
     list.Clear();
-    list.AddItems(items);
+    list.AddItems(std::move(items));
 }
 
 }  // namespace
@@ -50,18 +50,20 @@ void XNolScheduleTab::LoadDayNameList(DayNames nFill) {
     const std::size_t first = nFill == DayNames::Weekdays ? 2 : 1;
     const std::size_t last = nFill == DayNames::DayOnly ? 1 : names.Count();
     std::vector<std::string> items;
+    items.reserve(last);
     for (std::size_t position = first; position <= last; ++position)
         items.push_back(names.Item(position).Item("UIVal"));
-    Refill(cboDayName, items);
+    Refill(cboDayName, std::move(items));
 }
 
 void XNolScheduleTab::LoadDayNumList(DayNumbers nFill) {
     const auto& names = CodeTables().MonthDayNames();
     const std::size_t last = nFill == DayNumbers::Long ? 28 : 4;
     std::vector<std::string> items;
+    items.reserve(last + 1);
     for (std::size_t position = 1; position <= last; ++position) items.push_back(names.Item(position));
     items.push_back(names.Item(lastPosition));
-    Refill(cboDayNum, items);
+    Refill(cboDayNum, std::move(items));
 }
 
 void XNolScheduleTab::RefreshDayNumList() {
