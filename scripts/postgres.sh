@@ -1,6 +1,7 @@
 # Sourced by the test command: throwaway PostgreSQL servers on loopback ports.
 
-postgres=$(ls -d /usr/lib/postgresql/*/bin | tail -n 1)
+# A program of the server's is looked for when it is run: it may have been installed since this was sourced.
+run_server_program() { as_postgres "$(ls -d /usr/lib/postgresql/*/bin | tail -n 1)/$1" "${@:2}"; }
 as_postgres() { if [ "$(id -u)" -eq 0 ]; then setpriv --reuid=postgres --regid=postgres --clear-groups "$@"; else "$@"; fi; }
 
 # start_server FOLDER PORT INIT...: INIT makes FOLDER/data.
@@ -12,10 +13,10 @@ start_server() {
     chmod 755 "$(dirname "$folder")"
     (
         cd "$folder"
-        as_postgres "$postgres/$@" -D "$folder/data" >/dev/null
+        run_server_program "$@" -D "$folder/data" >/dev/null
         # One role has to give a password.
         as_postgres sed -i '1i host all locked 127.0.0.1/32 scram-sha-256' data/pg_hba.conf
-        as_postgres "$postgres/pg_ctl" -D "$folder/data" -w -l "$folder/log" start \
+        run_server_program pg_ctl -D "$folder/data" -w -l "$folder/log" start \
             -o "-p $port -k $folder -c listen_addresses=127.0.0.1 -c fsync=off -c max_connections=60" >/dev/null
     )
 }
@@ -35,6 +36,6 @@ start_postgres() {
 stop_postgres() {
     local server
     for server in "$1"/*/data/postmaster.pid; do
-        [ ! -e "$server" ] || (cd "$1" && as_postgres "$postgres/pg_ctl" -D "${server%/*}" -m immediate stop >/dev/null)
+        [ ! -e "$server" ] || (cd "$1" && run_server_program pg_ctl -D "${server%/*}" -m immediate stop >/dev/null)
     done
 }
