@@ -2,7 +2,9 @@
 // that grows.
 #include <sqlite3.h>
 
+#include <array>
 #include <filesystem>
+#include <utility>
 
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
@@ -31,23 +33,21 @@ int NextEntry() {
     return firstEntry + (entry = (entry + 1) % entries);
 }
 
-// SQLite without anything between: each statement prepared once, its values bound.
+// SQLite without anything between: each statement prepared once, or after Forget anew, its values bound.
 class Plain {
   public:
     explicit Plain(const std::string& file) {
         if (sqlite3_open(file.c_str(), &connection) != SQLITE_OK) Fail(file);
     }
     ~Plain() {
-        for (sqlite3_stmt* const statement : prepared) sqlite3_finalize(statement);
+        Forget();
         sqlite3_close(connection);
     }
     Plain(const Plain&) = delete;
     Plain& operator=(const Plain&) = delete;
 
-    void Prepare() {
-        for (const char* const text : texts)
-            if (sqlite3_prepare_v2(connection, text, -1, &prepared.emplace_back(), nullptr) != SQLITE_OK)
-                Fail(text);
+    void Forget() {
+        for (sqlite3_stmt*& statement : prepared) sqlite3_finalize(std::exchange(statement, nullptr));
     }
 
     void Execute(const std::string& statement) {
@@ -57,20 +57,21 @@ class Plain {
 
     void Save(int id) {
         Step(begin);
-        sqlite3_bind_int(prepared[remove], 1, id);
+        sqlite3_bind_int(Prepared(remove), 1, id);
         Step(remove);
         for (const auto& kind : studyKinds) {
-            sqlite3_bind_int(prepared[insert], 1, id);
-            sqlite3_bind_text(prepared[insert], 2, kind.sKey.data(), static_cast<int>(kind.sKey.size()),
+            sqlite3_stmt* const statement = Prepared(insert);
+            sqlite3_bind_int(statement, 1, id);
+            sqlite3_bind_text(statement, 2, kind.sKey.data(), static_cast<int>(kind.sKey.size()),
                               SQLITE_STATIC);
-            sqlite3_bind_int(prepared[insert], 3, NextDuration());
+            sqlite3_bind_int(statement, 3, NextDuration());
             Step(insert);
         }
         Step(commit);
     }
 
     void Load(CNolSchedData& record) {
-        sqlite3_stmt* const statement = prepared[select];
+        sqlite3_stmt* const statement = Prepared(select);
         const auto number = [&](int column) { return sqlite3_column_int(statement, column); };
         const auto text = [&](int column) {
             return std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
@@ -92,13 +93,20 @@ class Plain {
          "Retrieve_Delay, ClearLog) VALUES (?, ?, 12, ?, NULL, 5, '')",
          "COMMIT", "SELECT * FROM NOL_Override WHERE NOL_OverrideId = ?"});
 
+    sqlite3_stmt* Prepared(Text text) {
+        if (prepared[text] == nullptr &&
+            sqlite3_prepare_v2(connection, texts[text], -1, &prepared[text], nullptr) != SQLITE_OK)
+            Fail(texts[text]);
+        return prepared[text];
+    }
+
     void Step(Text text) {
-        if (sqlite3_step(prepared[text]) != SQLITE_DONE) Fail(texts[text]);
+        if (sqlite3_step(Prepared(text)) != SQLITE_DONE) Fail(texts[text]);
         sqlite3_reset(prepared[text]);
     }
 
     sqlite3* connection = nullptr;
-    std::vector<sqlite3_stmt*> prepared;
+    std::array<sqlite3_stmt*, texts.size()> prepared{};
 };
 
 CNolSchedData& RecordWithOverrides() {
@@ -196,10 +204,17 @@ void MeasurePlain(const std::string& name, const std::string& file, int rows) {
             "ClearLog TEXT);"
             "CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     }
-    plain->Prepare();
     for (int i = 0; i < entries; ++i) PlainSave(*plain);
     Measure("plain save " + name, [plain] { PlainSave(*plain); })->MinTime(secondsOnDisk);
     Measure("plain load " + name, [plain] { PlainLoad(*plain); });
+    Measure("plain save anew " + name, [plain] {
+        plain->Forget();
+        PlainSave(*plain);
+    });
+    Measure("plain load anew " + name, [plain] {
+        plain->Forget();
+        PlainLoad(*plain);
+    });
     Measure("plain both " + name, [plain] {
         PlainSave(*plain);
         PlainLoad(*plain);
@@ -212,10 +227,13 @@ int main(int argc, char** argv) {
     std::string folder = std::filesystem::temp_directory_path() / "nolsched-XXXXXX";
     if (mkdtemp(folder.data()) == nullptr) Fail(folder);
     const auto file = [&folder](const char* name) { return folder + "/" + name; };
-    std::vector<Claim> claims = {{"save four overrides, in memory / plain SQLite", "save memory",
-                                  "plain save memory", 1.3, "", "", true},
-                                 {"load four overrides, in memory / plain SQLite", "load memory",
-                                  "plain load memory", 1.3, "", "", true}};
+    std::vector<Claim> claims = {
+        {"save four overrides, in memory / plain SQLite", "save memory", "plain save anew memory", 1.3, "",
+         "", true},
+        {"load four overrides, in memory / plain SQLite", "load memory", "plain load anew memory", 1.3, "",
+         "", true},
+        {"save them / with kept statements", "save memory", "plain save memory", 0, "", "", true},
+        {"load them / with kept statements", "load memory", "plain load memory", 0, "", "", true}};
     MeasurePlatform("memory", ":memory:", 0);
     MeasurePlain("memory", ":memory:", 0);
     const Extent extent = ExtentOf(argc, argv);

@@ -51,18 +51,17 @@ LintelValue StoreRows::Value(int column) const {
     return std::visit(copy, View(column));
 }
 
-const std::vector<std::string_view>& StoreRows::Names() const {
-    if (!names.empty()) return names;
+void StoreRows::AskNames() const {
     names.resize(static_cast<std::size_t>(ColumnCount()));
     for (int column = 0; std::string_view & name : names) name = ColumnName(column++);
-    return names;
 }
 
 // Columns are asked for in their order as a rule, so the search begins behind the last one found.
 int StoreRows::Place(std::string_view column) const {
-    for (std::size_t looked = 0; looked < Names().size(); ++looked) {
-        if (++lastPlace >= names.size()) lastPlace = 0;
-        if (names[lastPlace] == column || EqualKeys(names[lastPlace], column))
+    const auto& known = Names();
+    for (std::size_t looked = 0; looked < known.size(); ++looked) {
+        if (++lastPlace >= known.size()) lastPlace = 0;
+        if (known[lastPlace] == column || EqualKeys(known[lastPlace], column))
             return static_cast<int>(lastPlace);
     }
     throw StoreError(Store() + ": the rows have no column " + std::string(column) + ".");

@@ -61,7 +61,11 @@ class StoreRows : public ILintelRows {
   private:
     virtual const std::string& Store() const = 0;
     std::string_view Checked(int column, std::string_view text) const;
-    const std::vector<std::string_view>& Names() const;
+    const std::vector<std::string_view>& Names() const {
+        if (names.empty()) AskNames();
+        return names;
+    }
+    void AskNames() const;
 
     mutable std::vector<std::string_view> names;  // empty: not asked for yet
     mutable std::size_t lastPlace = std::numeric_limits<std::size_t>::max();

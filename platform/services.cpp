@@ -45,10 +45,9 @@ class DatabaseLintel : public ILintelDb {
     // Splits off the values that were joined last, or the one number that a column is compared to at the end.
     Split SplitOff(std::string_view statement) {
         if (!joinedValues.empty() && statement.ends_with(joined)) {
-            std::string text(statement.substr(0, statement.size() - joined.size()));
-            text += "(?";
-            for (std::size_t i = 1; i < joinedValues.size(); ++i) text += ", ?";
-            return {text + ')', std::exchange(joinedValues, {})};
+            std::string text(statement.substr(0, statement.size() - joined.size() + 1));
+            for (std::size_t i = 1; i < joinedValues.size(); ++i) text += "?, ";
+            return {std::move(text += "?)"), std::exchange(joinedValues, {})};
         }
         const std::size_t end = statement.find_last_not_of("0123456789") + 1;
         const auto number = ParseWhole<std::int64_t>(statement.substr(end));

@@ -119,9 +119,13 @@ class SqliteDatabase : public Database {
   private:
     std::unique_ptr<StoreRows> Run(std::string_view statement, const Values& values) override;
     std::string QuotedText(const std::string& text) const override {
-        std::string quoted = "'";
-        for (const char letter : text) quoted.append(letter == '\'' ? 2 : 1, letter);
-        return quoted + '\'';
+        std::string quoted(1, '\'');
+        for (const char letter : text) {
+            if (letter == '\'') quoted += letter;
+            quoted += letter;
+        }
+        quoted += '\'';
+        return quoted;
     }
     Prepared Prepare(std::string_view statement) const;
     Statements Taken(std::string_view statement);
@@ -153,24 +157,22 @@ class SqliteRows : public StoreRows {
     int ColumnCount() const override { return sqlite3_column_count(statement); }
     std::string_view ColumnName(int column) const override { return sqlite3_column_name(statement, column); }
     ValueView View(int column) const override {
-        switch (sqlite3_column_type(statement, column)) {
+        sqlite3_value* const value = sqlite3_column_value(statement, column);
+        switch (sqlite3_value_type(value)) {
             case SQLITE_NULL:
                 return {};
             case SQLITE_INTEGER:
-                return std::int64_t{sqlite3_column_int64(statement, column)};
+                return std::int64_t{sqlite3_value_int64(value)};
             case SQLITE_FLOAT:
-                return sqlite3_column_double(statement, column);
+                return sqlite3_value_double(value);
             default:
-                return Bytes(column);
+                return std::string_view(static_cast<const char*>(sqlite3_value_blob(value)),
+                                        static_cast<std::size_t>(sqlite3_value_bytes(value)));
         }
     }
     std::int64_t Changed() const override { return database.Changes(); }
 
   private:
-    std::string_view Bytes(int column) const {
-        const auto* const bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
-        return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
-    }
     const std::string& Store() const override { return database.Name(); }
 
     SqliteDatabase& database;

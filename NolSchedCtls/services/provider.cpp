@@ -131,13 +131,21 @@ ServiceProvider& Provider(const char* service) {
 }
 
 template <class Service>
-Service& Used(const char* name, std::unique_ptr<Service> (ServiceProvider::*create)()) {
+Service& Make(Holder<Service>& made, const char* name,
+              std::unique_ptr<Service> (ServiceProvider::*create)()) {
     ServiceProvider& provider = Provider(name);
-    auto& [service, hasEnded] = static_cast<Holder<Service>&>(OfThread().made);
-    if (hasEnded) TellMissing(name, "it has ended.");
-    if (!service) service = (provider.*create)();
-    if (!service) TellMissing(name, "the provider made none.");
-    return *service;
+    if (made.hasEnded) TellMissing(name, "it has ended.");
+    if (!made.service) made.service = (provider.*create)();
+    if (!made.service) TellMissing(name, "the provider made none.");
+    return *made.service;
+}
+
+template <class Service>
+Service& Used(const char* name, std::unique_ptr<Service> (ServiceProvider::*create)()) {
+    ThreadServices& services = OfThread();
+    Holder<Service>& made = services.made;
+    if (made.service && services.generation == TheInstallation().generation) return *made.service;
+    return Make(made, name, create);
 }
 
 }  // namespace
