@@ -1,7 +1,5 @@
 // `nolsched list` of longer and longer lists, beside a program that reads and prints what a list needs
 // through SQLite's own interface: the processor's time and the peak memory of the whole process.
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -58,12 +56,7 @@ void MakeEntries(const std::string& file, const fs::path& folder) {
 std::string MakeStore(const fs::path& folder, int size) {
     const std::string file = (folder / (std::to_string(size) + ".db")).string();
     MakeEntries(file, folder);
-    sqlite3* connection = nullptr;
-    char* error = nullptr;
-    sqlite3_open(file.c_str(), &connection);
-    sqlite3_exec(connection, GrowStatements(size).c_str(), nullptr, nullptr, &error);
-    if (error != nullptr) throw std::runtime_error(error);
-    sqlite3_close(connection);
+    Run({SQLITE3, file, GrowStatements(size)});
     return file;
 }
 

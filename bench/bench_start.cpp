@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
     MeasureStart("editor", {NOLSCHED_EDITOR, "--db", store}, folder.string());
     MeasureStart("bare", {BARE_WINDOW}, folder.string());
     Measure("list", [store] { Run({NOLSCHED, "--db", store, "list"}); })->Iterations(50);
-    Measure("select", [store] { Run({"/usr/bin/sqlite3", store, "select 1"}); })->Iterations(50);
+    Measure("select", [store] { Run({SQLITE3, store, "select 1"}); })->Iterations(50);
     const int status =
         RunClaims(argc, argv,
                   {{"editor, start to first frame / a bare Qt window with a table", "editor", "bare", 1.3},

@@ -1,7 +1,5 @@
 // The main window over many entries: how soon they are all there, what it takes of memory, how long it stands
 // still, and how soon a filter's rows are painted.
-#include <sqlite3.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -33,12 +31,7 @@ std::string MakeStore(const fs::path& folder, int size) {
     const std::string script = (folder / "script").string();
     std::ofstream(script) << "pick schedule.cboPeriod Weekly\nsave\n";
     Run({NOLSCHED, "--db", file, "new", "--name", "Nightly", "--group", "North Cells", script});
-    sqlite3* connection = nullptr;
-    char* error = nullptr;
-    sqlite3_open(file.c_str(), &connection);
-    sqlite3_exec(connection, GrowStatements(size).c_str(), nullptr, nullptr, &error);
-    if (error != nullptr) throw std::runtime_error(error);
-    sqlite3_close(connection);
+    Run({SQLITE3, file, GrowStatements(size)});
     return file;
 }
 

@@ -22,12 +22,6 @@ thread_local std::string reports;
 
 using Row = MemoryStore::Row;
 
-const LintelField* FindColumn(const Row& row, std::string_view column) {
-    const auto found = std::find_if(row.begin(), row.end(),
-                                    [&](const LintelField& field) { return EqualKeys(field.Name, column); });
-    return found == row.end() ? nullptr : &*found;
-}
-
 // A call-back that the host has given. It may replace the services, so what works on with its answer works on
 // a copy.
 struct Asked {
@@ -43,13 +37,13 @@ struct Asked {
         if (!answer->failure.empty()) TellFailed(asked, "answered what cannot be taken: " + answer->failure);
         if (result == NOLSCHED_OK) return std::move(answer->rows);
         const LintelField* const why =
-            answer->rows.empty() ? nullptr : FindColumn(answer->rows.front(), "Failure");
+            answer->rows.empty() ? nullptr : FindField(answer->rows.front(), "Failure");
         TellFailed(asked, "failed" + (why == nullptr ? " (" + std::to_string(result) + ")."
                                                      : ": " + FieldToText(*why)));
     }
 
     std::string Column(const Row& row, const char* column) const {
-        const LintelField* const field = FindColumn(row, column);
+        const LintelField* const field = FindField(row, column);
         if (field != nullptr && field->Value != LintelValue()) return FieldToText(*field);
         TellFailed(name, "answered without the column " + std::string(column) + ".");
     }

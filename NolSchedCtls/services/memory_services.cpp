@@ -85,12 +85,6 @@ class StatementReader {
     std::string_view rest;
 };
 
-const LintelField* FindField(const MemoryStore::Row& row, std::string_view sColumn) {
-    const auto found = std::find_if(row.begin(), row.end(),
-                                    [&](const LintelField& field) { return EqualKeys(field.Name, sColumn); });
-    return found == row.end() ? nullptr : &*found;
-}
-
 // The end of a DELETE or a SELECT: "table WHERE column = number".
 struct Condition {
     explicit Condition(StatementReader& reader) : sTable(reader.Name()) {
@@ -226,6 +220,12 @@ struct StandingClock : InMemory<IClock> {
 };
 
 }  // namespace
+
+const LintelField* FindField(const MemoryStore::Row& row, std::string_view sColumn) {
+    const auto found = std::find_if(row.begin(), row.end(),
+                                    [&](const LintelField& field) { return EqualKeys(field.Name, sColumn); });
+    return found == row.end() ? nullptr : &*found;
+}
 
 std::unique_ptr<ILintelRows> RowsInMemory(std::vector<MemoryStore::Row> rows) {
     return std::make_unique<MemoryRows>(std::move(rows));

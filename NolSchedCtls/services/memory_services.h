@@ -34,6 +34,8 @@ struct MemoryStore {
     std::vector<std::string> failures;    // what each reported failure says
 };
 
+// The row's column of that name, without regard to case, or nothing.
+NOLSCHED_API const LintelField* FindField(const MemoryStore::Row& row, std::string_view sColumn);
 // Rows as OpenRows gives them, for a host that has read all of them at once.
 NOLSCHED_API std::unique_ptr<ILintelRows> RowsInMemory(std::vector<MemoryStore::Row> rows);
 

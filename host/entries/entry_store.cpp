@@ -268,22 +268,31 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
         throw StoreError(database->Name() + ": the entry's Version cannot be counted any further.");
     StoredRow written{record.IsNew ? 1 : row.version + 1, RowValues(WrittenValue{{record}})};
     const Database::Values save{std::int64_t{written.version}, User(), DateValue(Clock().Now())};
-    if (record.IsNew) {
-        Database::Values values = written.values;
-        Append(values, save);
-        if (record.Id == 0) {
-            SkipIds();
-            record.Id = database->Insert(InsertStatement(), values);
-        } else {
-            Database::Values all{std::int64_t{record.Id}};
-            Append(all, values);
-            database->Insert(InsertStatementWithId(), all);
-            ownId = std::max(ownId, record.Id);
-        }
-        database->Announce("saved " + std::to_string(record.Id));
-        return written;
+    if (record.IsNew)
+        Add(record, written, save);
+    else
+        Change(record, row, written, save);
+    database->Announce("saved " + std::to_string(record.Id));
+    return written;
+}
+
+void EntryStore::Add(CNolSchedData& record, const StoredRow& row, const Database::Values& save) {
+    Database::Values values;
+    if (record.Id != 0) values.emplace_back(std::int64_t{record.Id});
+    Append(values, row.values);
+    Append(values, save);
+    if (record.Id == 0) {
+        SkipIds();
+        record.Id = database->Insert(InsertStatement(), values);
+    } else {
+        database->Insert(InsertStatementWithId(), values);
+        ownId = std::max(ownId, record.Id);
     }
-    // What another program has noted in the other columns meanwhile stays.
+}
+
+// What another program has noted in the other columns meanwhile stays.
+void EntryStore::Change(const CNolSchedData& record, const StoredRow& row, const StoredRow& written,
+                        const Database::Values& save) {
     std::string statement = "UPDATE NOL_Schedule SET ";
     Database::Values values;
     for (std::size_t i = 0; i < writtenColumns.size(); ++i) {
@@ -295,8 +304,6 @@ StoredRow EntryStore::Write(CNolSchedData& record, const StoredRow& row) {
     Append(values, {std::int64_t{record.Id}, std::int64_t{row.version}});
     statement += "Version = ?, SavedBy = ?, SavedAt = ? WHERE Id = ? AND Version = ?";
     if (database->Execute(statement, values) != 1) TellOvertaken(record, row.version);
-    database->Announce("saved " + std::to_string(record.Id));
-    return written;
 }
 
 void EntryStore::SkipIds() {

@@ -110,6 +110,10 @@ class EntryStore {
 
   private:
     const std::string& User() const;
+    // `save`: the values of Version, SavedBy and SavedAt.
+    void Add(CNolSchedData& record, const StoredRow& row, const Database::Values& save);
+    void Change(const CNolSchedData& record, const StoredRow& row, const StoredRow& written,
+                const Database::Values& save);
     [[noreturn]] void TellMissing(std::int32_t id) const;
     [[noreturn]] void TellOvertaken(const CNolSchedData& record, std::int32_t version) const;
 
