@@ -55,6 +55,7 @@ QStringList RecentStores(const QSettings& settings) { return settings.value(rece
 void RememberStore(QSettings& settings, const std::string& address) {
     QStringList stores = RecentStores(settings);
     const QString kept = ToQt(KeptAddress(address));
+    if (stores.value(0) == kept) return;  // what is written waits for the disk
     stores.removeAll(kept);
     stores.prepend(kept);
     settings.setValue(recentKey, stores.mid(0, mostRecent));
