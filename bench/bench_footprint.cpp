@@ -43,5 +43,5 @@ int main(int argc, char** argv) {
     Count("library", BytesOfStrippedLibrary);
     return RunClaims(argc, argv,
                      {{"memory of an open entry, without a window", "memory", "", 20, "KB", " KB"},
-                      {"size of the stripped shared library", "library", "", 400, "KB", " KB"}});
+                      {"size of the stripped shared library", "library", "", 350, "KB", " KB"}});
 }

@@ -96,20 +96,16 @@ bool IsMeasured(int size, Extent extent) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const fs::path folder = fs::temp_directory_path() / "nolsched-list";
-    fs::remove_all(folder);
-    fs::create_directory(folder);
+    const TemporaryFolder folder;
     const Extent extent = ExtentOf(argc, argv);
     std::vector<Claim> claims;
     for (const int size : sizes)
         if (IsMeasured(size, extent))
-            std::ranges::move(MeasureSize(folder, size), std::back_inserter(claims));
+            std::ranges::move(MeasureSize(folder.path, size), std::back_inserter(claims));
     if (extent == Extent::Whole) {
         claims.push_back(
             {"list: time an entry, of 1000000 / of 10000", "1000000", "10000", 1.1, "ns", " ns"});
         claims.push_back({"list: peak memory, of 1000000 / of 10000", "1000000", "10000", 1.1, "MB", " MB"});
     }
-    const int status = RunClaims(argc, argv, std::move(claims));
-    fs::remove_all(folder);
-    return status;
+    return RunClaims(argc, argv, std::move(claims));
 }

@@ -3,12 +3,12 @@
 #include <sqlite3.h>
 
 #include <array>
-#include <filesystem>
 #include <utility>
 
 #include "NolSchedCtls/records/sql.h"
 #include "NolSchedCtls/records/study_kinds.h"
 #include "bench/claims.h"
+#include "bench/process.h"
 #include "platform/schema.h"
 #include "platform/services.h"
 
@@ -28,6 +28,7 @@ int NextDuration() {
 // Each act is done to another entry than the one before it.
 constexpr int firstEntry = 500;
 constexpr int entries = 8;
+constexpr const char* inMemory = ":memory:";
 int NextEntry() {
     static int entry = 0;
     return firstEntry + (entry = (entry + 1) % entries);
@@ -170,32 +171,48 @@ void PlainLoad(Plain& plain) {
 // A disk takes now more, now less for a durable commit; a median needs many.
 constexpr double secondsOnDisk = 0.4;
 
+// What waits for a disk is repeated by the watch.
+benchmark::internal::Benchmark* OnDisk(benchmark::internal::Benchmark* measured) {
+    return measured->UseRealTime()->MinTime(secondsOnDisk);
+}
+
 // The first save of each entry stands outside the measured time.
 template <class Step>
 benchmark::internal::Benchmark* MeasureOn(const std::string& name, const std::shared_ptr<Database>& database,
                                           Step step) {
-    return benchmark::RegisterBenchmark(name.c_str(),
-                                        [database, step](benchmark::State& state) {
-                                            Use(database);
-                                            for (int i = 0; i < entries; ++i) Save(*database);
-                                            for (auto _ : state) step(*database);
-                                        })
-        ->UseRealTime();
+    return benchmark::RegisterBenchmark(name.c_str(), [database, step](benchmark::State& state) {
+        Use(database);
+        for (int i = 0; i < entries; ++i) Save(*database);
+        for (auto _ : state) step(*database);
+    });
 }
 
 void MeasurePlatform(const std::string& name, const std::string& address, int rows) {
     const auto database = MakeStore(address, rows);
-    MeasureOn("save " + name, database, [](Database& store) { Save(store); })->MinTime(secondsOnDisk);
+    auto* const save = MeasureOn("save " + name, database, [](Database& store) { Save(store); });
     MeasureOn("load " + name, database, [](Database&) { Load(); });
-    MeasureOn("both " + name, database, [](Database& store) {
+    if (address == inMemory) return;
+    OnDisk(save);
+    OnDisk(MeasureOn("both " + name, database, [](Database& store) {
         Save(store);
         Load();
-    })->MinTime(secondsOnDisk);
+    }));
+}
+
+void MeasureAnew(const std::shared_ptr<Plain>& plain) {
+    Measure("plain save anew", [plain] {
+        plain->Forget();
+        PlainSave(*plain);
+    });
+    Measure("plain load anew", [plain] {
+        plain->Forget();
+        PlainLoad(*plain);
+    });
 }
 
 void MeasurePlain(const std::string& name, const std::string& file, int rows) {
     const auto plain = std::make_shared<Plain>(file);
-    if (file != ":memory:") {
+    if (file != inMemory) {
         MakeStore(file, rows);
     } else {
         plain->Execute(
@@ -205,37 +222,30 @@ void MeasurePlain(const std::string& name, const std::string& file, int rows) {
             "CREATE INDEX NOL_Override_Id ON NOL_Override (NOL_OverrideId)");
     }
     for (int i = 0; i < entries; ++i) PlainSave(*plain);
-    Measure("plain save " + name, [plain] { PlainSave(*plain); })->MinTime(secondsOnDisk);
+    auto* const save = Measure("plain save " + name, [plain] { PlainSave(*plain); });
     Measure("plain load " + name, [plain] { PlainLoad(*plain); });
-    Measure("plain save anew " + name, [plain] {
-        plain->Forget();
-        PlainSave(*plain);
-    });
-    Measure("plain load anew " + name, [plain] {
-        plain->Forget();
-        PlainLoad(*plain);
-    });
-    Measure("plain both " + name, [plain] {
+    if (file == inMemory) return MeasureAnew(plain);
+    OnDisk(save);
+    OnDisk(Measure("plain both " + name, [plain] {
         PlainSave(*plain);
         PlainLoad(*plain);
-    })->MinTime(secondsOnDisk);
+    }));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::string folder = std::filesystem::temp_directory_path() / "nolsched-XXXXXX";
-    if (mkdtemp(folder.data()) == nullptr) Fail(folder);
-    const auto file = [&folder](const char* name) { return folder + "/" + name; };
+    const TemporaryFolder folder;
+    const auto file = [&folder](const char* name) { return (folder.path / name).string(); };
     std::vector<Claim> claims = {
-        {"save four overrides, in memory / plain SQLite", "save memory", "plain save anew memory", 1.3, "",
-         "", true},
-        {"load four overrides, in memory / plain SQLite", "load memory", "plain load anew memory", 1.3, "",
-         "", true},
-        {"save them / with kept statements", "save memory", "plain save memory", 0, "", "", true},
-        {"load them / with kept statements", "load memory", "plain load memory", 0, "", "", true}};
-    MeasurePlatform("memory", ":memory:", 0);
-    MeasurePlain("memory", ":memory:", 0);
+        {"save four overrides, in memory / plain SQLite", "save memory", "plain save memory", 1.3, "", "",
+         true},
+        {"load four overrides, in memory / plain SQLite", "load memory", "plain load memory", 1.3, "", "",
+         true},
+        {"save them / plain SQLite that prepares anew", "save memory", "plain save anew", 1.3, "", "", true},
+        {"load them / plain SQLite that prepares anew", "load memory", "plain load anew", 1.3, "", "", true}};
+    MeasurePlatform("memory", inMemory, 0);
+    MeasurePlain("memory", inMemory, 0);
     const Extent extent = ExtentOf(argc, argv);
     if (extent != Extent::Steady) {
         MeasurePlatform("file", file("platform.db"), 1000);
@@ -255,6 +265,5 @@ int main(int argc, char** argv) {
     }
     const int status = RunClaims(argc, argv, std::move(claims));
     InstallServices({});
-    std::filesystem::remove_all(folder);
     return status;
 }

@@ -66,15 +66,12 @@ std::vector<Claim> ClaimsOf(const std::string& size) {
 int main(int argc, char** argv) {
     const Extent extent = ExtentOf(argc, argv);
     if (extent == Extent::Steady) return 0;  // no ratios
-    const fs::path folder = fs::temp_directory_path() / "nolsched-window";
-    fs::remove_all(folder);
-    fs::create_directory(folder);
-    fs::permissions(folder, fs::perms::owner_all);
+    const TemporaryFolder folder;
     const bool isOnce = extent == Extent::Once;
     std::vector<Claim> claims;
     for (const auto& [size, repetitions] : {std::pair{100000, 5}, std::pair{1000000, 1}}) {
         const int measured = isOnce ? size / 100 : size;
-        MeasureWindow(folder, measured, isOnce ? 1 : repetitions);
+        MeasureWindow(folder.path, measured, isOnce ? 1 : repetitions);
         std::ranges::move(ClaimsOf(std::to_string(measured)), std::back_inserter(claims));
     }
     for (Claim& claim : claims) {
@@ -84,7 +81,5 @@ int main(int argc, char** argv) {
         if (counter == "peak") claim.figure = 70;
         if (counter == "filter") claim.figure = 30;
     }
-    const int status = RunClaims(argc, argv, claims);
-    fs::remove_all(folder);
-    return status;
+    return RunClaims(argc, argv, claims);
 }

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace NolSchedCtls::Bench {
@@ -24,6 +25,12 @@ double SecondsOf(const timeval& time) {
 }
 
 }  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+    std::string made = std::filesystem::temp_directory_path() / "nolsched-XXXXXX";
+    if (mkdtemp(made.data()) == nullptr) throw std::runtime_error(made + " cannot be made.");
+    path = made;
+}
 
 Finished Run(const std::vector<std::string>& command, const std::vector<std::string>& environment) {
     auto arguments = command;

@@ -42,13 +42,17 @@ class DatabaseLintel : public ILintelDb {
     LintelDateTime ImmediateDateTime() const override { return {Clock().Now(), true}; }
 
   private:
-    // Splits off the values that were joined last, or the one number that a column is compared to at the end.
+    // Splits off what changes from one statement of the records to the next: the values that were joined
+    // last, or the one number that a column is compared to at the end.
     Split SplitOff(std::string_view statement) {
-        if (!joinedValues.empty() && statement.ends_with(joined)) {
+        const Database::Values values = std::exchange(joinedValues, {});
+        if (statement.starts_with("INSERT ") && !values.empty() && statement.ends_with(joined)) {
             std::string text(statement.substr(0, statement.size() - joined.size() + 1));
-            for (std::size_t i = 1; i < joinedValues.size(); ++i) text += "?, ";
-            return {std::move(text += "?)"), std::exchange(joinedValues, {})};
+            for (std::size_t i = 1; i < values.size(); ++i) text += "?, ";
+            return {std::move(text += "?)"), values};
         }
+        if (!statement.starts_with("SELECT ") && !statement.starts_with("DELETE "))
+            return {std::string(statement), {}};
         const std::size_t end = statement.find_last_not_of("0123456789") + 1;
         const auto number = ParseWhole<std::int64_t>(statement.substr(end));
         if (!number || !statement.substr(0, end).ends_with(" = ")) return {std::string(statement), {}};

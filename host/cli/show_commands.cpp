@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "NolSchedCtls/base/text.h"
 #include "host/entries/entry_outlook.h"
@@ -100,8 +101,15 @@ void ShowOne(const CommandRun& run, std::int32_t id) {
 int List(const CommandRun& run) {
     const EntryOutlook outlook(run.workspace);
     const auto tell = run.answers.IsJson() ? TellEntryAsJson : TellEntry;
-    if (!run.answers.IsJson()) TellColumnNames(run.answers);
-    ForEachChosen(run, [&](const ListedEntry& entry) { tell(run.answers, entry, outlook); });
+    bool isHeaded = run.answers.IsJson();
+    const auto head = [&] {
+        if (!std::exchange(isHeaded, true)) TellColumnNames(run.answers);
+    };
+    ForEachChosen(run, [&](const ListedEntry& entry) {
+        head();
+        tell(run.answers, entry, outlook);
+    });
+    head();  // where none is chosen
     return exitDone;
 }
 

@@ -146,8 +146,8 @@ class ListReader {
     const int name = rows.Place("EditorName");
     const int savedBy = rows.Place("SavedBy");
     const int savedAt = rows.Place("SavedAt");
-    const int group = rows.Place("GroupName");
-    const int kind = rows.Place("OverrideType");
+    const int group = rows.ColumnCount() - 2;  // after those of the entry, which may bear any name
+    const int kind = rows.ColumnCount() - 1;
     std::string text;
 };
 
@@ -394,7 +394,7 @@ std::int64_t EntryStore::VersionOf(std::int32_t id) const {
 void EntryStore::ForEach(const std::function<void(ListedEntry&)>& visit, std::int64_t afterId,
                          std::int64_t limit) const {
     const auto rows = database->Open(
-        "SELECT Entry.*, NOL_Document.Name AS GroupName, NOL_Override.Type AS OverrideType "
+        "SELECT Entry.*, NOL_Document.Name, NOL_Override.Type "
         "FROM NOL_Schedule AS Entry "
         "LEFT JOIN NOL_Document ON NOL_Document.Id = Entry.RptGrpId AND NOL_Document.Type = 'NOL Group' "
         "LEFT JOIN NOL_Override ON NOL_Override.NOL_OverrideId = Entry.Id "

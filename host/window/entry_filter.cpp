@@ -15,8 +15,8 @@ namespace {
 constexpr double firstDay = -657434;  // 100-01-01
 constexpr double secondsOfDay = 86400;
 
-constexpr SharedText EntryRow::*sharedTexts[] = {&EntryRow::group,  &EntryRow::sentence,  &EntryRow::state,
-                                                 &EntryRow::except, &EntryRow::overrides, &EntryRow::savedBy};
+constexpr SharedText EntryRow::*sharedTexts[] = {&EntryRow::group, &EntryRow::sentence, &EntryRow::state,
+                                                 &EntryRow::except, &EntryRow::overrides};
 
 // A few letters become several when they are folded, so that the quick way misses them; names of plain
 // letters have none.
@@ -65,6 +65,12 @@ bool EntryFilter::HoldsTime(Word& word, DateTime moment) {
     return word.minutes.Get(PlaceOf(moment).minute, [&] { return IsHeldIn(TimeText(moment), word.text); });
 }
 
+// The moment of the save comes after a comma.
+bool EntryFilter::HoldsSaver(Word& word, const SharedText& saver) {
+    return word.savers.Get(
+        saver.Number(), [&] { return !saver.Text().isEmpty() && IsHeldIn(saver.Text() + u',', word.text); });
+}
+
 // Day and time for themselves: a word has no blank.
 bool EntryFilter::HoldsDates(Word& word, const EntryRow& row) const {
     const auto isHeld = [&](DateTime moment) { return HoldsDay(word, moment) || HoldsTime(word, moment); };
@@ -79,8 +85,9 @@ bool EntryFilter::Holds(Word& word, const EntryRow& row) const {
         const SharedText& text = row.*member;
         return word.texts.Get(text.Number(), [&] { return IsHeldIn(text.Text(), word.text); });
     };
-    return std::ranges::any_of(sharedTexts, isHeld) || HoldsDates(word, row) ||
-           IsHeldIn(row.name, word.text) || (word.isNumber && QString::number(row.id).contains(word.text));
+    return std::ranges::any_of(sharedTexts, isHeld) || HoldsSaver(word, row.savedBy) ||
+           HoldsDates(word, row) || IsHeldIn(row.name, word.text) ||
+           (word.isNumber && QString::number(row.id).contains(word.text));
 }
 
 bool EntryFilter::Passes(const EntryRow& row) {

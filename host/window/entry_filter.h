@@ -40,6 +40,7 @@ class EntryFilter {
         QString text;  // its case folded
         bool isNumber = false;
         Answers texts = {};
+        Answers savers = {};
         Answers days = {};
         Answers ends = {};
         Answers minutes = {};
@@ -50,6 +51,7 @@ class EntryFilter {
     bool HoldsDay(Word& word, DateTime day) const;
     bool HoldsEnd(Word& word, DateTime end) const;
     static bool HoldsTime(Word& word, DateTime moment);
+    static bool HoldsSaver(Word& word, const SharedText& saver);
 
     std::vector<Word> words;
     QString state;

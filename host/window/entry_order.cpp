@@ -39,12 +39,21 @@ constexpr std::array<SortedBy, EntryRow::columnCount> sortedColumns = {
     byNumber<&EntryRow::savedAt>,
 };
 
+struct Stopped {};
+
+void GoOnUnless(const std::stop_token& stop) {
+    if (stop.stop_requested()) throw Stopped();
+}
+
 // The place of each of the texts among them, by its number: the texts are few, the rows are not.
 class Ranks {
   public:
-    Ranks(const EntryRows& rows, SharedText EntryRow::*text) {
+    Ranks(const EntryRows& rows, SharedText EntryRow::*text, const std::stop_token& stop) {
         std::unordered_map<std::size_t, SharedText> found;
-        for (const auto& row : rows) found.try_emplace((*row.*text).Number(), *row.*text);
+        for (const auto& row : rows) {
+            GoOnUnless(stop);
+            found.try_emplace((*row.*text).Number(), *row.*text);
+        }
         std::vector<SharedText> ordered;
         ordered.reserve(found.size());
         for (const auto& [number, one] : found) ordered.push_back(one);
@@ -71,11 +80,12 @@ struct Sortable {
     const EntryRow* row;
 };
 
-std::vector<Sortable> Sortables(const EntryRows& rows, const SortedBy& by) {
+std::vector<Sortable> Sortables(const EntryRows& rows, const SortedBy& by, const std::stop_token& stop) {
     std::vector<Sortable> sortables;
     sortables.reserve(static_cast<std::size_t>(rows.size()));
-    const Ranks ranks(by.text == nullptr ? EntryRows() : rows, by.text);
+    const Ranks ranks(by.text == nullptr ? EntryRows() : rows, by.text, stop);
     for (const auto& row : rows) {
+        GoOnUnless(stop);
         const double number = by.number != nullptr ? by.number(*row)
                               : by.text != nullptr ? ranks[*row.*by.text]
                                                    : 0;
@@ -84,31 +94,32 @@ std::vector<Sortable> Sortables(const EntryRows& rows, const SortedBy& by) {
     return sortables;
 }
 
-struct Stopped {};
-
 }  // namespace
 
 EntryRows Sorted(const EntryRows& rows, const EntryOrder& order, const std::stop_token& stop) {
     const SortedBy& by = sortedColumns[static_cast<std::size_t>(order.column)];
     const bool isByName = by.number == nullptr && by.text == nullptr;
     const auto isBefore = [&](const Sortable& left, const Sortable& right) {
-        if (stop.stop_requested()) throw Stopped();
+        GoOnUnless(stop);
         return isByName ? CompareNaturally(left.row->name, right.row->name) < 0 : left.number < right.number;
     };
     const auto isInOrder = [&](const Sortable& left, const Sortable& right) {
         return order.direction == Qt::AscendingOrder ? isBefore(left, right) : isBefore(right, left);
     };
-    std::vector<Sortable> sortables = Sortables(rows, by);
     try {
+        std::vector<Sortable> sortables = Sortables(rows, by, stop);
         if (std::ranges::is_sorted(sortables, isInOrder)) return rows;
         std::ranges::stable_sort(sortables, isInOrder);
+        EntryRows sorted;
+        sorted.reserve(rows.size());
+        for (const Sortable& sortable : sortables) {
+            GoOnUnless(stop);
+            sorted.append(RowPointer(sortable.row));
+        }
+        return sorted;
     } catch (const Stopped&) {
         return rows;
     }
-    EntryRows sorted;
-    sorted.reserve(rows.size());
-    for (const Sortable& sortable : sortables) sorted.append(RowPointer(sortable.row));
-    return sorted;
 }
 
 }  // namespace NolSchedCtls

@@ -71,7 +71,7 @@ void EntryTable::MakeHeader() {
     header->setMinimumHeight(verticalHeader()->defaultSectionSize());
     header->setSortIndicator(EntryRow::Id, Qt::AscendingOrder);
     const int character = fontMetrics().averageCharWidth();
-    constexpr int widths[] = {8, 22, 17, 48, 23, 20, 12, 22, 24, 14, 14};
+    constexpr int widths[] = {11, 22, 17, 48, 23, 20, 12, 22, 24, 14, 14};
     for (int column = 0; column < EntryRow::Saved; ++column)
         setColumnWidth(column, character * widths[column]);
     header->setStretchLastSection(true);
@@ -207,14 +207,12 @@ QString EntryTable::ChosenText() const {
     std::vector<int> shown;
     for (int column = 0; column < EntryRow::columnCount; ++column)
         if (!isColumnHidden(column)) shown.push_back(column);
-    const auto line = [&shown](const auto& textOf) {
-        QStringList texts;
-        for (const int column : shown) texts.append(textOf(column));
-        return texts.join(u'\t') + u'\n';
+    QString text;
+    const auto add = [&](const auto& textOf) {
+        for (const int column : shown) text += textOf(column) + (column == shown.back() ? u'\n' : u'\t');
     };
-    QString text = line(
-        [this](int column) { return list.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(); });
-    for (const auto& row : ChosenRows()) text += line([&row](int column) { return row->Text(column); });
+    add(HeadingOf);
+    for (const auto& row : ChosenRows()) add([&row](int column) { return row->Text(column); });
     return text;
 }
 

@@ -55,6 +55,7 @@ MainWindow::MainWindow(Workspace& workspaceA, Dialogs dialogsA)
         if (table->ChosenIds().size() <= 1)
             table->ChooseOrFirst(table->CurrentId() == 0 ? wantedId : table->CurrentId());
         if (wantedIds.size() > 1) table->ChooseAll(wantedIds);
+        ShowSelection();  // a list that is loaded anew has dropped the choice without a word
         ShowOutlook();
     });
     connect(&watchTimer, &QTimer::timeout, this, &MainWindow::FollowOthers);
@@ -239,6 +240,7 @@ QString MainWindow::TakeDeparted() {
 void MainWindow::ShowActed(const std::vector<std::int32_t>& ids, const QString& done) {
     if (ids.size() > mostReloaded) {
         Refresh();
+        ShowSelection();
         Tell({done});
     } else {
         const bool isRead = Succeeds([&] {

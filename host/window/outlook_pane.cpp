@@ -21,6 +21,7 @@ namespace {
 constexpr std::size_t nextRuns = 20;
 constexpr std::size_t mostRunsOfDay = 500;
 constexpr int leastRunsSeen = 6;
+constexpr qsizetype mostCountedAtOnce = 10'000;  // take no time that is seen
 
 // Whatever the text, it neither widens the pane nor is it read as markup.
 QLabel* MakeLabel(QWidget* parent, Qt::Alignment height = Qt::AlignVCenter) {
@@ -128,9 +129,11 @@ bool OutlookPane::IsCounting() const {
 }
 
 void OutlookPane::ShowChosen(EntryRows entries, const QString& titleA) {
+    const bool areOthers = titleA != title;
     chosen = std::move(entries);
     title = titleA;
     isGiven = true;
+    if (areOthers && chosen.size() > mostCountedAtOnce && IsInUse()) ShowCounting();
     CountChosen();
 }
 
@@ -151,6 +154,14 @@ void OutlookPane::CountChosen() {
     heading->setText(title);
     CountMonth();
     CountRuns();
+}
+
+// What was counted of others would stand under the new heading for as long as that takes.
+void OutlookPane::ShowCounting() {
+    calendar->SetCounts({}, {});
+    runs->clear();
+    shown.reset();
+    listed->setText(u"Counting..."_s);
 }
 
 void OutlookPane::ChooseDay(std::optional<DateTime> dayA) {

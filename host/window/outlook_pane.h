@@ -46,6 +46,7 @@ class OutlookPane : public QScrollArea {
     void MakeWeek();
     bool IsInUse() const { return column != nullptr && isGiven && isVisible(); }
     void CountChosen();
+    void ShowCounting();
     void CountMonth();
     void CountRuns();
     void CountWeek();

@@ -66,7 +66,14 @@ TEST_F(Lists, SortAndFilterWhatTheyLoadInPieces) {
           {"Ctrl+F'once ENTRY 7 3/2/2026 north", "21 of 120 entries: *Entry 117, Entry 107, Entry 97"},
           {"Return", "21 of 120 entries: *Entry 117, Entry 107, Entry 97"},
           {"Down, Down, F5", "21 of 120 entries: Entry 117, Entry 107, *Entry 97"},
-          {"Ctrl+F'7 9", "2 of 120 entries: *Entry 97, Entry 79"},
+          {"Ctrl+F'tester, 7 9", "2 of 120 entries: *Entry 97, Entry 79"},
+          {"Ctrl+F'entry", "120 entries: Entry 120, Entry 119, Entry 118"},
+          {"Return", "120 entries: Entry 120, Entry 119, Entry 118"},
+          {"Ctrl+A, Del",
+           "Do you want to delete 120 entries? One of them is open in an editor.\n"
+           "0 entries: There are no entries yet. Press Ctrl+N to make one.",
+           "", QMessageBox::Yes},
+          {"Ctrl+Z", "120 entries: *Entry 120, Entry 119, Entry 118"},
           {"Ctrl+F'x", "0 of 120 entries: No entry passes the filter."}});
     spared = 1;
     Walk({{"F5", "The store fails.\n0 of 50 entries read; F5 reads the others: No entry passes the filter.",
@@ -208,6 +215,7 @@ TEST_F(Lists, SortByEachColumn) {
 TEST_F(Lists, ActOnSeveralRowsAllOrNone) {
     for (const char* name : {"A 10", "A 2", "C"}) Store(name);
     store.Sql("ALTER TABLE NOL_Schedule ADD COLUMN \"My \"\"note\" TEXT");
+    store.Sql("ALTER TABLE NOL_Schedule ADD COLUMN GroupName TEXT");  // another one than the list's
     store.Sql("UPDATE NOL_Schedule SET \"My \"\"note\" = 'it''s ' || Id, ScheduleActive = 'Y'");
     store.Sql("INSERT INTO NOL_Override (NOL_OverrideId, Type, Duration) VALUES (1, 'PLM Study', 60)");
     const std::string before = store.Dump();
