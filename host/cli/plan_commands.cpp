@@ -152,18 +152,25 @@ Planned PlannedOf(const Json& object) {
     return planned;
 }
 
-// What the parser takes without a word: a key that comes twice, and what no plan holds.
+// What the parser takes without a word: a key that comes twice, and what no plan holds. Takes each entry out
+// of the list at once: for every object that stays, the parser would go through all that stay before it.
 class PlanReader {
   public:
+    explicit PlanReader(Json::array_t& entriesA) : entries(entriesA) {}
+
     bool operator()(int depth, Json::parse_event_t event, Json& parsed) {
+        using enum Json::parse_event_t;
         if (depth > 2) throw UsageError("it is no list of entries");
-        if (event == Json::parse_event_t::object_start) keys.clear();
-        if (event == Json::parse_event_t::key && !keys.insert(parsed.get<std::string>()).second)
+        if (event == object_start) keys.clear();
+        if (event == key && !keys.insert(parsed.get<std::string>()).second)
             throw UsageError("an entry has " + parsed.get<std::string>() + " twice");
-        return true;
+        if (depth != 1 || event == object_start || event == array_start || event == key) return true;
+        entries.push_back(std::move(parsed));
+        return false;
     }
 
   private:
+    Json::array_t& entries;
     std::set<std::string> keys;
 };
 
@@ -205,6 +212,7 @@ class Matching {
     void Rename(std::int64_t id, const std::string& name) {
         const auto [named, isNew] = nameOf.try_emplace(id, name);
         if (!isNew) {
+            if (named->second == name) return;
             const auto [first, last] = names.equal_range(named->second);
             names.erase(
                 std::find(first, last, std::pair<const std::string, std::int64_t>(named->second, id)));
@@ -264,16 +272,16 @@ Outcome ApplyOne(const CommandRun& run, Matching& matching, const Json& object, 
 
 Json ReadPlan(const CommandLine& line, Terminal& terminal) {
     const auto about = [&line] { return "The plan " + Quoted(line.file) + " cannot be read: "; };
-    const auto read = [&] {
+    Json::array_t entries;
+    const auto readsList = [&] {
         try {
-            return Json::parse(ReadText(line.file, terminal.in), PlanReader());
+            return Json::parse(ReadText(line.file, terminal.in), PlanReader(entries)).is_array();
         } catch (const Json::exception& error) {
             throw UsageError(error.what());
         }
     };
-    Json plan = Explained<UsageError>(read, about);
-    if (!plan.is_array()) throw UsageError(about() + "it is no list of entries");
-    return plan;
+    if (!Explained<UsageError>(readsList, about)) throw UsageError(about() + "it is no list of entries");
+    return entries;
 }
 
 int Set(const CommandRun& run) {
