@@ -89,7 +89,8 @@ class Checker {
             return one.second.duration < other.second.duration;
         };
         const auto longest = std::max_element(first, last, isShorter);
-        if (longest != last) group.overrides[record.Id] = {longest->second.type, longest->second.duration};
+        if (longest != last && longest->second.duration > 0)
+            group.overrides[record.Id] = {longest->second.type, longest->second.duration};
     }
 
     Workspace& workspace;

@@ -1,5 +1,8 @@
 #include "host/entries/entry_outlook.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "NolSchedCtls/base/text.h"
 #include "NolSchedCtls/services/provider.h"
 #include "platform/schema.h"
@@ -55,19 +58,28 @@ bool MergedRuns::Add(std::int32_t id, std::string name, Schedule schedule) {
     const Item& item = items.emplace_back(Item{id, std::move(name), std::move(schedule)});
     const auto first = item.schedule.RunsBetween(from, to).begin();
     if (first == std::default_sentinel) return false;
-    heads.push({first, &item});
+    heads.push_back({first, &item});
     return true;
 }
 
-EntryRun MergedRuns::Current() const {
-    const Head& head = heads.top();
-    return {*head.run, head.item->id, &head.item->name};
+const EntryRun& MergedRuns::Current() {
+    if (next == found.size()) FindNextSpan();
+    return found[next];
 }
 
-void MergedRuns::MoveNext() {
-    Head head = heads.top();
-    heads.pop();
-    if (++head.run != std::default_sentinel) heads.push(head);
+// A span that holds few runs is not worth a look at all entries, one that holds many is not worth the memory.
+void MergedRuns::FindNextSpan() {
+    found.clear();
+    next = 0;
+    const auto firstRun = [](const Head& head) { return *head.run; };
+    const DateTime until = firstRun(*std::ranges::min_element(heads, {}, firstRun)) + span;
+    for (auto& [run, item] : heads)
+        for (; run != std::default_sentinel && *run <= until; ++run)
+            found.push_back({*run, item->id, &item->name});
+    if (found.size() < heads.size()) span *= 2;
+    if (found.size() > 4 * heads.size()) span /= 2;
+    std::erase_if(heads, [](const Head& head) { return head.run == std::default_sentinel; });
+    std::ranges::sort(found, {}, [](const EntryRun& run) { return std::pair(run.at, run.id); });
 }
 
 }  // namespace NolSchedCtls

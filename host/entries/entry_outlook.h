@@ -3,7 +3,6 @@
 
 #include <deque>
 #include <optional>
-#include <queue>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,7 +66,8 @@ struct EntryRun {
     const std::string* name = nullptr;  // as long as the runs stand
 };
 
-// The runs of many entries in order of time, then Id, found one by one.
+// The runs of many entries in order of time, then Id. Found for a span after the other and sorted there,
+// which for many entries is several times as fast as to look for the next one of all.
 class MergedRuns {
   public:
     // Both moments included.
@@ -76,9 +76,12 @@ class MergedRuns {
     // All before the first look. Whether it has a run.
     bool Add(std::int32_t id, std::string name, Schedule schedule);
 
-    bool AtEnd() const { return heads.empty(); }
-    EntryRun Current() const;
-    void MoveNext();
+    bool AtEnd() const { return next == found.size() && heads.empty(); }
+    const EntryRun& Current();
+    void MoveNext() {
+        Current();
+        ++next;
+    }
 
   private:
     struct Item {
@@ -87,18 +90,19 @@ class MergedRuns {
         Schedule schedule;
     };
     struct Head {
-        RunRange::Iterator run;
+        RunRange::Iterator run;  // the first that is not found yet
         const Item* item;
-
-        bool operator<(const Head& other) const {  // the queue gives the greatest first
-            return *run != *other.run ? *run > *other.run : item->id > other.item->id;
-        }
     };
+
+    void FindNextSpan();
 
     DateTime from;
     DateTime to;
+    DateTime span = 1.0 / 24;
     std::deque<Item> items;
-    std::priority_queue<Head> heads;
+    std::vector<Head> heads;  // of the items that have runs left
+    std::vector<EntryRun> found;
+    std::size_t next = 0;  // of those found
 };
 
 }  // namespace NolSchedCtls
