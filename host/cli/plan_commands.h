@@ -10,7 +10,7 @@ int Duplicate(const CommandRun& run);
 // The command new with words.
 int NewByWords(const CommandRun& run);
 int Dump(const CommandRun& run);
-// Throws UsageError for what is no plan.
+// Its entries, each as text. Throws UsageError for what is no plan.
 Json ReadPlan(const CommandLine& line, Terminal& terminal);
 int Apply(const CommandRun& run);
 
