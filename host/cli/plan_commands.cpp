@@ -160,12 +160,13 @@ class PlanReader {
     explicit PlanReader(Json::array_t& entriesA) : entries(entriesA) {}
 
     bool operator()(int depth, Json::parse_event_t event, Json& parsed) {
-        using enum Json::parse_event_t;
+        using Event = Json::parse_event_t;
         if (depth > 2) throw UsageError("it is no list of entries");
-        if (event == object_start) keys.clear();
-        if (event == key && !keys.insert(parsed.get<std::string>()).second)
+        if (event == Event::object_start) keys.clear();
+        if (event == Event::key && !keys.insert(parsed.get<std::string>()).second)
             throw UsageError("an entry has " + parsed.get<std::string>() + " twice");
-        if (depth != 1 || event == object_start || event == array_start || event == key) return true;
+        if (depth != 1 || event == Event::object_start || event == Event::array_start || event == Event::key)
+            return true;
         entries.push_back(parsed.dump());
         return false;
     }
