@@ -45,11 +45,11 @@ class DatabaseLintel : public ILintelDb {
     // Splits off what changes from one statement of the records to the next: the values that were joined
     // last, or the one number that a column is compared to at the end.
     Split SplitOff(std::string_view statement) {
-        const Database::Values values = std::exchange(joinedValues, {});
+        Database::Values values = std::exchange(joinedValues, {});
         if (statement.starts_with("INSERT ") && !values.empty() && statement.ends_with(joined)) {
             std::string text(statement.substr(0, statement.size() - joined.size() + 1));
             for (std::size_t i = 1; i < values.size(); ++i) text += "?, ";
-            return {std::move(text += "?)"), values};
+            return {std::move(text += "?)"), std::move(values)};
         }
         if (!statement.starts_with("SELECT ") && !statement.starts_with("DELETE "))
             return {std::string(statement), {}};

@@ -2,9 +2,9 @@
 //
 // A host opens the shared library, looks up DllGetClassObject, and asks it for NOLSCHED_C_CLASS and
 // NOLSCHED_C1_INTERFACE: it gives a const NolSchedC1*, good as long as the library is loaded; its code stays
-// mapped, closed or not, as long as a thread lives that has called it. Nothing else of
-// the library is needed, and nothing depends on the compiler that has made it. A later library adds functions
-// at the end, which `size` tells; what is not of this form has an interface of another name beside this one.
+// mapped, closed or not, as long as a thread lives that has called it. Nothing else of the library is needed,
+// and nothing depends on the compiler that has made it. A later library adds functions at the end, which
+// `size` tells; what is not of this form has an interface of another name beside this one.
 //
 // Call order: InstallServices; a record (InitNew, or SetColumn for each column and InitEdit), a notifier and
 // the tabs; LoadData of each tab; acts; IsTabValid of each tab; SaveData of each; the host stores the entry's

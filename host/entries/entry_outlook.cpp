@@ -67,7 +67,8 @@ const EntryRun& MergedRuns::Current() {
     return found[next];
 }
 
-// A span that holds few runs is not worth a look at all entries, one that holds many is not worth the memory.
+// A span that holds few runs is not worth a look at all entries, one that holds many is not worth the memory;
+// after years with few of them many may come.
 void MergedRuns::FindNextSpan() {
     found.clear();
     next = 0;
@@ -76,7 +77,7 @@ void MergedRuns::FindNextSpan() {
     for (auto& [run, item] : heads)
         for (; run != std::default_sentinel && *run <= until; ++run)
             found.push_back({*run, item->id, &item->name});
-    if (found.size() < heads.size()) span *= 2;
+    if (found.size() < heads.size()) span = std::min(span * 2, longestSpan);
     if (found.size() > 4 * heads.size()) span /= 2;
     std::erase_if(heads, [](const Head& head) { return head.run == std::default_sentinel; });
     std::ranges::sort(found, {}, [](const EntryRun& run) { return std::pair(run.at, run.id); });

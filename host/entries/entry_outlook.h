@@ -98,6 +98,7 @@ class MergedRuns {
 
     DateTime from;
     DateTime to;
+    static constexpr DateTime longestSpan = 366;
     DateTime span = 1.0 / 24;
     std::deque<Item> items;
     std::vector<Head> heads;  // of the items that have runs left

@@ -54,6 +54,14 @@ TEST_F(Windows, APaneCountsTheWeekAlsoBeforeAnEntryIsChosen) {
     pane.ShowChosen({}, {});
     EXPECT_TRUE(QTest::qWaitFor([&] { return !pane.IsCounting(); }));
     EXPECT_NE(pane.findChild<QTableWidget*>()->verticalHeaderItem(0), nullptr);
+    const auto tellsCounting = [&] {
+        return std::ranges::any_of(pane.findChildren<QLabel*>(),
+                                   [](const QLabel* label) { return label->text() == u"Counting..."_s; });
+    };
+    pane.ShowChosen(EntryRows(10001, RowPointer(new EntryRow)), u"10,001 entries"_s);
+    EXPECT_TRUE(tellsCounting()) << "of many that takes its time";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !pane.IsCounting(); }));
+    EXPECT_FALSE(tellsCounting());
 }
 
 TEST_F(Windows, APaneTellsWhatTheChosenEntriesRunAndHowBusyTheWeekIs) {
